@@ -1,0 +1,92 @@
+#pragma once
+
+#include "platform/db/engine.h"
+#include "platform/db/statementlog.h"
+
+#include <QHash>
+#include <QString>
+
+#include <memory>
+
+namespace tarvello::db {
+
+class Recordset;
+using RecordsetPtr = std::shared_ptr<Recordset>;
+
+// A database connection as the module uses it: opened from a connection string, it runs
+// T-SQL texts (rewritten for SQLite), collects provider errors, keeps a statement log and
+// nests transactions.
+//
+// Connection strings: "Data Source=PATH" (or a bare path, or ":memory:") opens SQLite;
+// anything with "DRIVER=" or "DSN=" goes through ODBC, and the engine behind it is
+// detected, so an ODBC connection to SQLite gets the SQLite rewriting too.
+class Connection {
+public:
+    Connection();
+    ~Connection();
+    Connection(const Connection&) = delete;
+    Connection& operator=(const Connection&) = delete;
+
+    void open(const QString& connectionString);
+    void close();
+    bool isOpen() const { return m_engine != nullptr; }
+    const QString& connectionString() const { return m_connectionString; }
+    Dialect dialect() const;
+    QString driverName() const;
+
+    // Runs a T-SQL text and returns the rows of its last statement as a read-only
+    // recordset whose row count is exact. Raises RuntimeError with the provider's number.
+    RecordsetPtr execute(const QString& tsql);
+    // Runs a T-SQL text and returns the rows it changed (-1 when not known).
+    qint64 executeNonQuery(const QString& tsql);
+    // Runs a T-SQL text and returns its raw rows.
+    ResultSet query(const QString& tsql);
+
+    // Platform statements with '?' parameters, written in SQL both engines accept.
+    ResultSet run(const QString& sql, const ValueList& parameters = {});
+    // Inserts a row and returns the value the database assigned to identityColumn
+    // (Empty when identityColumn is empty).
+    Value insertRow(const QString& table, const QStringList& columns, const ValueList& values,
+                    const QString& identityColumn);
+
+    void beginTrans();
+    void commitTrans();
+    void rollbackTrans();
+    int transactionLevel() const { return m_transactionLevel; }
+
+    const QList<ProviderError>& errors() const { return m_errors; }
+    void clearErrors() { m_errors.clear(); }
+    StatementLog& log() { return m_log; }
+
+    // Cached description of a table (columns, kinds, key, identity).
+    const TableInfo& tableInfo(const QString& table);
+
+private:
+    QList<QString> translate(const QString& tsql);
+    ResultSet runTranslated(const QString& tsql, bool logAsInternal);
+    [[noreturn]] void raise(const EngineError& e, const QString& original, const QString& sent);
+
+    std::unique_ptr<Engine> m_engine; // Owned.
+    QString m_connectionString;
+    QList<ProviderError> m_errors;
+    StatementLog m_log;
+    QHash<QString, TableInfo> m_tables;
+    QHash<QString, QStringList> m_translations;
+    int m_transactionLevel = 0;
+};
+
+// Rolls back on destruction unless committed: every multi-statement write uses one.
+class TransactionGuard {
+public:
+    explicit TransactionGuard(Connection& connection);
+    ~TransactionGuard();
+    TransactionGuard(const TransactionGuard&) = delete;
+    TransactionGuard& operator=(const TransactionGuard&) = delete;
+    void commit();
+
+private:
+    Connection& m_connection; // Not owned.
+    bool m_done = false;
+};
+
+} // namespace tarvello::db

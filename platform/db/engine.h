@@ -1,0 +1,53 @@
+#pragma once
+
+#include "platform/db/resultset.h"
+
+#include <QString>
+
+namespace tarvello::db {
+
+// The SQL texts an engine understands: SQL Server takes the module's T-SQL unchanged,
+// SQLite gets it rewritten.
+enum class Dialect { SqlServer, Sqlite };
+
+// An error as the database driver reported it.
+struct ProviderError {
+    long number = 0;
+    QString description;
+    QString sqlState;
+    QString source;
+};
+
+class EngineError : public std::runtime_error {
+public:
+    explicit EngineError(ProviderError error);
+    const ProviderError& error() const { return m_error; }
+
+private:
+    ProviderError m_error;
+};
+
+// One open database session. Statements reach it already in its dialect, one at a time.
+class Engine {
+public:
+    virtual ~Engine() = default;
+    Engine() = default;
+    Engine(const Engine&) = delete;
+    Engine& operator=(const Engine&) = delete;
+
+    virtual Dialect dialect() const = 0;
+    virtual QString driverName() const = 0;
+
+    // Runs one statement with positional parameters ('?'); throws EngineError.
+    virtual ResultSet run(const QString& sql, const ValueList& parameters = {}) = 0;
+    // Runs a statement that must not be prepared (batches creating #temp tables).
+    virtual ResultSet runDirect(const QString& sql) { return run(sql); }
+
+    virtual void begin() = 0;
+    virtual void commit() = 0;
+    virtual void rollback() = 0;
+
+    virtual TableInfo tableInfo(const QString& table) = 0;
+};
+
+} // namespace tarvello::db

@@ -1,0 +1,149 @@
+#pragma once
+
+#include "platform/db/resultset.h"
+#include "platform/db/value.h"
+
+#include <QObject>
+#include <QString>
+
+#include <memory>
+
+namespace tarvello::db {
+
+class Connection;
+class RowStore;
+class Recordset;
+using RecordsetPtr = std::shared_ptr<Recordset>;
+
+// A client-side recordset in the manner the module expects: rows read completely, a cursor
+// with BOF/EOF, fields by name, bookmarks, Find, Filter and Sort, clones sharing the same
+// rows, edits kept as pending changes until Update (one row) or UpdateBatch (all rows,
+// filtered-out ones included) writes them with optimistic concurrency on the base table's
+// key. Computed columns (no base column, like a ROW_NUMBER "ID") are never written.
+//
+// A Recordset is a handle with its own cursor, filter and sort over a shared RowStore; a
+// Clone is a second handle on the same rows. Handles are shared through RecordsetPtr.
+class Recordset : public QObject {
+    Q_OBJECT
+public:
+    using Bookmark = quint64;
+
+    enum class RowStatus { Unmodified, Modified, New, Deleted };
+    enum class EditMode { None, Editing, Adding };
+    // Filter groups beside criteria texts.
+    enum class FilterGroup { None, PendingRecords, ConflictingRecords };
+    enum class LockType { ReadOnly, BatchOptimistic };
+
+    // An updatable recordset over a T-SQL query (rows are read at once).
+    static RecordsetPtr open(Connection& connection, const QString& tsql,
+                             LockType lock = LockType::BatchOptimistic);
+    // A recordset built in memory: append fields, then openInMemory().
+    static RecordsetPtr create();
+    void appendField(const QString& name, ColumnKind kind = ColumnKind::Unknown);
+    void openInMemory();
+
+    ~Recordset() override;
+    Recordset(const Recordset&) = delete;
+    Recordset& operator=(const Recordset&) = delete;
+
+    bool isOpen() const;
+    void close();
+    QString source() const;
+    Connection* activeConnection() const;
+    bool isReadOnly() const;
+    // The table rows are written to; empty when the rows come from no single table.
+    QString baseTable() const;
+
+    int fieldCount() const;
+    const Column& field(int index) const;
+    // -1 when there is no such field.
+    int fieldIndex(QStringView name) const;
+    bool hasField(QStringView name) const { return fieldIndex(name) >= 0; }
+
+    // The current row's value; raises NoCurrentRecord at BOF/EOF, ItemNotFound for a name.
+    Value value(QStringView field) const;
+    Value value(int index) const;
+    void setValue(QStringView field, const Value& value);
+    // The value as read from the database (before pending changes).
+    Value originalValue(QStringView field) const;
+
+    bool bof() const;
+    bool eof() const;
+    // Rows visible through the filter.
+    qsizetype recordCount() const;
+    void moveFirst();
+    void moveLast();
+    void moveNext();
+    void movePrevious();
+    // 1-based position among visible rows; -1 at BOF/EOF or without rows.
+    qsizetype absolutePosition() const;
+    void setAbsolutePosition(qsizetype position);
+    Bookmark bookmark() const;
+    // Raises when the bookmark names no visible row.
+    void setBookmark(Bookmark bookmark);
+    bool hasBookmark(Bookmark bookmark) const;
+
+    // Looks for the first row from the current one (skipping `skip` rows) matching a
+    // single criterion ("COL = 5", "COL LIKE 'AB*'", "COL = 'it''s'"); lands on EOF (or BOF
+    // backwards) when none matches.
+    bool find(const QString& criterion, qsizetype skip = 0, bool forward = true);
+
+    // Criteria joined with AND / OR ("A = 1 AND B = 'x'"); an empty text shows every row.
+    void setFilter(const QString& criteria);
+    void setFilter(FilterGroup group);
+    QString filter() const;
+    // "COL [ASC|DESC], ..."; empty for the order read.
+    void setSort(const QString& sort);
+    QString sort() const;
+
+    // A second handle on the same rows, with its own cursor (on the first row).
+    RecordsetPtr clone() const;
+
+    void addNew();
+    // Writes the current row's pending change at once (not in batch mode: see updateBatch).
+    void update();
+    // Leaves the pending change of the current row: a new row goes away, an edited row
+    // gets its read values back.
+    void cancelUpdate();
+    // Drops every pending change.
+    void cancelBatch();
+    // Marks the current row deleted (written by updateBatch) and hides it.
+    void deleteRow();
+    RowStatus status() const;
+    EditMode editMode() const;
+    qsizetype pendingCount() const;
+
+    // Writes every pending row (including rows hidden by a filter) in one transaction of
+    // its own when none is open. A row the database refuses, or one changed or gone since
+    // it was read, stays pending with all its values; the others are written. Raises
+    // RuntimeError naming the rows that failed.
+    void updateBatch();
+    // Writes the current row only (the record frame's immediate save).
+    void updateCurrent();
+    // Reads the rows again from the source query; pending changes are dropped.
+    void requery();
+
+Q_SIGNALS:
+    // The current row of this handle moved (also to BOF/EOF).
+    void currentChanged();
+    // Rows were added, removed, re-read, filtered or sorted: views read them again.
+    void rowsReset();
+    // A value of the row with this bookmark changed.
+    void rowChanged(tarvello::db::Recordset::Bookmark bookmark);
+
+private:
+    explicit Recordset(std::shared_ptr<RowStore> store);
+    void connectStore();
+    void rebuildView(Bookmark keep);
+    qsizetype currentRow() const;
+    void setCurrentIndex(qsizetype index);
+
+    std::shared_ptr<RowStore> m_store;
+    QList<Bookmark> m_view; // visible rows in order
+    qsizetype m_index = -1; // into m_view; -1 = BOF, m_view.size() = EOF
+    QString m_filter;
+    FilterGroup m_filterGroup = FilterGroup::None;
+    QString m_sort;
+};
+
+} // namespace tarvello::db

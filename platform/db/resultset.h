@@ -1,0 +1,57 @@
+#pragma once
+
+#include "platform/db/value.h"
+
+#include <QList>
+#include <QString>
+
+namespace tarvello::db {
+
+// What a column holds, as far as values read from it are converted.
+enum class ColumnKind { Unknown, Integer, Decimal, Double, Text, Date, Boolean, Binary };
+
+struct Column {
+    QString name;
+    ColumnKind kind = ColumnKind::Unknown;
+    // The table and column the value comes from; empty for computed columns.
+    QString baseTable;
+    QString baseColumn;
+};
+
+// The rows of one statement, read completely (a client-side cursor).
+struct ResultSet {
+    QList<Column> columns;
+    QList<ValueList> rows;
+    // Rows changed by a statement that returned no columns; -1 when not known.
+    qint64 rowsAffected = -1;
+
+    bool hasColumns() const { return !columns.isEmpty(); }
+    int columnIndex(QStringView name) const;
+};
+
+// What the database says of a table: its columns with their kinds, which of them form the
+// primary key and which one the database assigns on insert.
+struct TableInfo {
+    struct ColumnInfo {
+        QString name;
+        ColumnKind kind = ColumnKind::Unknown;
+        bool primaryKey = false;
+        bool identity = false;
+        bool notNull = false;
+        bool hasDefault = false;
+    };
+    QString name;
+    QList<ColumnInfo> columns;
+
+    bool exists() const { return !columns.isEmpty(); }
+    const ColumnInfo* column(QStringView name) const;
+    QStringList primaryKey() const;
+    QString identityColumn() const;
+};
+
+// Maps a declared SQL type ("INT", "DECIMAL(9,3)", "DATETIME", "VARCHAR(20)") to a kind.
+ColumnKind columnKindFromDeclaredType(QStringView declared);
+// Converts a raw value read from the engine to the kind of its column.
+Value convertToKind(const Value& raw, ColumnKind kind);
+
+} // namespace tarvello::db
