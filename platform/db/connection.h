@@ -4,8 +4,8 @@
 #include "platform/db/statementlog.h"
 
 #include <QHash>
+#include <QSet>
 #include <QString>
-
 #include <memory>
 
 namespace tarvello::db {
@@ -62,8 +62,12 @@ public:
     const TableInfo& tableInfo(const QString& table);
 
 private:
-    QList<QString> translate(const QString& tsql);
+    Engine& engine();
+    QStringList translate(const QString& tsql);
+    // Text columns and table descriptions change with the schema; SQLite numbers its versions.
+    void refreshSchemaKnowledge();
     ResultSet runTranslated(const QString& tsql, bool logAsInternal);
+    void refineColumnKinds(ResultSet& result);
     [[noreturn]] void raise(const EngineError& e, const QString& original, const QString& sent);
 
     std::unique_ptr<Engine> m_engine; // Owned.
@@ -72,6 +76,8 @@ private:
     StatementLog m_log;
     QHash<QString, TableInfo> m_tables;
     QHash<QString, QStringList> m_translations;
+    QSet<QString> m_textColumns;
+    qint64 m_schemaVersion = -1;
     int m_transactionLevel = 0;
 };
 

@@ -2,7 +2,6 @@
 
 #include <QString>
 #include <QtGlobal>
-
 #include <compare>
 #include <optional>
 
@@ -15,7 +14,8 @@ public:
     static constexpr int maxScale = 18;
 
     constexpr Decimal() = default;
-    constexpr Decimal(qint64 integer) : m_mantissa(integer) {} // NOLINT: implicit by design
+    constexpr Decimal(qint64 integer)
+        : m_mantissa(integer) {} // NOLINT: implicit by design
     static Decimal fromParts(qint64 mantissa, int scale);
 
     // Accepts an optional sign, digits, and one '.' or ',' as the decimal separator.

@@ -48,6 +48,9 @@ public:
     virtual void rollback() = 0;
 
     virtual TableInfo tableInfo(const QString& table) = 0;
+    // Whether result columns should take their kinds from the tables' declarations,
+    // because the driver's own report of them is approximate.
+    virtual bool refinesKinds() const { return false; }
 };
 
 } // namespace tarvello::db

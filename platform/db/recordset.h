@@ -5,7 +5,7 @@
 
 #include <QObject>
 #include <QString>
-
+#include <functional>
 #include <memory>
 
 namespace tarvello::db {
@@ -14,6 +14,9 @@ class Connection;
 class RowStore;
 class Recordset;
 using RecordsetPtr = std::shared_ptr<Recordset>;
+
+enum class RowStatus { Unmodified, Modified, New, Deleted };
+struct StoredRow;
 
 // A client-side recordset in the manner the module expects: rows read completely, a cursor
 // with BOF/EOF, fields by name, bookmarks, Find, Filter and Sort, clones sharing the same
@@ -28,7 +31,7 @@ class Recordset : public QObject {
 public:
     using Bookmark = quint64;
 
-    enum class RowStatus { Unmodified, Modified, New, Deleted };
+    using RowStatus = db::RowStatus;
     enum class EditMode { None, Editing, Adding };
     // Filter groups beside criteria texts.
     enum class FilterGroup { None, PendingRecords, ConflictingRecords };
@@ -37,6 +40,8 @@ public:
     // An updatable recordset over a T-SQL query (rows are read at once).
     static RecordsetPtr open(Connection& connection, const QString& tsql,
                              LockType lock = LockType::BatchOptimistic);
+    // A read-only recordset over rows already read (the connection's execute).
+    static RecordsetPtr fromResult(Connection& connection, const QString& tsql, ResultSet rows);
     // A recordset built in memory: append fields, then openInMemory().
     static RecordsetPtr create();
     void appendField(const QString& name, ColumnKind kind = ColumnKind::Unknown);
@@ -99,8 +104,9 @@ public:
     // A second handle on the same rows, with its own cursor (on the first row).
     RecordsetPtr clone() const;
 
+    // Adds a row holding the base table's column defaults and makes it current.
     void addNew();
-    // Writes the current row's pending change at once (not in batch mode: see updateBatch).
+    // Ends the edit of the current row; the change stays pending until it is written.
     void update();
     // Leaves the pending change of the current row: a new row goes away, an edited row
     // gets its read values back.
@@ -133,10 +139,18 @@ Q_SIGNALS:
 
 private:
     explicit Recordset(std::shared_ptr<RowStore> store);
+    static RecordsetPtr fromResult(Connection& connection, const QString& tsql, ResultSet rows,
+                                   LockType lock);
     void connectStore();
     void rebuildView(Bookmark keep);
-    qsizetype currentRow() const;
+    void sortView(QList<Bookmark>& view) const;
     void setCurrentIndex(qsizetype index);
+    void leaveEdit();
+    int requireField(QStringView name) const;
+    void requireWritable() const;
+    StoredRow& currentRowData() const;
+    std::function<Value(const QString&)> readerFor(const StoredRow& row) const;
+    void writeRows(const QList<Bookmark>& bookmarks);
 
     std::shared_ptr<RowStore> m_store;
     QList<Bookmark> m_view; // visible rows in order

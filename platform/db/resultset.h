@@ -39,6 +39,7 @@ struct TableInfo {
         bool identity = false;
         bool notNull = false;
         bool hasDefault = false;
+        Value defaultValue; // Null when the column has no constant default
     };
     QString name;
     QList<ColumnInfo> columns;
@@ -51,6 +52,8 @@ struct TableInfo {
 
 // Maps a declared SQL type ("INT", "DECIMAL(9,3)", "DATETIME", "VARCHAR(20)") to a kind.
 ColumnKind columnKindFromDeclaredType(QStringView declared);
+// Reads a column default as the database states it ("0", "((-1))", "'abc'", "N'x'").
+Value defaultValueFromSql(QStringView sql, ColumnKind kind);
 // Converts a raw value read from the engine to the kind of its column.
 Value convertToKind(const Value& raw, ColumnKind kind);
 

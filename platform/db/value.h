@@ -6,7 +6,6 @@
 #include <QList>
 #include <QString>
 #include <QVariant>
-
 #include <variant>
 
 namespace tarvello::db {
@@ -23,17 +22,28 @@ public:
     enum class Kind { Empty, Null, Boolean, Integer, Decimal, Double, Text, Date, Array };
 
     Value() = default;
-    Value(bool b) : m_data(b) {}
-    Value(int i) : m_data(qint64(i)) {}
-    Value(long i) : m_data(qint64(i)) {}
-    Value(long long i) : m_data(qint64(i)) {}
-    Value(Decimal d) : m_data(d) {}
-    Value(double d) : m_data(d) {}
-    Value(const QString& s) : m_data(s) {}
-    Value(const char* s) : m_data(QString::fromUtf8(s)) {}
-    Value(QDate d) : m_data(d.startOfDay()) {}
-    Value(const QDateTime& dt) : m_data(dt) {}
-    Value(ValueList items) : m_data(std::move(items)) {}
+    Value(bool b)
+        : m_data(b) {}
+    Value(int i)
+        : m_data(qint64(i)) {}
+    Value(long i)
+        : m_data(qint64(i)) {}
+    Value(long long i)
+        : m_data(qint64(i)) {}
+    Value(Decimal d)
+        : m_data(d) {}
+    Value(double d)
+        : m_data(d) {}
+    Value(const QString& s)
+        : m_data(s) {}
+    Value(const char* s)
+        : m_data(QString::fromUtf8(s)) {}
+    Value(QDate d)
+        : m_data(d.startOfDay()) {}
+    Value(const QDateTime& dt)
+        : m_data(dt) {}
+    Value(ValueList items)
+        : m_data(std::move(items)) {}
 
     static Value null();
     static Value fromVariant(const QVariant& v);

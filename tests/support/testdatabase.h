@@ -4,7 +4,6 @@
 
 #include <QString>
 #include <QTemporaryDir>
-
 #include <memory>
 
 namespace tarvello::test {
@@ -13,11 +12,12 @@ namespace tarvello::test {
 // the same SQLite through ODBC when the SQLite ODBC driver is installed, so the ODBC code
 // path is exercised on every machine.
 struct DatabaseTarget {
-    QString name;     // "sqlite" or "odbc"
+    QString name; // "sqlite" or "odbc"
     bool viaOdbc = false;
 };
 
 std::vector<DatabaseTarget> databaseTargets();
+void PrintTo(const DatabaseTarget& target, std::ostream* os);
 // For gtest's INSTANTIATE_TEST_SUITE_P name generator.
 std::string targetName(const DatabaseTarget& target);
 

@@ -1,0 +1,321 @@
+#include "platform/db/connection.h"
+
+#include "platform/db/odbcengine.h"
+#include "platform/db/recordset.h"
+#include "platform/db/runtimeerror.h"
+#include "platform/db/sqliteengine.h"
+#include "platform/db/tsqlrewriter.h"
+
+#include <QRegularExpression>
+
+namespace tarvello::db {
+
+namespace {
+
+bool isOdbcConnectionString(const QString& text) {
+    static const QRegularExpression odbc(QStringLiteral("(^|;)\\s*(DRIVER|DSN)\\s*="),
+                                         QRegularExpression::CaseInsensitiveOption);
+    return odbc.match(text).hasMatch();
+}
+
+// "Data Source=PATH;..." or a bare path.
+QString sqlitePath(const QString& text) {
+    static const QRegularExpression source(QStringLiteral("(?:^|;)\\s*Data Source\\s*=\\s*([^;]*)"),
+                                           QRegularExpression::CaseInsensitiveOption);
+    const QRegularExpressionMatch match = source.match(text);
+    return match.hasMatch() ? match.captured(1).trimmed() : text.trimmed();
+}
+
+QString quotedIdentifier(const QString& name) {
+    QString escaped = name;
+    escaped.replace(u'"', QStringLiteral("\"\""));
+    return u'"' + escaped + u'"';
+}
+
+} // namespace
+
+Connection::Connection() = default;
+
+Connection::~Connection() {
+    close();
+}
+
+void Connection::open(const QString& connectionString) {
+    close();
+    try {
+        if (isOdbcConnectionString(connectionString))
+            m_engine = std::make_unique<OdbcEngine>(connectionString);
+        else
+            m_engine = std::make_unique<SqliteEngine>(sqlitePath(connectionString));
+    } catch (const EngineError& e) {
+        m_errors.append(e.error());
+        throw RuntimeError(
+            e.error().number,
+            QStringLiteral("Cannot open the database: %1").arg(e.error().description),
+            e.error().source);
+    }
+    m_connectionString = connectionString;
+}
+
+void Connection::close() {
+    if (!m_engine)
+        return;
+    while (m_transactionLevel > 0) {
+        try {
+            rollbackTrans();
+        } catch (const RuntimeError&) {
+            m_transactionLevel = 0;
+        }
+    }
+    m_engine.reset();
+    m_tables.clear();
+    m_translations.clear();
+    m_textColumns.clear();
+    m_schemaVersion = -1;
+}
+
+Dialect Connection::dialect() const {
+    return m_engine ? m_engine->dialect() : Dialect::Sqlite;
+}
+
+QString Connection::driverName() const {
+    return m_engine ? m_engine->driverName() : QString();
+}
+
+Engine& Connection::engine() {
+    if (!m_engine)
+        throw RuntimeError(RuntimeError::OperationNotAllowed,
+                           QStringLiteral("The connection is closed"));
+    return *m_engine;
+}
+
+void Connection::refreshSchemaKnowledge() {
+    // Temporary tables have a schema version of their own.
+    const auto versionOf = [this](const char* pragma) {
+        return engine().run(QString::fromLatin1(pragma), {}).rows.value(0).value(0).toInt64();
+    };
+    const qint64 version =
+        (versionOf("PRAGMA main.schema_version") << 32) ^ versionOf("PRAGMA temp.schema_version");
+    if (version == m_schemaVersion)
+        return;
+    m_schemaVersion = version;
+    m_translations.clear();
+    m_tables.clear();
+    m_textColumns.clear();
+    const ResultSet tables =
+        engine().run(QStringLiteral("SELECT name FROM sqlite_master WHERE type = 'table' UNION ALL "
+                                    "SELECT name FROM sqlite_temp_master WHERE type = 'table'"),
+                     {});
+    for (const ValueList& row : tables.rows) {
+        for (const TableInfo::ColumnInfo& column :
+             sqlitePragmaTableInfo(engine(), row[0].toString()).columns) {
+            if (column.kind == ColumnKind::Text)
+                m_textColumns.insert(column.name.toUpper());
+        }
+    }
+}
+
+QStringList Connection::translate(const QString& tsql) {
+    if (dialect() == Dialect::SqlServer)
+        return {tsql};
+    const auto cached = m_translations.constFind(tsql);
+    if (cached != m_translations.cend())
+        return *cached;
+    refreshSchemaKnowledge();
+    const TsqlRewriter rewriter(
+        [this](QStringView column) { return m_textColumns.contains(column.toString().toUpper()); });
+    const QStringList statements = rewriter.rewrite(tsql);
+    m_translations.insert(tsql, statements);
+    return statements;
+}
+
+void Connection::raise(const EngineError& e, const QString& original, const QString& sent) {
+    ProviderError error = e.error();
+    m_errors.append(error);
+    QString description = error.description;
+    if (sent != original)
+        description += QStringLiteral("\nStatement: %1\nSent as: %2").arg(original, sent);
+    else
+        description += QStringLiteral("\nStatement: %1").arg(original);
+    throw RuntimeError(error.number, description, error.source);
+}
+
+void Connection::refineColumnKinds(ResultSet& result) {
+    for (int c = 0; c < result.columns.size(); ++c) {
+        Column& column = result.columns[c];
+        if (column.baseTable.isEmpty() || column.baseColumn.isEmpty())
+            continue;
+        const TableInfo::ColumnInfo* declared =
+            tableInfo(column.baseTable).column(column.baseColumn);
+        if (!declared || declared->kind == column.kind || declared->kind == ColumnKind::Unknown)
+            continue;
+        // Drivers report some declared types loosely (a DECIMAL as a double, a DATETIME as
+        // a text): the table's own declaration decides.
+        column.kind = declared->kind;
+        for (ValueList& row : result.rows)
+            row[c] = convertToKind(row[c], column.kind);
+    }
+}
+
+ResultSet Connection::runTranslated(const QString& tsql, bool logAsInternal) {
+    if (m_log.isEnabled())
+        m_log.append(tsql, logAsInternal);
+    QStringList statements;
+    try {
+        statements = translate(tsql);
+    } catch (const EngineError& e) {
+        raise(e, tsql, tsql);
+    }
+    ResultSet last;
+    for (const QString& statement : statements) {
+        try {
+            ResultSet result = engine().runDirect(statement);
+            if (m_engine->refinesKinds())
+                refineColumnKinds(result);
+            if (result.hasColumns() || !last.hasColumns())
+                last = std::move(result);
+        } catch (const EngineError& e) {
+            raise(e, tsql, statement);
+        }
+    }
+    return last;
+}
+
+RecordsetPtr Connection::execute(const QString& tsql) {
+    return Recordset::fromResult(*this, tsql, runTranslated(tsql, false));
+}
+
+qint64 Connection::executeNonQuery(const QString& tsql) {
+    return runTranslated(tsql, false).rowsAffected;
+}
+
+ResultSet Connection::query(const QString& tsql) {
+    return runTranslated(tsql, false);
+}
+
+ResultSet Connection::run(const QString& sql, const ValueList& parameters) {
+    if (m_log.isEnabled())
+        m_log.append(sql, true);
+    try {
+        return engine().run(sql, parameters);
+    } catch (const EngineError& e) {
+        raise(e, sql, sql);
+    }
+}
+
+Value Connection::insertRow(const QString& table, const QStringList& columns,
+                            const ValueList& values, const QString& identityColumn) {
+    QStringList names;
+    QStringList markers;
+    for (const QString& column : columns) {
+        names << quotedIdentifier(column);
+        markers << QStringLiteral("?");
+    }
+    const QString target = quotedIdentifier(table);
+    const QString list = names.isEmpty()
+                             ? QString()
+                             : QStringLiteral(" (") + names.join(QStringLiteral(", ")) + u')';
+    const QString valuesPart =
+        names.isEmpty() ? QStringLiteral(" DEFAULT VALUES")
+                        : QStringLiteral(" VALUES (") + markers.join(QStringLiteral(", ")) + u')';
+    if (dialect() == Dialect::SqlServer && !identityColumn.isEmpty()) {
+        // The identity comes back in the same batch as the insert.
+        const ResultSet result = run(QStringLiteral("INSERT INTO ") + target + list +
+                                         QStringLiteral(" OUTPUT INSERTED.") +
+                                         quotedIdentifier(identityColumn) + valuesPart,
+                                     values);
+        return result.rows.isEmpty() ? Value() : result.rows.first().value(0);
+    }
+    run(QStringLiteral("INSERT INTO ") + target + list + valuesPart, values);
+    if (identityColumn.isEmpty())
+        return {};
+    // SQLite keeps the last row id per connection; not every ODBC driver passes RETURNING on.
+    return run(QStringLiteral("SELECT last_insert_rowid()")).rows.value(0).value(0);
+}
+
+void Connection::beginTrans() {
+    try {
+        if (m_transactionLevel == 0)
+            engine().begin();
+        else
+            engine().runDirect(
+                dialect() == Dialect::SqlServer
+                    ? QStringLiteral("SAVE TRANSACTION tv_level%1").arg(m_transactionLevel)
+                    : QStringLiteral("SAVEPOINT tv_level%1").arg(m_transactionLevel));
+    } catch (const EngineError& e) {
+        raise(e, QStringLiteral("BEGIN TRANSACTION"), QStringLiteral("BEGIN TRANSACTION"));
+    }
+    ++m_transactionLevel;
+}
+
+void Connection::commitTrans() {
+    if (m_transactionLevel == 0)
+        throw RuntimeError(RuntimeError::OperationNotAllowed,
+                           QStringLiteral("No transaction is open"));
+    --m_transactionLevel;
+    try {
+        if (m_transactionLevel == 0)
+            engine().commit();
+        else if (dialect() == Dialect::Sqlite)
+            engine().runDirect(QStringLiteral("RELEASE tv_level%1").arg(m_transactionLevel));
+    } catch (const EngineError& e) {
+        raise(e, QStringLiteral("COMMIT"), QStringLiteral("COMMIT"));
+    }
+}
+
+void Connection::rollbackTrans() {
+    if (m_transactionLevel == 0)
+        throw RuntimeError(RuntimeError::OperationNotAllowed,
+                           QStringLiteral("No transaction is open"));
+    --m_transactionLevel;
+    try {
+        if (m_transactionLevel == 0) {
+            engine().rollback();
+        } else if (dialect() == Dialect::SqlServer) {
+            engine().runDirect(
+                QStringLiteral("ROLLBACK TRANSACTION tv_level%1").arg(m_transactionLevel));
+        } else {
+            engine().runDirect(QStringLiteral("ROLLBACK TO tv_level%1").arg(m_transactionLevel));
+            engine().runDirect(QStringLiteral("RELEASE tv_level%1").arg(m_transactionLevel));
+        }
+    } catch (const EngineError& e) {
+        raise(e, QStringLiteral("ROLLBACK"), QStringLiteral("ROLLBACK"));
+    }
+}
+
+const TableInfo& Connection::tableInfo(const QString& table) {
+    if (dialect() == Dialect::Sqlite)
+        refreshSchemaKnowledge();
+    const QString key = table.toUpper();
+    auto found = m_tables.find(key);
+    if (found == m_tables.end()) {
+        try {
+            found = m_tables.insert(key, engine().tableInfo(table));
+        } catch (const EngineError& e) {
+            raise(e, table, table);
+        }
+    }
+    return *found;
+}
+
+TransactionGuard::TransactionGuard(Connection& connection)
+    : m_connection(connection) {
+    m_connection.beginTrans();
+}
+
+TransactionGuard::~TransactionGuard() {
+    if (m_done)
+        return;
+    try {
+        m_connection.rollbackTrans();
+    } catch (const RuntimeError&) {
+        // Destructors do not throw; the error is kept in the connection's provider errors.
+    }
+}
+
+void TransactionGuard::commit() {
+    m_connection.commitTrans();
+    m_done = true;
+}
+
+} // namespace tarvello::db

@@ -1,0 +1,213 @@
+#include "platform/db/odbcengine.h"
+
+#include "platform/db/runtimeerror.h"
+#include "platform/db/sqliteengine.h"
+
+#include <QRegularExpression>
+#include <QSqlDriver>
+#include <QSqlError>
+#include <QSqlField>
+#include <QSqlQuery>
+#include <QSqlRecord>
+#include <QUuid>
+
+namespace tarvello::db {
+
+namespace {
+
+ProviderError providerError(const QSqlError& error) {
+    bool ok = false;
+    const long number = error.nativeErrorCode().toLong(&ok);
+    QString text = error.databaseText();
+    if (text.isEmpty())
+        text = error.text();
+    return {ok ? number : RuntimeError::ProviderError, text, error.nativeErrorCode(),
+            QStringLiteral("ODBC")};
+}
+
+ColumnKind kindOf(const QSqlField& field) {
+    switch (field.metaType().id()) {
+    case QMetaType::Int:
+    case QMetaType::UInt:
+    case QMetaType::LongLong:
+    case QMetaType::ULongLong:
+    case QMetaType::Short:
+    case QMetaType::UShort:
+        return ColumnKind::Integer;
+    case QMetaType::Double:
+        return field.precision() > 0 && field.precision() < 16 ? ColumnKind::Decimal
+                                                               : ColumnKind::Double;
+    case QMetaType::Bool:
+        return ColumnKind::Boolean;
+    case QMetaType::QDate:
+    case QMetaType::QDateTime:
+        return ColumnKind::Date;
+    case QMetaType::QByteArray:
+        return ColumnKind::Binary;
+    case QMetaType::QString:
+        return ColumnKind::Text;
+    default:
+        return ColumnKind::Unknown;
+    }
+}
+
+} // namespace
+
+OdbcEngine::OdbcEngine(const QString& connectionString)
+    : m_name(QStringLiteral("tarvello-odbc-") +
+             QUuid::createUuid().toString(QUuid::WithoutBraces)) {
+    QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QODBC"), m_name);
+    db.setDatabaseName(connectionString);
+    if (!db.open()) {
+        const ProviderError error = providerError(db.lastError());
+        db = QSqlDatabase();
+        QSqlDatabase::removeDatabase(m_name);
+        throw EngineError(error);
+    }
+    QSqlQuery probe(db);
+    if (probe.exec(QStringLiteral("SELECT sqlite_version()"))) {
+        m_dialect = Dialect::Sqlite;
+        m_dbms = QStringLiteral("SQLite");
+        probe.finish();
+        probe.exec(QStringLiteral("PRAGMA foreign_keys = ON"));
+    } else {
+        m_dialect = Dialect::SqlServer;
+        // NOCOUNT stays off: the row counts of updates and deletes tell a conflict.
+        m_dbms = QStringLiteral("SQL Server");
+    }
+    probe.finish();
+}
+
+OdbcEngine::~OdbcEngine() {
+    m_prepared.clear();
+    {
+        QSqlDatabase db = QSqlDatabase::database(m_name, false);
+        db.close();
+    }
+    QSqlDatabase::removeDatabase(m_name);
+}
+
+QString OdbcEngine::driverName() const {
+    return QStringLiteral("ODBC (%1)").arg(m_dbms);
+}
+
+void OdbcEngine::fail(const QSqlQuery& query) const {
+    throw EngineError(providerError(query.lastError()));
+}
+
+ResultSet OdbcEngine::read(QSqlQuery& query) {
+    ResultSet result;
+    // A batch may answer with row counts before its rows; the last result with columns wins.
+    do {
+        const QSqlRecord record = query.record();
+        if (record.isEmpty()) {
+            if (result.columns.isEmpty())
+                result.rowsAffected = query.numRowsAffected();
+            continue;
+        }
+        result = ResultSet();
+        QList<ColumnKind> kinds;
+        for (int c = 0; c < record.count(); ++c) {
+            const QSqlField field = record.field(c);
+            // Some drivers hand the base table back with its quoting or its terminator.
+            QString table = field.tableName();
+            if (const qsizetype end = table.indexOf(QChar(0)); end >= 0)
+                table.truncate(end);
+            table.remove(QRegularExpression(QStringLiteral("[\"\\[\\]`]")));
+            Column column{field.name(), kindOf(field), table,
+                          table.isEmpty() ? QString() : field.name()};
+            kinds << column.kind;
+            result.columns << column;
+        }
+        while (query.next()) {
+            ValueList row;
+            row.reserve(record.count());
+            for (int c = 0; c < record.count(); ++c)
+                row << convertToKind(Value::fromVariant(query.value(c)), kinds[c]);
+            result.rows << std::move(row);
+        }
+    } while (query.nextResult());
+    query.finish();
+    return result;
+}
+
+ResultSet OdbcEngine::run(const QString& sql, const ValueList& parameters) {
+    if (parameters.isEmpty())
+        return runDirect(sql);
+    std::shared_ptr<QSqlQuery>& query = m_prepared[sql];
+    if (!query) {
+        query = std::make_shared<QSqlQuery>(QSqlDatabase::database(m_name, false));
+        query->setForwardOnly(true);
+        query->setNumericalPrecisionPolicy(QSql::HighPrecision);
+        if (!query->prepare(sql)) {
+            const ProviderError error = providerError(query->lastError());
+            m_prepared.remove(sql);
+            throw EngineError(error);
+        }
+    }
+    for (int i = 0; i < parameters.size(); ++i)
+        query->bindValue(i, parameters[i].toVariant());
+    if (!query->exec())
+        fail(*query);
+    return read(*query);
+}
+
+ResultSet OdbcEngine::runDirect(const QString& sql) {
+    QSqlQuery query(QSqlDatabase::database(m_name, false));
+    query.setForwardOnly(true);
+    query.setNumericalPrecisionPolicy(QSql::HighPrecision);
+    if (!query.exec(sql))
+        fail(query);
+    return read(query);
+}
+
+void OdbcEngine::begin() {
+    QSqlDatabase db = QSqlDatabase::database(m_name, false);
+    if (!db.transaction())
+        throw EngineError(providerError(db.lastError()));
+}
+
+void OdbcEngine::commit() {
+    QSqlDatabase db = QSqlDatabase::database(m_name, false);
+    if (!db.commit())
+        throw EngineError(providerError(db.lastError()));
+}
+
+void OdbcEngine::rollback() {
+    QSqlDatabase db = QSqlDatabase::database(m_name, false);
+    if (!db.rollback())
+        throw EngineError(providerError(db.lastError()));
+}
+
+TableInfo OdbcEngine::tableInfo(const QString& table) {
+    if (m_dialect == Dialect::Sqlite)
+        return sqlitePragmaTableInfo(*this, table);
+    TableInfo info;
+    info.name = table;
+    const QString literal = Value(table).sqlLiteral();
+    const ResultSet rows = runDirect(
+        QStringLiteral("SELECT c.name, t.name AS type_name, c.is_nullable, c.is_identity, "
+                       "CASE WHEN c.default_object_id <> 0 THEN 1 ELSE 0 END AS has_default, "
+                       "OBJECT_DEFINITION(c.default_object_id) AS default_text, "
+                       "CASE WHEN EXISTS (SELECT 1 FROM sys.index_columns ic JOIN sys.indexes i "
+                       "ON i.object_id = ic.object_id AND i.index_id = ic.index_id "
+                       "WHERE i.is_primary_key = 1 AND ic.object_id = c.object_id "
+                       "AND ic.column_id = c.column_id) THEN 1 ELSE 0 END AS is_key "
+                       "FROM sys.columns c JOIN sys.types t ON t.user_type_id = c.user_type_id "
+                       "WHERE c.object_id = OBJECT_ID(%1) ORDER BY c.column_id")
+            .arg(literal));
+    for (const ValueList& row : rows.rows) {
+        TableInfo::ColumnInfo column;
+        column.name = row[0].toString();
+        column.kind = columnKindFromDeclaredType(row[1].toString());
+        column.notNull = row[2].toInt64() == 0;
+        column.identity = row[3].toInt64() != 0;
+        column.hasDefault = row[4].toInt64() != 0;
+        column.defaultValue = defaultValueFromSql(row[5].toString(), column.kind);
+        column.primaryKey = row[6].toInt64() != 0;
+        info.columns << column;
+    }
+    return info;
+}
+
+} // namespace tarvello::db

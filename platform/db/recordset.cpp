@@ -1,0 +1,626 @@
+#include "platform/db/recordset.h"
+
+#include "platform/db/connection.h"
+#include "platform/db/criteria.h"
+#include "platform/db/rowstore.h"
+#include "platform/db/rowwriter.h"
+#include "platform/db/runtimeerror.h"
+
+#include <QRegularExpression>
+#include <algorithm>
+
+namespace tarvello::db {
+
+namespace {
+
+[[noreturn]] void noCurrentRecord() {
+    throw RuntimeError(RuntimeError::NoCurrentRecord,
+                       QStringLiteral("Either BOF or EOF is True, or the current record has been "
+                                      "deleted"));
+}
+
+[[noreturn]] void notOpen() {
+    throw RuntimeError(RuntimeError::OperationNotAllowed,
+                       QStringLiteral("Operation is not allowed when the object is closed"));
+}
+
+// The single table a query reads, when its columns do not say (some ODBC drivers).
+QString tableOfQuery(const QString& sql) {
+    static const QRegularExpression from(
+        QStringLiteral("\\bFROM\\s+(\\[[^\\]]+\\]|\"[^\"]+\"|[A-Za-z0-9_#.]+)"),
+        QRegularExpression::CaseInsensitiveOption);
+    const QRegularExpressionMatch match = from.match(sql);
+    if (!match.hasMatch())
+        return {};
+    QString table = match.captured(1);
+    if (table.startsWith(u'[') || table.startsWith(u'"'))
+        table = table.mid(1, table.size() - 2);
+    return table.section(u'.', -1);
+}
+
+// Picks the base table and marks which columns are its own (computed ones are never written).
+void resolveBaseTable(Connection& connection, const QString& sql, QList<Column>& columns,
+                      QString& baseTable) {
+    QHash<QString, int> counts;
+    for (const Column& column : std::as_const(columns)) {
+        if (!column.baseTable.isEmpty())
+            ++counts[column.baseTable];
+    }
+    baseTable = counts.size() == 1 ? counts.begin().key()
+                : counts.isEmpty() ? tableOfQuery(sql)
+                                   : QString();
+    if (counts.size() > 1) {
+        for (Column& column : columns)
+            column.baseColumn.clear();
+        return;
+    }
+    if (baseTable.isEmpty())
+        return;
+    const TableInfo& info = connection.tableInfo(baseTable);
+    for (Column& column : columns) {
+        const bool fromBase = column.baseTable.isEmpty() || column.baseTable == baseTable;
+        const TableInfo::ColumnInfo* base = info.column(
+            column.baseColumn.isEmpty() && fromBase && counts.isEmpty() ? column.name
+                                                                        : column.baseColumn);
+        column.baseColumn = fromBase && base ? base->name : QString();
+        if (base && column.kind == ColumnKind::Unknown)
+            column.kind = base->kind;
+    }
+}
+
+} // namespace
+
+Recordset::Recordset(std::shared_ptr<RowStore> store)
+    : m_store(std::move(store)) {
+    connectStore();
+}
+
+Recordset::~Recordset() = default;
+
+void Recordset::connectStore() {
+    connect(m_store.get(), &RowStore::rowsChanged, this,
+            [this] { rebuildView(m_index >= 0 && m_index < m_view.size() ? m_view[m_index] : 0); });
+    connect(m_store.get(), &RowStore::valueChanged, this, &Recordset::rowChanged);
+}
+
+RecordsetPtr Recordset::open(Connection& connection, const QString& tsql, LockType lock) {
+    return fromResult(connection, tsql, connection.query(tsql), lock);
+}
+
+RecordsetPtr Recordset::fromResult(Connection& connection, const QString& tsql, ResultSet rows) {
+    return fromResult(connection, tsql, std::move(rows), LockType::ReadOnly);
+}
+
+RecordsetPtr Recordset::fromResult(Connection& connection, const QString& tsql, ResultSet rows,
+                                   LockType lock) {
+    auto store = std::make_shared<RowStore>();
+    store->connection = &connection;
+    store->source = tsql;
+    store->lock = lock;
+    store->columns = std::move(rows.columns);
+    if (lock != LockType::ReadOnly)
+        resolveBaseTable(connection, tsql, store->columns, store->baseTable);
+    store->reset(std::move(rows.rows));
+    store->open = true;
+    RecordsetPtr recordset(new Recordset(store));
+    recordset->rebuildView(0);
+    recordset->m_index = 0;
+    return recordset;
+}
+
+RecordsetPtr Recordset::create() {
+    return RecordsetPtr(new Recordset(std::make_shared<RowStore>()));
+}
+
+void Recordset::appendField(const QString& name, ColumnKind kind) {
+    if (m_store->open)
+        throw RuntimeError(RuntimeError::OperationNotAllowed,
+                           QStringLiteral("Fields cannot be appended to an open recordset"));
+    m_store->columns << Column{name, kind, {}, {}};
+}
+
+void Recordset::openInMemory() {
+    m_store->open = true;
+    m_store->reset({});
+    rebuildView(0);
+}
+
+bool Recordset::isOpen() const {
+    return m_store->open;
+}
+
+void Recordset::close() {
+    m_store->open = false;
+    m_store->reset({});
+    m_view.clear();
+    m_index = -1;
+}
+
+QString Recordset::source() const {
+    return m_store->source;
+}
+
+Connection* Recordset::activeConnection() const {
+    return m_store->connection;
+}
+
+bool Recordset::isReadOnly() const {
+    return m_store->lock == LockType::ReadOnly && m_store->connection;
+}
+
+QString Recordset::baseTable() const {
+    return m_store->baseTable;
+}
+
+int Recordset::fieldCount() const {
+    return int(m_store->columns.size());
+}
+
+const Column& Recordset::field(int index) const {
+    if (index < 0 || index >= m_store->columns.size())
+        throw RuntimeError(RuntimeError::ItemNotFound,
+                           QStringLiteral("Item cannot be found in the collection"));
+    return m_store->columns[index];
+}
+
+int Recordset::fieldIndex(QStringView name) const {
+    return m_store->columnIndex(name);
+}
+
+int Recordset::requireField(QStringView name) const {
+    const int index = fieldIndex(name);
+    if (index < 0)
+        throw RuntimeError(RuntimeError::ItemNotFound,
+                           QStringLiteral("Item cannot be found in the collection: %1").arg(name));
+    return index;
+}
+
+StoredRow& Recordset::currentRowData() const {
+    if (!m_store->open)
+        notOpen();
+    if (m_index < 0 || m_index >= m_view.size())
+        noCurrentRecord();
+    RowStore::Row* row = m_store->find(m_view[m_index]);
+    if (!row || row->status == RowStatus::Deleted)
+        noCurrentRecord();
+    return *row;
+}
+
+Value Recordset::value(QStringView field) const {
+    return value(requireField(field));
+}
+
+Value Recordset::value(int index) const {
+    const RowStore::Row& row = currentRowData();
+    if (index < 0 || index >= row.values.size())
+        throw RuntimeError(RuntimeError::ItemNotFound,
+                           QStringLiteral("Item cannot be found in the collection"));
+    return row.values[index];
+}
+
+Value Recordset::originalValue(QStringView field) const {
+    const int index = requireField(field);
+    const RowStore::Row& row = currentRowData();
+    return row.original ? (*row.original)[index] : row.values[index];
+}
+
+void Recordset::setValue(QStringView field, const Value& value) {
+    if (isReadOnly())
+        throw RuntimeError(RuntimeError::OperationNotAllowed,
+                           QStringLiteral("The recordset is read-only"));
+    const int index = requireField(field);
+    RowStore::Row& row = currentRowData();
+    if (row.values[index] == value && row.values[index].kind() == value.kind())
+        return;
+    if (!row.beforeEdit)
+        row.beforeEdit = row.values;
+    if (row.status == RowStatus::Unmodified) {
+        row.original = row.values;
+        row.status = RowStatus::Modified;
+    }
+    row.values[index] = value;
+    row.conflict = false;
+    m_store->notifyValueChanged(row.bookmark);
+}
+
+bool Recordset::bof() const {
+    return m_view.isEmpty() || m_index < 0;
+}
+
+bool Recordset::eof() const {
+    return m_view.isEmpty() || m_index >= m_view.size();
+}
+
+qsizetype Recordset::recordCount() const {
+    return m_view.size();
+}
+
+void Recordset::setCurrentIndex(qsizetype index) {
+    if (!m_store->open)
+        notOpen();
+    index = std::clamp<qsizetype>(index, -1, m_view.size());
+    if (index == m_index)
+        return;
+    leaveEdit();
+    m_index = index;
+    Q_EMIT currentChanged();
+}
+
+void Recordset::leaveEdit() {
+    // Moving away ends the edit in progress, as an explicit Update would.
+    if (m_index >= 0 && m_index < m_view.size()) {
+        if (RowStore::Row* row = m_store->find(m_view[m_index])) {
+            row->beforeEdit.reset();
+            if (m_store->adding == row->bookmark)
+                m_store->adding = 0;
+        }
+    }
+}
+
+void Recordset::moveFirst() {
+    setCurrentIndex(0);
+}
+
+void Recordset::moveLast() {
+    setCurrentIndex(m_view.isEmpty() ? 0 : m_view.size() - 1);
+}
+
+void Recordset::moveNext() {
+    if (eof())
+        noCurrentRecord();
+    setCurrentIndex(m_index + 1);
+}
+
+void Recordset::movePrevious() {
+    if (bof())
+        noCurrentRecord();
+    setCurrentIndex(m_index - 1);
+}
+
+qsizetype Recordset::absolutePosition() const {
+    return bof() || eof() ? -1 : m_index + 1;
+}
+
+void Recordset::setAbsolutePosition(qsizetype position) {
+    if (position < 1 || position > m_view.size())
+        throw RuntimeError(
+            RuntimeError::InvalidProcedureCall,
+            QStringLiteral("Position %1 is outside the %2 rows").arg(position).arg(m_view.size()));
+    setCurrentIndex(position - 1);
+}
+
+Recordset::Bookmark Recordset::bookmark() const {
+    return currentRowData().bookmark;
+}
+
+void Recordset::setBookmark(Bookmark bookmark) {
+    const qsizetype index = m_view.indexOf(bookmark);
+    if (index < 0)
+        throw RuntimeError(RuntimeError::InvalidProcedureCall,
+                           QStringLiteral("The bookmark names no row of the recordset"));
+    setCurrentIndex(index);
+}
+
+bool Recordset::hasBookmark(Bookmark bookmark) const {
+    return m_view.contains(bookmark);
+}
+
+std::function<Value(const QString&)> Recordset::readerFor(const StoredRow& row) const {
+    return [this, &row](const QString& name) { return row.values[requireField(name)]; };
+}
+
+bool Recordset::find(const QString& criterion, qsizetype skip, bool forward) {
+    const Criteria criteria = Criteria::parse(criterion);
+    for (const QString& name : criteria.fields())
+        requireField(name);
+    qsizetype index = std::clamp<qsizetype>(m_index, 0, qMax<qsizetype>(m_view.size() - 1, 0));
+    index += forward ? skip : -skip;
+    for (; index >= 0 && index < m_view.size(); index += forward ? 1 : -1) {
+        const RowStore::Row* row = m_store->find(m_view[index]);
+        if (row && criteria.matches(readerFor(*row))) {
+            setCurrentIndex(index);
+            return true;
+        }
+    }
+    setCurrentIndex(forward ? m_view.size() : -1);
+    return false;
+}
+
+void Recordset::setFilter(const QString& criteria) {
+    const Criteria parsed = Criteria::parse(criteria);
+    for (const QString& name : parsed.fields())
+        requireField(name);
+    m_filter = criteria;
+    m_filterGroup = FilterGroup::None;
+    rebuildView(0);
+    m_index = 0;
+    Q_EMIT currentChanged();
+}
+
+void Recordset::setFilter(FilterGroup group) {
+    m_filter.clear();
+    m_filterGroup = group;
+    rebuildView(0);
+    m_index = 0;
+    Q_EMIT currentChanged();
+}
+
+QString Recordset::filter() const {
+    return m_filter;
+}
+
+void Recordset::setSort(const QString& sort) {
+    m_sort = sort;
+    const Bookmark keep = m_index >= 0 && m_index < m_view.size() ? m_view[m_index] : 0;
+    rebuildView(keep);
+}
+
+QString Recordset::sort() const {
+    return m_sort;
+}
+
+void Recordset::rebuildView(Bookmark keep) {
+    const Criteria criteria = Criteria::parse(m_filter);
+    QList<Bookmark> view;
+    view.reserve(m_store->rows().size());
+    for (const RowStore::Row& row : m_store->rows()) {
+        const bool pending = row.status != RowStatus::Unmodified;
+        bool visible = row.status != RowStatus::Deleted;
+        if (m_filterGroup == FilterGroup::PendingRecords)
+            visible = pending;
+        else if (m_filterGroup == FilterGroup::ConflictingRecords)
+            visible = row.conflict;
+        else if (visible && row.bookmark != m_store->adding)
+            visible = criteria.matches(readerFor(row));
+        if (visible)
+            view << row.bookmark;
+    }
+    if (!m_sort.trimmed().isEmpty())
+        sortView(view);
+    m_view = std::move(view);
+    const qsizetype kept = keep ? m_view.indexOf(keep) : -1;
+    if (kept >= 0)
+        m_index = kept;
+    else
+        m_index = std::clamp<qsizetype>(m_index, 0, m_view.size());
+    Q_EMIT rowsReset();
+}
+
+void Recordset::sortView(QList<Bookmark>& view) const {
+    struct Key {
+        int column;
+        bool descending;
+    };
+    QList<Key> keys;
+    for (const QString& part : m_sort.split(u',', Qt::SkipEmptyParts)) {
+        const QStringList words = part.simplified().split(u' ');
+        const bool descending =
+            words.size() > 1 && words[1].compare(QStringLiteral("DESC"), Qt::CaseInsensitive) == 0;
+        keys << Key{requireField(words[0]), descending};
+    }
+    std::stable_sort(view.begin(), view.end(), [&](Bookmark a, Bookmark b) {
+        const RowStore::Row* x = m_store->find(a);
+        const RowStore::Row* y = m_store->find(b);
+        for (const Key& key : keys) {
+            const int c = compareValues(x->values[key.column], y->values[key.column]);
+            if (c != 0)
+                return key.descending ? c > 0 : c < 0;
+        }
+        return false;
+    });
+}
+
+RecordsetPtr Recordset::clone() const {
+    RecordsetPtr copy(new Recordset(m_store));
+    copy->rebuildView(0);
+    copy->m_index = 0;
+    return copy;
+}
+
+void Recordset::requireWritable() const {
+    if (!m_store->open)
+        notOpen();
+    if (isReadOnly())
+        throw RuntimeError(RuntimeError::OperationNotAllowed,
+                           QStringLiteral("The recordset is read-only"));
+}
+
+void Recordset::addNew() {
+    requireWritable();
+    leaveEdit();
+    ValueList values;
+    values.reserve(m_store->columns.size());
+    const TableInfo* info = m_store->connection && !m_store->baseTable.isEmpty()
+                                ? &m_store->connection->tableInfo(m_store->baseTable)
+                                : nullptr;
+    for (const Column& column : std::as_const(m_store->columns)) {
+        const TableInfo::ColumnInfo* base = info ? info->column(column.baseColumn) : nullptr;
+        values << (base && !column.baseColumn.isEmpty() ? base->defaultValue : Value::null());
+    }
+    const Bookmark added = m_store->append(std::move(values), RowStatus::New);
+    m_store->adding = added;
+    m_store->notifyRowsChanged();
+    m_index = m_view.indexOf(added);
+    Q_EMIT currentChanged();
+}
+
+void Recordset::update() {
+    RowStore::Row& row = currentRowData();
+    row.beforeEdit.reset();
+    if (m_store->adding == row.bookmark)
+        m_store->adding = 0;
+}
+
+void Recordset::cancelUpdate() {
+    if (m_index < 0 || m_index >= m_view.size())
+        return;
+    RowStore::Row* row = m_store->find(m_view[m_index]);
+    if (!row)
+        return;
+    if (m_store->adding == row->bookmark) {
+        m_store->remove(row->bookmark);
+        m_store->notifyRowsChanged();
+        Q_EMIT currentChanged();
+        return;
+    }
+    if (!row->beforeEdit)
+        return;
+    row->values = *row->beforeEdit;
+    row->beforeEdit.reset();
+    if (row->status == RowStatus::Modified && row->original && *row->original == row->values) {
+        row->original.reset();
+        row->status = RowStatus::Unmodified;
+    }
+    m_store->notifyValueChanged(row->bookmark);
+}
+
+void Recordset::cancelBatch() {
+    QList<Bookmark> added;
+    for (RowStore::Row& row : m_store->rows()) {
+        row.beforeEdit.reset();
+        row.conflict = false;
+        if (row.status == RowStatus::New) {
+            added << row.bookmark;
+            continue;
+        }
+        if (row.original)
+            row.values = *row.original;
+        row.original.reset();
+        row.status = RowStatus::Unmodified;
+    }
+    for (Bookmark bookmark : std::as_const(added))
+        m_store->remove(bookmark);
+    m_store->adding = 0;
+    m_store->notifyRowsChanged();
+}
+
+void Recordset::deleteRow() {
+    requireWritable();
+    RowStore::Row& row = currentRowData();
+    const Bookmark bookmark = row.bookmark;
+    if (row.status == RowStatus::New) {
+        m_store->remove(bookmark);
+    } else {
+        if (!row.original)
+            row.original = row.values;
+        row.status = RowStatus::Deleted;
+        row.beforeEdit.reset();
+    }
+    if (m_store->adding == bookmark)
+        m_store->adding = 0;
+    // The cursor stays on the deleted row's place until the next move, as the host expects.
+    const qsizetype place = m_index;
+    m_store->notifyRowsChanged();
+    m_index = std::clamp<qsizetype>(place, 0, m_view.size());
+    Q_EMIT currentChanged();
+}
+
+Recordset::RowStatus Recordset::status() const {
+    return currentRowData().status;
+}
+
+Recordset::EditMode Recordset::editMode() const {
+    if (m_index < 0 || m_index >= m_view.size())
+        return EditMode::None;
+    const RowStore::Row* row = m_store->find(m_view[m_index]);
+    if (!row)
+        return EditMode::None;
+    if (row->bookmark == m_store->adding)
+        return EditMode::Adding;
+    return row->beforeEdit ? EditMode::Editing : EditMode::None;
+}
+
+qsizetype Recordset::pendingCount() const {
+    return std::count_if(
+        m_store->rows().cbegin(), m_store->rows().cend(),
+        [](const RowStore::Row& row) { return row.status != RowStatus::Unmodified; });
+}
+
+void Recordset::writeRows(const QList<Bookmark>& bookmarks) {
+    requireWritable();
+    if (!m_store->connection || m_store->baseTable.isEmpty())
+        throw RuntimeError(
+            RuntimeError::OperationNotAllowed,
+            QStringLiteral("The rows come from no single table and cannot be written"));
+    leaveEdit();
+    Connection& connection = *m_store->connection;
+    RowWriter writer(connection, m_store->baseTable, m_store->columns);
+
+    struct Written {
+        Bookmark bookmark;
+        ValueList values;
+    };
+    QList<Written> written;
+    QStringList failures;
+    {
+        TransactionGuard transaction(connection);
+        for (Bookmark bookmark : bookmarks) {
+            RowStore::Row* row = m_store->find(bookmark);
+            if (!row || row->status == RowStatus::Unmodified)
+                continue;
+            // Work on a copy: the row keeps its pending state unless the whole write commits.
+            RowStore::Row attempt = *row;
+            try {
+                if (writer.write(attempt) == RowWriter::Outcome::Conflict) {
+                    row->conflict = true;
+                    row->error = QStringLiteral("the row was changed or deleted by another user "
+                                                "since it was read");
+                } else {
+                    row->conflict = false;
+                    row->error.clear();
+                    written << Written{bookmark, attempt.values};
+                }
+            } catch (const RuntimeError& e) {
+                row->conflict = true;
+                row->error = e.description();
+            }
+            if (row->conflict)
+                failures << row->error;
+        }
+        transaction.commit();
+    }
+    for (const Written& w : std::as_const(written)) {
+        RowStore::Row* row = m_store->find(w.bookmark);
+        if (row->status == RowStatus::Deleted) {
+            m_store->remove(w.bookmark);
+            continue;
+        }
+        row->values = w.values;
+        row->original.reset();
+        row->status = RowStatus::Unmodified;
+    }
+    m_store->notifyRowsChanged();
+    if (!failures.isEmpty())
+        throw RuntimeError(
+            RuntimeError::RowConflict,
+            QStringLiteral("%1 of the rows could not be saved and are still pending: %2")
+                .arg(failures.size())
+                .arg(failures.join(QStringLiteral("; "))));
+}
+
+void Recordset::updateBatch() {
+    QList<Bookmark> pending;
+    for (const RowStore::Row& row : m_store->rows()) {
+        if (row.status != RowStatus::Unmodified)
+            pending << row.bookmark;
+    }
+    writeRows(pending);
+}
+
+void Recordset::updateCurrent() {
+    writeRows({currentRowData().bookmark});
+}
+
+void Recordset::requery() {
+    if (!m_store->connection)
+        throw RuntimeError(RuntimeError::OperationNotAllowed,
+                           QStringLiteral("A recordset built in memory cannot be read again"));
+    ResultSet rows = m_store->connection->query(m_store->source);
+    m_store->reset(std::move(rows.rows));
+    m_index = 0;
+    m_store->notifyRowsChanged();
+    m_index = 0;
+    Q_EMIT currentChanged();
+}
+
+} // namespace tarvello::db

@@ -1,0 +1,64 @@
+#include "platform/db/rowstore.h"
+
+namespace tarvello::db {
+
+void RowStore::reset(QList<ValueList> rows) {
+    m_rows.clear();
+    m_rows.reserve(rows.size());
+    m_index.clear();
+    m_index.reserve(rows.size());
+    adding = 0;
+    for (ValueList& values : rows) {
+        Row row;
+        row.bookmark = m_next++;
+        row.values = std::move(values);
+        m_index.insert(row.bookmark, m_rows.size());
+        m_rows.append(std::move(row));
+    }
+}
+
+Recordset::Bookmark RowStore::append(ValueList values, Recordset::RowStatus status) {
+    Row row;
+    row.bookmark = m_next++;
+    row.values = std::move(values);
+    row.status = status;
+    m_index.insert(row.bookmark, m_rows.size());
+    m_rows.append(std::move(row));
+    return m_rows.last().bookmark;
+}
+
+void RowStore::remove(Recordset::Bookmark bookmark) {
+    const auto found = m_index.constFind(bookmark);
+    if (found == m_index.cend())
+        return;
+    m_rows.removeAt(*found);
+    if (adding == bookmark)
+        adding = 0;
+    reindex();
+}
+
+RowStore::Row* RowStore::find(Recordset::Bookmark bookmark) {
+    const auto found = m_index.constFind(bookmark);
+    return found == m_index.cend() ? nullptr : &m_rows[*found];
+}
+
+const RowStore::Row* RowStore::find(Recordset::Bookmark bookmark) const {
+    const auto found = m_index.constFind(bookmark);
+    return found == m_index.cend() ? nullptr : &m_rows[*found];
+}
+
+int RowStore::columnIndex(QStringView name) const {
+    for (int i = 0; i < columns.size(); ++i) {
+        if (columns[i].name.compare(name, Qt::CaseInsensitive) == 0)
+            return i;
+    }
+    return -1;
+}
+
+void RowStore::reindex() {
+    m_index.clear();
+    for (qsizetype i = 0; i < m_rows.size(); ++i)
+        m_index.insert(m_rows[i].bookmark, i);
+}
+
+} // namespace tarvello::db

@@ -1,0 +1,252 @@
+#include "platform/db/sqliteengine.h"
+
+#include <sqlite3.h>
+
+namespace tarvello::db {
+
+namespace {
+
+constexpr auto isoFormat = "yyyy-MM-ddTHH:mm:ss";
+
+QString columnText(sqlite3_stmt* statement, int column) {
+    const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(statement, column));
+    return QString::fromUtf8(text, sqlite3_column_bytes(statement, column));
+}
+
+QString utf8OrEmpty(const char* text) {
+    return text ? QString::fromUtf8(text) : QString();
+}
+
+Value readValue(sqlite3_stmt* statement, int column, ColumnKind kind) {
+    switch (sqlite3_column_type(statement, column)) {
+    case SQLITE_NULL:
+        return Value::null();
+    case SQLITE_INTEGER: {
+        const qint64 v = sqlite3_column_int64(statement, column);
+        if (kind == ColumnKind::Decimal)
+            return Decimal(v);
+        if (kind == ColumnKind::Boolean)
+            return v != 0;
+        return v;
+    }
+    case SQLITE_FLOAT:
+        if (kind == ColumnKind::Decimal) {
+            if (const auto d = Decimal::parse(columnText(statement, column)))
+                return d->normalized();
+        }
+        return sqlite3_column_double(statement, column);
+    case SQLITE_BLOB:
+        return QString::fromUtf8(static_cast<const char*>(sqlite3_column_blob(statement, column)),
+                                 sqlite3_column_bytes(statement, column));
+    default:
+        break;
+    }
+    const Value text = columnText(statement, column);
+    return kind == ColumnKind::Text ? text : convertToKind(text, kind);
+}
+
+} // namespace
+
+SqliteEngine::SqliteEngine(const QString& path) {
+    const int flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_URI;
+    if (sqlite3_open_v2(path.toUtf8().constData(), &m_db, flags, nullptr) != SQLITE_OK) {
+        const QString message = utf8OrEmpty(sqlite3_errmsg(m_db));
+        sqlite3_close(m_db);
+        m_db = nullptr;
+        throw EngineError({SQLITE_CANTOPEN, message, {}, QStringLiteral("SQLite")});
+    }
+    sqlite3_busy_timeout(m_db, 5000);
+    exec("PRAGMA foreign_keys = ON");
+    const bool inMemory = path.isEmpty() || path == u":memory:" || path.contains(u"mode=memory");
+    if (!inMemory)
+        exec("PRAGMA journal_mode = WAL");
+}
+
+SqliteEngine::~SqliteEngine() {
+    for (sqlite3_stmt* statement : std::as_const(m_statements))
+        sqlite3_finalize(statement);
+    sqlite3_close(m_db);
+}
+
+void SqliteEngine::exec(const char* sql) {
+    char* error = nullptr;
+    if (sqlite3_exec(m_db, sql, nullptr, nullptr, &error) != SQLITE_OK) {
+        const QString message = utf8OrEmpty(error);
+        sqlite3_free(error);
+        throw EngineError({sqlite3_extended_errcode(m_db), message, {}, QStringLiteral("SQLite")});
+    }
+}
+
+void SqliteEngine::fail(const QString& sql) const {
+    Q_UNUSED(sql);
+    throw EngineError({sqlite3_extended_errcode(m_db),
+                       utf8OrEmpty(sqlite3_errmsg(m_db)),
+                       {},
+                       QStringLiteral("SQLite")});
+}
+
+sqlite3_stmt* SqliteEngine::prepare(const QString& sql) {
+    if (sqlite3_stmt* cached = m_statements.value(sql))
+        return cached;
+    const QByteArray text = sql.toUtf8();
+    sqlite3_stmt* statement = nullptr;
+    const char* tail = nullptr;
+    if (sqlite3_prepare_v2(m_db, text.constData(), int(text.size()), &statement, &tail) !=
+        SQLITE_OK)
+        fail(sql);
+    if (!statement) // only blanks or comments
+        return nullptr;
+    if (tail && !QByteArray(tail).trimmed().isEmpty()) {
+        sqlite3_finalize(statement);
+        throw EngineError({SQLITE_MISUSE,
+                           QStringLiteral("More than one statement in one call"),
+                           {},
+                           QStringLiteral("SQLite")});
+    }
+    m_statements.insert(sql, statement);
+    return statement;
+}
+
+void SqliteEngine::bind(sqlite3_stmt* statement, const ValueList& parameters, const QString& sql) {
+    if (sqlite3_bind_parameter_count(statement) != parameters.size())
+        throw EngineError({SQLITE_RANGE,
+                           QStringLiteral("%1 parameters given for %2 markers")
+                               .arg(parameters.size())
+                               .arg(sqlite3_bind_parameter_count(statement)),
+                           {},
+                           QStringLiteral("SQLite")});
+    for (int i = 0; i < parameters.size(); ++i) {
+        const Value& v = parameters[i];
+        int rc = SQLITE_OK;
+        switch (v.kind()) {
+        case Value::Kind::Empty:
+        case Value::Kind::Null:
+            rc = sqlite3_bind_null(statement, i + 1);
+            break;
+        case Value::Kind::Boolean:
+            rc = sqlite3_bind_int(statement, i + 1, v.toBool() ? 1 : 0);
+            break;
+        case Value::Kind::Integer:
+            rc = sqlite3_bind_int64(statement, i + 1, v.toInt64());
+            break;
+        case Value::Kind::Double:
+            rc = sqlite3_bind_double(statement, i + 1, v.toDouble());
+            break;
+        case Value::Kind::Date: {
+            const QByteArray text =
+                v.toDateTime().toString(QString::fromLatin1(isoFormat)).toUtf8();
+            rc = sqlite3_bind_text(statement, i + 1, text.constData(), int(text.size()),
+                                   SQLITE_TRANSIENT);
+            break;
+        }
+        default: {
+            const QByteArray text = v.toString().toUtf8();
+            rc = sqlite3_bind_text(statement, i + 1, text.constData(), int(text.size()),
+                                   SQLITE_TRANSIENT);
+            break;
+        }
+        }
+        if (rc != SQLITE_OK)
+            fail(sql);
+    }
+}
+
+ResultSet SqliteEngine::run(const QString& sql, const ValueList& parameters) {
+    sqlite3_stmt* statement = prepare(sql);
+    ResultSet result;
+    if (!statement)
+        return result;
+    // Statements built with their values in the text are seldom sent twice: only the
+    // parameterised ones stay prepared.
+    const bool keep = !parameters.isEmpty();
+    struct Finish {
+        SqliteEngine* engine;
+        sqlite3_stmt* statement;
+        const QString& sql;
+        bool keep;
+        ~Finish() {
+            sqlite3_reset(statement);
+            sqlite3_clear_bindings(statement);
+            if (!keep) {
+                engine->m_statements.remove(sql);
+                sqlite3_finalize(statement);
+            }
+        }
+    } finish{this, statement, sql, keep};
+
+    bind(statement, parameters, sql);
+    const int columnCount = sqlite3_column_count(statement);
+    QList<ColumnKind> kinds;
+    for (int c = 0; c < columnCount; ++c) {
+        Column column;
+        column.name = utf8OrEmpty(sqlite3_column_name(statement, c));
+        column.kind =
+            columnKindFromDeclaredType(utf8OrEmpty(sqlite3_column_decltype(statement, c)));
+        column.baseTable = utf8OrEmpty(sqlite3_column_table_name(statement, c));
+        column.baseColumn = utf8OrEmpty(sqlite3_column_origin_name(statement, c));
+        kinds << column.kind;
+        result.columns << column;
+    }
+    for (;;) {
+        const int rc = sqlite3_step(statement);
+        if (rc == SQLITE_DONE)
+            break;
+        if (rc != SQLITE_ROW)
+            fail(sql);
+        ValueList row;
+        row.reserve(columnCount);
+        for (int c = 0; c < columnCount; ++c)
+            row << readValue(statement, c, kinds[c]);
+        result.rows << std::move(row);
+    }
+    if (columnCount == 0)
+        result.rowsAffected = sqlite3_changes64(m_db);
+    return result;
+}
+
+void SqliteEngine::begin() {
+    exec("BEGIN");
+}
+
+void SqliteEngine::commit() {
+    exec("COMMIT");
+}
+
+void SqliteEngine::rollback() {
+    exec("ROLLBACK");
+}
+
+TableInfo SqliteEngine::tableInfo(const QString& table) {
+    return sqlitePragmaTableInfo(*this, table);
+}
+
+TableInfo sqlitePragmaTableInfo(Engine& engine, const QString& table) {
+    TableInfo info;
+    info.name = table;
+    QString name = table;
+    name.replace(u'"', QStringLiteral("\"\""));
+    const ResultSet rows = engine.run(QStringLiteral("PRAGMA table_info(\"%1\")").arg(name), {});
+    int keyColumns = 0;
+    for (const ValueList& row : rows.rows) {
+        TableInfo::ColumnInfo column;
+        column.name = row[1].toString();
+        const QString declared = row[2].toString();
+        column.kind = columnKindFromDeclaredType(declared);
+        column.notNull = row[3].toInt64() != 0;
+        column.hasDefault = !row[4].isNull();
+        column.defaultValue = defaultValueFromSql(row[4].toString(), column.kind);
+        column.primaryKey = row[5].toInt64() != 0;
+        // An INTEGER PRIMARY KEY is the row id: the database assigns it.
+        column.identity =
+            column.primaryKey && declared.compare(u"INTEGER", Qt::CaseInsensitive) == 0;
+        keyColumns += column.primaryKey ? 1 : 0;
+        info.columns << column;
+    }
+    if (keyColumns > 1) {
+        for (auto& column : info.columns)
+            column.identity = false;
+    }
+    return info;
+}
+
+} // namespace tarvello::db

@@ -1,0 +1,103 @@
+#include "platform/db/connection.h"
+#include "platform/db/recordset.h"
+#include "platform/db/runtimeerror.h"
+#include "support/testdatabase.h"
+
+#include <gtest/gtest.h>
+
+using namespace tarvello;
+using namespace tarvello::db;
+
+class ConnectionTest : public ::testing::TestWithParam<test::DatabaseTarget> {
+protected:
+    void SetUp() override {
+        database = std::make_unique<test::TestDatabase>(GetParam());
+        db().executeNonQuery(QStringLiteral(
+            "CREATE TABLE T1 (T1_ID INTEGER PRIMARY KEY AUTOINCREMENT, T1_CODE VARCHAR(20) NOT "
+            "NULL, T1_QTY DECIMAL(9,3), T1_DAY DATETIME, T1_KIND SMALLINT DEFAULT -1)"));
+    }
+    Connection& db() { return database->connection(); }
+    std::unique_ptr<test::TestDatabase> database;
+};
+
+TEST_P(ConnectionTest, ExecuteReturnsTypedRowsWithAnExactCount) {
+    db().executeNonQuery(QStringLiteral(
+        "INSERT INTO T1 (T1_CODE, T1_QTY, T1_DAY) VALUES ('A''1', 12.5, '2024-03-01T00:00:00')"));
+    db().executeNonQuery(QStringLiteral("INSERT INTO T1 (T1_CODE) VALUES ('B')"));
+    const RecordsetPtr rs = db().execute(QStringLiteral("SELECT * FROM T1 ORDER BY T1_CODE"));
+    ASSERT_EQ(rs->recordCount(), 2);
+    EXPECT_TRUE(rs->isReadOnly());
+    EXPECT_EQ(rs->value(u"T1_CODE"), Value("A'1"));
+    EXPECT_EQ(rs->value(u"T1_QTY").kind(), Value::Kind::Decimal);
+    EXPECT_EQ(rs->value(u"T1_QTY").toString(), QStringLiteral("12.5"));
+    EXPECT_EQ(rs->value(u"T1_DAY").toDate(), QDate(2024, 3, 1));
+    EXPECT_EQ(rs->value(u"T1_KIND"), Value(-1));
+    rs->moveNext();
+    EXPECT_TRUE(rs->value(u"T1_QTY").isNull());
+    EXPECT_THROW(rs->setValue(u"T1_CODE", "X"), RuntimeError);
+}
+
+TEST_P(ConnectionTest, AFailingStatementRaisesTheProviderErrorWithTheOriginalText) {
+    const QString tsql = QStringLiteral("SELECT NOPE FROM T1 WITH (NOLOCK)");
+    try {
+        db().execute(tsql);
+        FAIL() << "no error raised";
+    } catch (const RuntimeError& e) {
+        EXPECT_NE(e.number(), 0);
+        EXPECT_TRUE(e.description().contains(tsql)) << e.description().toStdString();
+    }
+    ASSERT_EQ(db().errors().size(), 1);
+    EXPECT_FALSE(db().errors().first().description.isEmpty());
+}
+
+TEST_P(ConnectionTest, TheLogKeepsStatementsAsSentAndInOrder) {
+    db().log().clear();
+    db().executeNonQuery(QStringLiteral("INSERT INTO T1 (T1_CODE) VALUES (N'Z')"));
+    db().execute(QStringLiteral("SELECT TOP 1 T1_CODE FROM T1 WITH (NOLOCK)"));
+    ASSERT_EQ(db().log().size(), 2);
+    EXPECT_EQ(db().log().entries()[0].text,
+              QStringLiteral("INSERT INTO T1 (T1_CODE) VALUES (N'Z')"));
+    EXPECT_EQ(db().log().entries()[1].text,
+              QStringLiteral("SELECT TOP 1 T1_CODE FROM T1 WITH (NOLOCK)"));
+}
+
+TEST_P(ConnectionTest, TransactionsNestAndAGuardRollsBackUnlessCommitted) {
+    {
+        TransactionGuard outer(db());
+        db().executeNonQuery(QStringLiteral("INSERT INTO T1 (T1_CODE) VALUES ('KEPT')"));
+        {
+            TransactionGuard inner(db());
+            db().executeNonQuery(QStringLiteral("INSERT INTO T1 (T1_CODE) VALUES ('DROPPED')"));
+        }
+        outer.commit();
+    }
+    {
+        TransactionGuard abandoned(db());
+        db().executeNonQuery(QStringLiteral("INSERT INTO T1 (T1_CODE) VALUES ('LOST')"));
+    }
+    EXPECT_EQ(db().transactionLevel(), 0);
+    const RecordsetPtr rs = db().execute(QStringLiteral("SELECT T1_CODE FROM T1"));
+    ASSERT_EQ(rs->recordCount(), 1);
+    EXPECT_EQ(rs->value(u"T1_CODE"), Value("KEPT"));
+}
+
+TEST_P(ConnectionTest, InsertRowReadsTheIdentityBack) {
+    const Value first = db().insertRow(QStringLiteral("T1"), {QStringLiteral("T1_CODE")}, {"A"},
+                                       QStringLiteral("T1_ID"));
+    const Value second = db().insertRow(QStringLiteral("T1"), {QStringLiteral("T1_CODE")}, {"B"},
+                                        QStringLiteral("T1_ID"));
+    EXPECT_EQ(second.toInt64(), first.toInt64() + 1);
+    const TableInfo& info = db().tableInfo(QStringLiteral("T1"));
+    EXPECT_EQ(info.identityColumn(), QStringLiteral("T1_ID"));
+    EXPECT_EQ(info.column(u"T1_KIND")->defaultValue, Value(-1));
+}
+
+INSTANTIATE_TEST_SUITE_P(Targets, ConnectionTest, ::testing::ValuesIn(test::databaseTargets()),
+                         [](const auto& info) { return test::targetName(info.param); });
+
+TEST(ConnectionStrings, ABadOdbcDriverIsAProviderError) {
+    Connection connection;
+    EXPECT_THROW(connection.open(QStringLiteral("DRIVER={No Such Driver};SERVER=x")), RuntimeError);
+    EXPECT_FALSE(connection.isOpen());
+    EXPECT_EQ(connection.errors().size(), 1);
+}

@@ -1,0 +1,232 @@
+#include "platform/db/connection.h"
+#include "platform/db/recordset.h"
+#include "platform/db/runtimeerror.h"
+#include "support/testdatabase.h"
+
+#include <gtest/gtest.h>
+
+using namespace tarvello;
+using namespace tarvello::db;
+
+namespace {
+
+QStringList codes(Recordset& rs, const char* field = "D_CODE") {
+    QStringList out;
+    if (rs.recordCount() == 0)
+        return out;
+    const auto keep = rs.bookmark();
+    for (rs.moveFirst(); !rs.eof(); rs.moveNext())
+        out << rs.value(QString::fromLatin1(field)).toString();
+    rs.setBookmark(keep);
+    return out;
+}
+
+} // namespace
+
+class RecordsetTest : public ::testing::TestWithParam<test::DatabaseTarget> {
+protected:
+    void SetUp() override {
+        database = std::make_unique<test::TestDatabase>(GetParam());
+        database->runScript(QStringLiteral(
+            "CREATE TABLE D (D_ID INTEGER PRIMARY KEY AUTOINCREMENT, D_OWNER INT NOT NULL, "
+            "D_CODE VARCHAR(10) NOT NULL, D_SHARE DECIMAL(6,3), D_FROM DATETIME, "
+            "D_KIND SMALLINT DEFAULT -1, D_FLAG SMALLINT DEFAULT 0);\n"
+            "INSERT INTO D (D_OWNER, D_CODE, D_SHARE, D_FROM) VALUES (1, 'A', 10.5, "
+            "'2024-01-01');\n"
+            "INSERT INTO D (D_OWNER, D_CODE, D_SHARE) VALUES (1, 'B', 20);\n"
+            "INSERT INTO D (D_OWNER, D_CODE) VALUES (2, 'C');\n"
+            "INSERT INTO D (D_OWNER, D_CODE) VALUES (2, 'D');\n"));
+    }
+    Connection& db() { return database->connection(); }
+    RecordsetPtr openAll(const QString& where = {}) {
+        return Recordset::open(
+            db(),
+            QStringLiteral("SELECT ROW_NUMBER() OVER (ORDER BY D_OWNER) AS ID, * FROM D") + where);
+    }
+    QString cell(const QString& sql) { return db().execute(sql)->value(0).toString(); }
+    std::unique_ptr<test::TestDatabase> database;
+};
+
+TEST_P(RecordsetTest, FilterCloneFindAndBookmarksWorkTogether) {
+    const RecordsetPtr rs = openAll();
+    EXPECT_EQ(rs->baseTable(), QStringLiteral("D"));
+    rs->setFilter(QStringLiteral("D_OWNER = 2"));
+    EXPECT_EQ(codes(*rs), (QStringList{"C", "D"}));
+
+    // A clone shares the rows but not the filter or the cursor.
+    const RecordsetPtr clone = rs->clone();
+    EXPECT_EQ(clone->recordCount(), 4);
+    ASSERT_TRUE(clone->find(QStringLiteral("D_CODE = 'D'")));
+    const auto bookmarkOfD = clone->bookmark();
+    EXPECT_EQ(rs->value(u"D_CODE"), Value("C"));
+    rs->setBookmark(bookmarkOfD);
+    EXPECT_EQ(rs->value(u"D_CODE"), Value("D"));
+
+    // A change through the clone is seen through the other handle.
+    clone->setValue(u"D_CODE", "DD");
+    EXPECT_EQ(rs->value(u"D_CODE"), Value("DD"));
+
+    EXPECT_FALSE(clone->find(QStringLiteral("D_CODE = 'Z'")));
+    EXPECT_TRUE(clone->eof());
+    clone->moveLast();
+    ASSERT_TRUE(clone->find(QStringLiteral("D_CODE LIKE 'A*'"), 0, false));
+    EXPECT_EQ(clone->absolutePosition(), 1);
+    EXPECT_THROW(rs->setBookmark(clone->bookmark()), RuntimeError); // A is filtered out of rs
+}
+
+TEST_P(RecordsetTest, BatchSaveWritesRowsHiddenByTheFilterAndKeepsComputedColumnsOut) {
+    const RecordsetPtr rs = openAll();
+    rs->find(QStringLiteral("D_CODE = 'A'"));
+    rs->setValue(u"D_SHARE", *Decimal::parse(u"33.333"));
+    rs->setFilter(QStringLiteral("D_OWNER = 2"));
+    rs->setValue(u"D_CODE", "C2");
+    rs->addNew();
+    EXPECT_EQ(rs->value(u"D_KIND"), Value(-1)); // the column's default
+    rs->setValue(u"D_OWNER", 2);
+    rs->setValue(u"D_CODE", "E");
+    rs->update();
+    EXPECT_EQ(rs->pendingCount(), 3);
+    rs->updateBatch();
+    EXPECT_EQ(rs->pendingCount(), 0);
+    EXPECT_EQ(cell(QStringLiteral("SELECT D_SHARE FROM D WHERE D_CODE = 'A'")),
+              QStringLiteral("33.333"));
+    EXPECT_EQ(cell(QStringLiteral("SELECT COUNT(*) FROM D WHERE D_CODE IN ('C2', 'E')")),
+              QStringLiteral("2"));
+    EXPECT_EQ(cell(QStringLiteral("SELECT D_KIND FROM D WHERE D_CODE = 'E'")),
+              QStringLiteral("-1"));
+}
+
+TEST_P(RecordsetTest, TheIdentityIsReadBackAfterAnInsert) {
+    const RecordsetPtr rs = openAll(QStringLiteral(" WHERE 1 = 0"));
+    EXPECT_EQ(rs->recordCount(), 0);
+    EXPECT_TRUE(rs->bof() && rs->eof());
+    rs->addNew();
+    EXPECT_EQ(rs->editMode(), Recordset::EditMode::Adding);
+    rs->setValue(u"D_OWNER", 7);
+    rs->setValue(u"D_CODE", "NEW");
+    rs->updateCurrent();
+    const Value id = rs->value(u"D_ID");
+    ASSERT_FALSE(id.isNull());
+    EXPECT_EQ(cell(QStringLiteral("SELECT D_CODE FROM D WHERE D_ID = ") + id.sqlLiteral()),
+              QStringLiteral("NEW"));
+    EXPECT_EQ(rs->status(), Recordset::RowStatus::Unmodified);
+}
+
+TEST_P(RecordsetTest, AConflictLeavesTheRowPendingWithItsValuesAndSavesTheOthers) {
+    const RecordsetPtr rs = openAll();
+    rs->find(QStringLiteral("D_CODE = 'A'"));
+    rs->setValue(u"D_SHARE", 1);
+    rs->find(QStringLiteral("D_CODE = 'B'"));
+    rs->setValue(u"D_SHARE", 2);
+    rs->find(QStringLiteral("D_CODE = 'C'"));
+    rs->deleteRow();
+    // Someone else changes A's share and removes C after we read them.
+    db().executeNonQuery(QStringLiteral("UPDATE D SET D_SHARE = 99 WHERE D_CODE = 'A'"));
+    db().executeNonQuery(QStringLiteral("DELETE FROM D WHERE D_CODE = 'C'"));
+
+    try {
+        rs->updateBatch();
+        FAIL() << "the conflicts were not reported";
+    } catch (const RuntimeError& e) {
+        EXPECT_EQ(e.number(), RuntimeError::RowConflict);
+    }
+    EXPECT_EQ(cell(QStringLiteral("SELECT D_SHARE FROM D WHERE D_CODE = 'B'")),
+              QStringLiteral("2"));
+    EXPECT_EQ(cell(QStringLiteral("SELECT D_SHARE FROM D WHERE D_CODE = 'A'")),
+              QStringLiteral("99"));
+    EXPECT_EQ(rs->pendingCount(), 2);
+    rs->setFilter(Recordset::FilterGroup::ConflictingRecords);
+    ASSERT_EQ(rs->recordCount(), 2); // A, and the deletion of C that found nothing to delete
+    ASSERT_TRUE(rs->find(QStringLiteral("D_CODE = 'A'")));
+    EXPECT_EQ(rs->value(u"D_SHARE"), Value(1));
+    EXPECT_EQ(rs->originalValue(u"D_SHARE").toString(), QStringLiteral("10.5"));
+}
+
+TEST_P(RecordsetTest, ARefusedRowStaysPendingWhileTheOthersAreWritten) {
+    const RecordsetPtr rs = openAll(QStringLiteral(" WHERE 1 = 0"));
+    rs->addNew();
+    rs->setValue(u"D_OWNER", 3);
+    rs->setValue(u"D_CODE", "OK");
+    rs->addNew();
+    rs->setValue(u"D_OWNER", 3); // D_CODE is NOT NULL and left empty
+    EXPECT_THROW(rs->updateBatch(), RuntimeError);
+    EXPECT_EQ(cell(QStringLiteral("SELECT COUNT(*) FROM D WHERE D_OWNER = 3")),
+              QStringLiteral("1"));
+    EXPECT_EQ(rs->pendingCount(), 1);
+    rs->setValue(u"D_CODE", "FIXED");
+    rs->updateBatch();
+    EXPECT_EQ(cell(QStringLiteral("SELECT COUNT(*) FROM D WHERE D_OWNER = 3")),
+              QStringLiteral("2"));
+}
+
+TEST_P(RecordsetTest, CancelDropsANewRowAndRestoresAnEditedOne) {
+    const RecordsetPtr rs = openAll();
+    rs->addNew();
+    rs->setValue(u"D_CODE", "GONE");
+    EXPECT_EQ(rs->recordCount(), 5);
+    rs->cancelUpdate();
+    EXPECT_EQ(rs->recordCount(), 4);
+    EXPECT_EQ(rs->pendingCount(), 0);
+
+    rs->moveFirst();
+    rs->setValue(u"D_CODE", "CHANGED");
+    rs->cancelUpdate();
+    EXPECT_EQ(rs->value(u"D_CODE"), Value("A"));
+    EXPECT_EQ(rs->pendingCount(), 0);
+
+    rs->setValue(u"D_CODE", "X");
+    rs->update();
+    rs->moveLast();
+    rs->deleteRow();
+    rs->cancelBatch();
+    EXPECT_EQ(rs->pendingCount(), 0);
+    EXPECT_EQ(codes(*rs), (QStringList{"A", "B", "C", "D"}));
+}
+
+TEST_P(RecordsetTest, RequeryReadsRowsWrittenByOthersAndSortOrdersThem) {
+    const RecordsetPtr rs = openAll();
+    db().executeNonQuery(QStringLiteral("INSERT INTO D (D_OWNER, D_CODE) VALUES (0, 'AA')"));
+    EXPECT_EQ(rs->recordCount(), 4);
+    rs->setValue(u"D_CODE", "DROPPED");
+    rs->requery();
+    EXPECT_EQ(rs->recordCount(), 5);
+    EXPECT_EQ(rs->pendingCount(), 0);
+    rs->setSort(QStringLiteral("D_OWNER DESC, D_CODE"));
+    EXPECT_EQ(codes(*rs), (QStringList{"C", "D", "A", "B", "AA"}));
+}
+
+TEST_P(RecordsetTest, MovingPastTheEndsRaisesAsTheHostDoes) {
+    const RecordsetPtr rs = openAll();
+    rs->moveLast();
+    rs->moveNext();
+    EXPECT_TRUE(rs->eof());
+    EXPECT_THROW(rs->value(u"D_CODE"), RuntimeError);
+    EXPECT_THROW(rs->moveNext(), RuntimeError);
+    EXPECT_EQ(rs->absolutePosition(), -1);
+    rs->setAbsolutePosition(2);
+    EXPECT_EQ(rs->value(u"D_CODE"), Value("B"));
+    EXPECT_THROW(rs->value(u"NO_SUCH"), RuntimeError);
+}
+
+INSTANTIATE_TEST_SUITE_P(Targets, RecordsetTest, ::testing::ValuesIn(test::databaseTargets()),
+                         [](const auto& info) { return test::targetName(info.param); });
+
+TEST(InMemoryRecordset, AppendedFieldsHoldRowsThatCannotBeWritten) {
+    const RecordsetPtr rs = Recordset::create();
+    rs->appendField(QStringLiteral("CODE"), ColumnKind::Text);
+    rs->appendField(QStringLiteral("LEVEL"), ColumnKind::Integer);
+    rs->openInMemory();
+    EXPECT_THROW(rs->appendField(QStringLiteral("LATE")), RuntimeError);
+    for (int i = 3; i >= 1; --i) {
+        rs->addNew();
+        rs->setValue(u"CODE", QStringLiteral("A%1").arg(i));
+        rs->setValue(u"LEVEL", i % 2);
+        rs->update();
+    }
+    rs->setSort(QStringLiteral("CODE"));
+    EXPECT_EQ(codes(*rs, "CODE"), (QStringList{"A1", "A2", "A3"}));
+    rs->setFilter(QStringLiteral("LEVEL = 1"));
+    EXPECT_EQ(codes(*rs, "CODE"), (QStringList{"A1", "A3"}));
+    EXPECT_THROW(rs->updateBatch(), RuntimeError);
+    EXPECT_THROW(rs->requery(), RuntimeError);
+}
