@@ -1,0 +1,36 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+#include <QStringView>
+#include <functional>
+
+namespace tarvello::db {
+
+// Translates the T-SQL the module writes into SQLite statements with the same meaning.
+//
+// The text is tokenized (string and N'' literals, quoted and bracketed names, comments and
+// parentheses are recognised), so nothing inside a literal is ever touched. The forms handled
+// are the ones the module and the host lookups send: table hints, N'' literals, ISNULL, LEN,
+// SUBSTRING, LEFT/RIGHT, GETDATE, CAST/CONVERT, TOP, '+' between texts, SELECT ... INTO #T,
+// #temp names, IF OBJECT_ID(...) ... DROP TABLE, DELETE t FROM ... JOIN, batches and
+// SET NOCOUNT. Anything else goes through unchanged, so an unsupported form fails in SQLite
+// with its own message instead of running with another meaning.
+//
+// The result depends only on the text and on the lookup's answers, so it can be cached per
+// text for as long as the schema does not change.
+class TsqlRewriter {
+public:
+    // Tells whether a bare column name holds text; the connection answers from the schema
+    // (column names are unique across the host schema because of their table prefixes).
+    using TextColumnLookup = std::function<bool(QStringView column)>;
+    explicit TsqlRewriter(TextColumnLookup isTextColumn = {});
+    // The SQLite statements with the same meaning as the T-SQL text, in order (a T-SQL
+    // batch may become several statements; QSQLite-style engines run one at a time).
+    QStringList rewrite(const QString& tsql) const;
+
+private:
+    TextColumnLookup m_isTextColumn;
+};
+
+} // namespace tarvello::db
