@@ -12,21 +12,24 @@ namespace tarvello::db {
 
 namespace {
 
-bool isOdbcConnectionString(const QString& text) {
+bool isOdbcConnectionString(const QString& text)
+{
     static const QRegularExpression odbc(QStringLiteral("(^|;)\\s*(DRIVER|DSN)\\s*="),
                                          QRegularExpression::CaseInsensitiveOption);
     return odbc.match(text).hasMatch();
 }
 
 // "Data Source=PATH;..." or a bare path.
-QString sqlitePath(const QString& text) {
+QString sqlitePath(const QString& text)
+{
     static const QRegularExpression source(QStringLiteral("(?:^|;)\\s*Data Source\\s*=\\s*([^;]*)"),
                                            QRegularExpression::CaseInsensitiveOption);
     const QRegularExpressionMatch match = source.match(text);
     return match.hasMatch() ? match.captured(1).trimmed() : text.trimmed();
 }
 
-QString quotedIdentifier(const QString& name) {
+QString quotedIdentifier(const QString& name)
+{
     QString escaped = name;
     escaped.replace(u'"', QStringLiteral("\"\""));
     return u'"' + escaped + u'"';
@@ -36,11 +39,13 @@ QString quotedIdentifier(const QString& name) {
 
 Connection::Connection() = default;
 
-Connection::~Connection() {
+Connection::~Connection()
+{
     close();
 }
 
-void Connection::open(const QString& connectionString) {
+void Connection::open(const QString& connectionString)
+{
     close();
     try {
         if (isOdbcConnectionString(connectionString))
@@ -57,7 +62,8 @@ void Connection::open(const QString& connectionString) {
     m_connectionString = connectionString;
 }
 
-void Connection::close() {
+void Connection::close()
+{
     if (!m_engine)
         return;
     while (m_transactionLevel > 0) {
@@ -74,22 +80,26 @@ void Connection::close() {
     m_schemaVersion = -1;
 }
 
-Dialect Connection::dialect() const {
+Dialect Connection::dialect() const
+{
     return m_engine ? m_engine->dialect() : Dialect::Sqlite;
 }
 
-QString Connection::driverName() const {
+QString Connection::driverName() const
+{
     return m_engine ? m_engine->driverName() : QString();
 }
 
-Engine& Connection::engine() {
+Engine& Connection::engine()
+{
     if (!m_engine)
         throw RuntimeError(RuntimeError::OperationNotAllowed,
                            QStringLiteral("The connection is closed"));
     return *m_engine;
 }
 
-void Connection::refreshSchemaKnowledge() {
+void Connection::refreshSchemaKnowledge()
+{
     // Temporary tables have a schema version of their own.
     const auto versionOf = [this](const char* pragma) {
         return engine().run(QString::fromLatin1(pragma), {}).rows.value(0).value(0).toInt64();
@@ -115,7 +125,8 @@ void Connection::refreshSchemaKnowledge() {
     }
 }
 
-QStringList Connection::translate(const QString& tsql) {
+QStringList Connection::translate(const QString& tsql)
+{
     if (dialect() == Dialect::SqlServer)
         return {tsql};
     const auto cached = m_translations.constFind(tsql);
@@ -129,7 +140,8 @@ QStringList Connection::translate(const QString& tsql) {
     return statements;
 }
 
-void Connection::raise(const EngineError& e, const QString& original, const QString& sent) {
+void Connection::raise(const EngineError& e, const QString& original, const QString& sent)
+{
     ProviderError error = e.error();
     m_errors.append(error);
     QString description = error.description;
@@ -140,7 +152,8 @@ void Connection::raise(const EngineError& e, const QString& original, const QStr
     throw RuntimeError(error.number, description, error.source);
 }
 
-void Connection::refineColumnKinds(ResultSet& result) {
+void Connection::refineColumnKinds(ResultSet& result)
+{
     for (int c = 0; c < result.columns.size(); ++c) {
         Column& column = result.columns[c];
         if (column.baseTable.isEmpty() || column.baseColumn.isEmpty())
@@ -157,7 +170,8 @@ void Connection::refineColumnKinds(ResultSet& result) {
     }
 }
 
-ResultSet Connection::runTranslated(const QString& tsql, bool logAsInternal) {
+ResultSet Connection::runTranslated(const QString& tsql, bool logAsInternal)
+{
     if (m_log.isEnabled())
         m_log.append(tsql, logAsInternal);
     QStringList statements;
@@ -181,19 +195,23 @@ ResultSet Connection::runTranslated(const QString& tsql, bool logAsInternal) {
     return last;
 }
 
-RecordsetPtr Connection::execute(const QString& tsql) {
+RecordsetPtr Connection::execute(const QString& tsql)
+{
     return Recordset::fromResult(*this, tsql, runTranslated(tsql, false));
 }
 
-qint64 Connection::executeNonQuery(const QString& tsql) {
+qint64 Connection::executeNonQuery(const QString& tsql)
+{
     return runTranslated(tsql, false).rowsAffected;
 }
 
-ResultSet Connection::query(const QString& tsql) {
+ResultSet Connection::query(const QString& tsql)
+{
     return runTranslated(tsql, false);
 }
 
-ResultSet Connection::run(const QString& sql, const ValueList& parameters) {
+ResultSet Connection::run(const QString& sql, const ValueList& parameters)
+{
     if (m_log.isEnabled())
         m_log.append(sql, true);
     try {
@@ -204,7 +222,8 @@ ResultSet Connection::run(const QString& sql, const ValueList& parameters) {
 }
 
 Value Connection::insertRow(const QString& table, const QStringList& columns,
-                            const ValueList& values, const QString& identityColumn) {
+                            const ValueList& values, const QString& identityColumn)
+{
     QStringList names;
     QStringList markers;
     for (const QString& column : columns) {
@@ -233,7 +252,8 @@ Value Connection::insertRow(const QString& table, const QStringList& columns,
     return run(QStringLiteral("SELECT last_insert_rowid()")).rows.value(0).value(0);
 }
 
-void Connection::beginTrans() {
+void Connection::beginTrans()
+{
     try {
         if (m_transactionLevel == 0)
             engine().begin();
@@ -248,7 +268,8 @@ void Connection::beginTrans() {
     ++m_transactionLevel;
 }
 
-void Connection::commitTrans() {
+void Connection::commitTrans()
+{
     if (m_transactionLevel == 0)
         throw RuntimeError(RuntimeError::OperationNotAllowed,
                            QStringLiteral("No transaction is open"));
@@ -263,7 +284,8 @@ void Connection::commitTrans() {
     }
 }
 
-void Connection::rollbackTrans() {
+void Connection::rollbackTrans()
+{
     if (m_transactionLevel == 0)
         throw RuntimeError(RuntimeError::OperationNotAllowed,
                            QStringLiteral("No transaction is open"));
@@ -283,7 +305,8 @@ void Connection::rollbackTrans() {
     }
 }
 
-const TableInfo& Connection::tableInfo(const QString& table) {
+const TableInfo& Connection::tableInfo(const QString& table)
+{
     if (dialect() == Dialect::Sqlite)
         refreshSchemaKnowledge();
     const QString key = table.toUpper();
@@ -299,11 +322,13 @@ const TableInfo& Connection::tableInfo(const QString& table) {
 }
 
 TransactionGuard::TransactionGuard(Connection& connection)
-    : m_connection(connection) {
+    : m_connection(connection)
+{
     m_connection.beginTrans();
 }
 
-TransactionGuard::~TransactionGuard() {
+TransactionGuard::~TransactionGuard()
+{
     if (m_done)
         return;
     try {
@@ -313,7 +338,8 @@ TransactionGuard::~TransactionGuard() {
     }
 }
 
-void TransactionGuard::commit() {
+void TransactionGuard::commit()
+{
     m_connection.commitTrans();
     m_done = true;
 }

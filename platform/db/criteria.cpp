@@ -19,7 +19,8 @@ struct Criteria::Node {
 
 namespace {
 
-[[noreturn]] void invalid(const QString& text, const QString& why) {
+[[noreturn]] void invalid(const QString& text, const QString& why)
+{
     throw RuntimeError(RuntimeError::InvalidProcedureCall,
                        QStringLiteral("Invalid criteria \"%1\": %2").arg(text, why));
 }
@@ -34,9 +35,11 @@ struct Token {
 class Lexer {
 public:
     explicit Lexer(const QString& text)
-        : m_text(text) {}
+        : m_text(text)
+    {}
 
-    Token next() {
+    Token next()
+    {
         while (m_pos < m_text.size() && m_text[m_pos].isSpace())
             ++m_pos;
         if (m_pos >= m_text.size())
@@ -90,7 +93,8 @@ public:
     }
 
 private:
-    Value readQuoted(QChar quote) {
+    Value readQuoted(QChar quote)
+    {
         QString result;
         ++m_pos;
         while (m_pos < m_text.size()) {
@@ -108,7 +112,8 @@ private:
         invalid(m_text, QStringLiteral("unterminated text"));
     }
 
-    QString readDelimited(QChar close, QChar open = {}) {
+    QString readDelimited(QChar close, QChar open = {})
+    {
         Q_UNUSED(open);
         const qsizetype start = ++m_pos;
         while (m_pos < m_text.size() && m_text[m_pos] != close)
@@ -126,11 +131,13 @@ class Parser {
 public:
     explicit Parser(const QString& text)
         : m_text(text)
-        , m_lexer(text) {
+        , m_lexer(text)
+    {
         advance();
     }
 
-    std::shared_ptr<const Criteria::Node> parseAll() {
+    std::shared_ptr<const Criteria::Node> parseAll()
+    {
         auto root = parseOr();
         if (m_token.kind != Token::Kind::End)
             invalid(m_text, QStringLiteral("unexpected '%1'").arg(m_token.text));
@@ -141,12 +148,14 @@ private:
     using NodePtr = std::shared_ptr<const Criteria::Node>;
 
     void advance() { m_token = m_lexer.next(); }
-    bool atWord(const char* word) const {
+    bool atWord(const char* word) const
+    {
         return m_token.kind == Token::Kind::Word &&
                m_token.text.compare(QLatin1String(word), Qt::CaseInsensitive) == 0;
     }
 
-    NodePtr combine(Criteria::Node::Kind kind, NodePtr left, NodePtr right) {
+    NodePtr combine(Criteria::Node::Kind kind, NodePtr left, NodePtr right)
+    {
         auto node = std::make_shared<Criteria::Node>();
         node->kind = kind;
         node->left = std::move(left);
@@ -154,7 +163,8 @@ private:
         return node;
     }
 
-    NodePtr parseOr() {
+    NodePtr parseOr()
+    {
         NodePtr left = parseAnd();
         while (atWord("OR")) {
             advance();
@@ -163,7 +173,8 @@ private:
         return left;
     }
 
-    NodePtr parseAnd() {
+    NodePtr parseAnd()
+    {
         NodePtr left = parsePrimary();
         while (atWord("AND")) {
             advance();
@@ -172,7 +183,8 @@ private:
         return left;
     }
 
-    NodePtr parsePrimary() {
+    NodePtr parsePrimary()
+    {
         if (m_token.kind == Token::Kind::Open) {
             advance();
             NodePtr inner = parseOr();
@@ -232,7 +244,8 @@ private:
     Token m_token;
 };
 
-bool evaluate(const Criteria::Node& node, const Criteria::FieldReader& field) {
+bool evaluate(const Criteria::Node& node, const Criteria::FieldReader& field)
+{
     using Kind = Criteria::Node::Kind;
     if (node.kind == Kind::And)
         return evaluate(*node.left, field) && evaluate(*node.right, field);
@@ -263,7 +276,8 @@ bool evaluate(const Criteria::Node& node, const Criteria::FieldReader& field) {
     return false;
 }
 
-void collectFields(const Criteria::Node* node, QStringList& out) {
+void collectFields(const Criteria::Node* node, QStringList& out)
+{
     if (!node)
         return;
     if (node->kind == Criteria::Node::Kind::Compare) {
@@ -277,24 +291,28 @@ void collectFields(const Criteria::Node* node, QStringList& out) {
 
 } // namespace
 
-Criteria Criteria::parse(const QString& text) {
+Criteria Criteria::parse(const QString& text)
+{
     Criteria criteria;
     if (!text.trimmed().isEmpty())
         criteria.m_root = Parser(text).parseAll();
     return criteria;
 }
 
-bool Criteria::matches(const FieldReader& field) const {
+bool Criteria::matches(const FieldReader& field) const
+{
     return !m_root || evaluate(*m_root, field);
 }
 
-QStringList Criteria::fields() const {
+QStringList Criteria::fields() const
+{
     QStringList out;
     collectFields(m_root.get(), out);
     return out;
 }
 
-int compareValues(const Value& a, const Value& b) {
+int compareValues(const Value& a, const Value& b)
+{
     const bool aNull = a.isNull() || a.isEmpty();
     const bool bNull = b.isNull() || b.isEmpty();
     if (aNull || bNull)

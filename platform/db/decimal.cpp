@@ -11,21 +11,24 @@ namespace {
 // 128-bit intermediates keep products and rescaled sums of 64-bit mantissas exact.
 __extension__ typedef __int128 Wide;
 
-Wide pow10(int n) {
+Wide pow10(int n)
+{
     Wide result = 1;
     while (n-- > 0)
         result *= 10;
     return result;
 }
 
-qint64 narrow(Wide value) {
+qint64 narrow(Wide value)
+{
     if (value > std::numeric_limits<qint64>::max() || value < std::numeric_limits<qint64>::min())
         throw std::overflow_error("decimal overflow");
     return static_cast<qint64>(value);
 }
 
 // Brings a wide mantissa of the given scale to a scale that fits 64 bits, rounding.
-Decimal fit(Wide mantissa, int scale) {
+Decimal fit(Wide mantissa, int scale)
+{
     while (scale > Decimal::maxScale ||
            (scale > 0 && (mantissa > std::numeric_limits<qint64>::max() ||
                           mantissa < std::numeric_limits<qint64>::min()))) {
@@ -42,14 +45,16 @@ Decimal fit(Wide mantissa, int scale) {
 
 } // namespace
 
-Decimal Decimal::fromParts(qint64 mantissa, int scale) {
+Decimal Decimal::fromParts(qint64 mantissa, int scale)
+{
     Decimal d;
     d.m_mantissa = mantissa;
     d.m_scale = qBound(0, scale, maxScale);
     return d;
 }
 
-std::optional<Decimal> Decimal::parse(QStringView text) {
+std::optional<Decimal> Decimal::parse(QStringView text)
+{
     text = text.trimmed();
     if (text.isEmpty())
         return std::nullopt;
@@ -90,14 +95,16 @@ std::optional<Decimal> Decimal::parse(QStringView text) {
     }
 }
 
-Decimal Decimal::fromDouble(double value, int scale) {
+Decimal Decimal::fromDouble(double value, int scale)
+{
     const double scaled = std::round(value * std::pow(10.0, scale));
     if (!std::isfinite(scaled) || std::fabs(scaled) >= 9.2e18)
         throw std::overflow_error("decimal overflow");
     return fromParts(static_cast<qint64>(scaled), scale).normalized();
 }
 
-Decimal Decimal::rounded(int places) const {
+Decimal Decimal::rounded(int places) const
+{
     if (places >= m_scale)
         return *this;
     Wide m = m_mantissa;
@@ -111,7 +118,8 @@ Decimal Decimal::rounded(int places) const {
     return fromParts(narrow(q), places);
 }
 
-Decimal Decimal::normalized() const {
+Decimal Decimal::normalized() const
+{
     Decimal d = *this;
     while (d.m_scale > 0 && d.m_mantissa % 10 == 0) {
         d.m_mantissa /= 10;
@@ -120,15 +128,18 @@ Decimal Decimal::normalized() const {
     return d;
 }
 
-double Decimal::toDouble() const {
+double Decimal::toDouble() const
+{
     return static_cast<double>(m_mantissa) / std::pow(10.0, m_scale);
 }
 
-qint64 Decimal::toInt64() const {
+qint64 Decimal::toInt64() const
+{
     return narrow(Wide(m_mantissa) / pow10(m_scale));
 }
 
-QString Decimal::toString() const {
+QString Decimal::toString() const
+{
     const Decimal d = normalized();
     // The magnitude is taken in a wider type so the most negative mantissa prints too.
     const Wide magnitude = d.m_mantissa < 0 ? -Wide(d.m_mantissa) : Wide(d.m_mantissa);
@@ -143,22 +154,26 @@ QString Decimal::toString() const {
     return digits;
 }
 
-Decimal operator+(const Decimal& a, const Decimal& b) {
+Decimal operator+(const Decimal& a, const Decimal& b)
+{
     const int scale = qMax(a.m_scale, b.m_scale);
     return fit(Wide(a.m_mantissa) * pow10(scale - a.m_scale) +
                    Wide(b.m_mantissa) * pow10(scale - b.m_scale),
                scale);
 }
 
-Decimal operator-(const Decimal& a, const Decimal& b) {
+Decimal operator-(const Decimal& a, const Decimal& b)
+{
     return a + -b;
 }
 
-Decimal operator*(const Decimal& a, const Decimal& b) {
+Decimal operator*(const Decimal& a, const Decimal& b)
+{
     return fit(Wide(a.m_mantissa) * Wide(b.m_mantissa), a.m_scale + b.m_scale).normalized();
 }
 
-std::strong_ordering operator<=>(const Decimal& a, const Decimal& b) {
+std::strong_ordering operator<=>(const Decimal& a, const Decimal& b)
+{
     const int scale = qMax(a.m_scale, b.m_scale);
     const Wide x = Wide(a.m_mantissa) * pow10(scale - a.m_scale);
     const Wide y = Wide(b.m_mantissa) * pow10(scale - b.m_scale);

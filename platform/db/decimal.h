@@ -15,7 +15,8 @@ public:
 
     constexpr Decimal() = default;
     constexpr Decimal(qint64 integer)
-        : m_mantissa(integer) {} // NOLINT: implicit by design
+        : m_mantissa(integer)
+    {} // NOLINT: implicit by design
     static Decimal fromParts(qint64 mantissa, int scale);
 
     // Accepts an optional sign, digits, and one '.' or ',' as the decimal separator.

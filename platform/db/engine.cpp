@@ -4,6 +4,7 @@ namespace tarvello::db {
 
 EngineError::EngineError(ProviderError error)
     : std::runtime_error(error.description.toStdString())
-    , m_error(std::move(error)) {}
+    , m_error(std::move(error))
+{}
 
 } // namespace tarvello::db

@@ -15,7 +15,8 @@ namespace tarvello::db {
 
 namespace {
 
-ProviderError providerError(const QSqlError& error) {
+ProviderError providerError(const QSqlError& error)
+{
     bool ok = false;
     const long number = error.nativeErrorCode().toLong(&ok);
     QString text = error.databaseText();
@@ -25,7 +26,8 @@ ProviderError providerError(const QSqlError& error) {
             QStringLiteral("ODBC")};
 }
 
-ColumnKind kindOf(const QSqlField& field) {
+ColumnKind kindOf(const QSqlField& field)
+{
     switch (field.metaType().id()) {
     case QMetaType::Int:
     case QMetaType::UInt:
@@ -54,8 +56,8 @@ ColumnKind kindOf(const QSqlField& field) {
 } // namespace
 
 OdbcEngine::OdbcEngine(const QString& connectionString)
-    : m_name(QStringLiteral("tarvello-odbc-") +
-             QUuid::createUuid().toString(QUuid::WithoutBraces)) {
+    : m_name(QStringLiteral("tarvello-odbc-") + QUuid::createUuid().toString(QUuid::WithoutBraces))
+{
     QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QODBC"), m_name);
     db.setDatabaseName(connectionString);
     if (!db.open()) {
@@ -78,7 +80,8 @@ OdbcEngine::OdbcEngine(const QString& connectionString)
     probe.finish();
 }
 
-OdbcEngine::~OdbcEngine() {
+OdbcEngine::~OdbcEngine()
+{
     m_prepared.clear();
     {
         QSqlDatabase db = QSqlDatabase::database(m_name, false);
@@ -87,15 +90,18 @@ OdbcEngine::~OdbcEngine() {
     QSqlDatabase::removeDatabase(m_name);
 }
 
-QString OdbcEngine::driverName() const {
+QString OdbcEngine::driverName() const
+{
     return QStringLiteral("ODBC (%1)").arg(m_dbms);
 }
 
-void OdbcEngine::fail(const QSqlQuery& query) const {
+void OdbcEngine::fail(const QSqlQuery& query) const
+{
     throw EngineError(providerError(query.lastError()));
 }
 
-ResultSet OdbcEngine::read(QSqlQuery& query) {
+ResultSet OdbcEngine::read(QSqlQuery& query)
+{
     ResultSet result;
     // A batch may answer with row counts before its rows; the last result with columns wins.
     do {
@@ -131,7 +137,8 @@ ResultSet OdbcEngine::read(QSqlQuery& query) {
     return result;
 }
 
-ResultSet OdbcEngine::run(const QString& sql, const ValueList& parameters) {
+ResultSet OdbcEngine::run(const QString& sql, const ValueList& parameters)
+{
     if (parameters.isEmpty())
         return runDirect(sql);
     std::shared_ptr<QSqlQuery>& query = m_prepared[sql];
@@ -152,7 +159,8 @@ ResultSet OdbcEngine::run(const QString& sql, const ValueList& parameters) {
     return read(*query);
 }
 
-ResultSet OdbcEngine::runDirect(const QString& sql) {
+ResultSet OdbcEngine::runDirect(const QString& sql)
+{
     QSqlQuery query(QSqlDatabase::database(m_name, false));
     query.setForwardOnly(true);
     query.setNumericalPrecisionPolicy(QSql::HighPrecision);
@@ -161,25 +169,29 @@ ResultSet OdbcEngine::runDirect(const QString& sql) {
     return read(query);
 }
 
-void OdbcEngine::begin() {
+void OdbcEngine::begin()
+{
     QSqlDatabase db = QSqlDatabase::database(m_name, false);
     if (!db.transaction())
         throw EngineError(providerError(db.lastError()));
 }
 
-void OdbcEngine::commit() {
+void OdbcEngine::commit()
+{
     QSqlDatabase db = QSqlDatabase::database(m_name, false);
     if (!db.commit())
         throw EngineError(providerError(db.lastError()));
 }
 
-void OdbcEngine::rollback() {
+void OdbcEngine::rollback()
+{
     QSqlDatabase db = QSqlDatabase::database(m_name, false);
     if (!db.rollback())
         throw EngineError(providerError(db.lastError()));
 }
 
-TableInfo OdbcEngine::tableInfo(const QString& table) {
+TableInfo OdbcEngine::tableInfo(const QString& table)
+{
     if (m_dialect == Dialect::Sqlite)
         return sqlitePragmaTableInfo(*this, table);
     TableInfo info;

@@ -13,19 +13,22 @@ namespace tarvello::db {
 
 namespace {
 
-[[noreturn]] void noCurrentRecord() {
+[[noreturn]] void noCurrentRecord()
+{
     throw RuntimeError(RuntimeError::NoCurrentRecord,
                        QStringLiteral("Either BOF or EOF is True, or the current record has been "
                                       "deleted"));
 }
 
-[[noreturn]] void notOpen() {
+[[noreturn]] void notOpen()
+{
     throw RuntimeError(RuntimeError::OperationNotAllowed,
                        QStringLiteral("Operation is not allowed when the object is closed"));
 }
 
 // The single table a query reads, when its columns do not say (some ODBC drivers).
-QString tableOfQuery(const QString& sql) {
+QString tableOfQuery(const QString& sql)
+{
     static const QRegularExpression from(
         QStringLiteral("\\bFROM\\s+(\\[[^\\]]+\\]|\"[^\"]+\"|[A-Za-z0-9_#.]+)"),
         QRegularExpression::CaseInsensitiveOption);
@@ -40,7 +43,8 @@ QString tableOfQuery(const QString& sql) {
 
 // Picks the base table and marks which columns are its own (computed ones are never written).
 void resolveBaseTable(Connection& connection, const QString& sql, QList<Column>& columns,
-                      QString& baseTable) {
+                      QString& baseTable)
+{
     QHash<QString, int> counts;
     for (const Column& column : std::as_const(columns)) {
         if (!column.baseTable.isEmpty())
@@ -71,28 +75,33 @@ void resolveBaseTable(Connection& connection, const QString& sql, QList<Column>&
 } // namespace
 
 Recordset::Recordset(std::shared_ptr<RowStore> store)
-    : m_store(std::move(store)) {
+    : m_store(std::move(store))
+{
     connectStore();
 }
 
 Recordset::~Recordset() = default;
 
-void Recordset::connectStore() {
+void Recordset::connectStore()
+{
     connect(m_store.get(), &RowStore::rowsChanged, this,
             [this] { rebuildView(m_index >= 0 && m_index < m_view.size() ? m_view[m_index] : 0); });
     connect(m_store.get(), &RowStore::valueChanged, this, &Recordset::rowChanged);
 }
 
-RecordsetPtr Recordset::open(Connection& connection, const QString& tsql, LockType lock) {
+RecordsetPtr Recordset::open(Connection& connection, const QString& tsql, LockType lock)
+{
     return fromResult(connection, tsql, connection.query(tsql), lock);
 }
 
-RecordsetPtr Recordset::fromResult(Connection& connection, const QString& tsql, ResultSet rows) {
+RecordsetPtr Recordset::fromResult(Connection& connection, const QString& tsql, ResultSet rows)
+{
     return fromResult(connection, tsql, std::move(rows), LockType::ReadOnly);
 }
 
 RecordsetPtr Recordset::fromResult(Connection& connection, const QString& tsql, ResultSet rows,
-                                   LockType lock) {
+                                   LockType lock)
+{
     auto store = std::make_shared<RowStore>();
     store->connection = &connection;
     store->source = tsql;
@@ -100,6 +109,7 @@ RecordsetPtr Recordset::fromResult(Connection& connection, const QString& tsql, 
     store->columns = std::move(rows.columns);
     if (lock != LockType::ReadOnly)
         resolveBaseTable(connection, tsql, store->columns, store->baseTable);
+    store->indexColumns();
     store->reset(std::move(rows.rows));
     store->open = true;
     RecordsetPtr recordset(new Recordset(store));
@@ -108,66 +118,80 @@ RecordsetPtr Recordset::fromResult(Connection& connection, const QString& tsql, 
     return recordset;
 }
 
-RecordsetPtr Recordset::create() {
+RecordsetPtr Recordset::create()
+{
     return RecordsetPtr(new Recordset(std::make_shared<RowStore>()));
 }
 
-void Recordset::appendField(const QString& name, ColumnKind kind) {
+void Recordset::appendField(const QString& name, ColumnKind kind)
+{
     if (m_store->open)
         throw RuntimeError(RuntimeError::OperationNotAllowed,
                            QStringLiteral("Fields cannot be appended to an open recordset"));
     m_store->columns << Column{name, kind, {}, {}};
 }
 
-void Recordset::openInMemory() {
+void Recordset::openInMemory()
+{
+    m_store->indexColumns();
     m_store->open = true;
     m_store->reset({});
     rebuildView(0);
 }
 
-bool Recordset::isOpen() const {
+bool Recordset::isOpen() const
+{
     return m_store->open;
 }
 
-void Recordset::close() {
+void Recordset::close()
+{
     m_store->open = false;
     m_store->reset({});
     m_view.clear();
     m_index = -1;
 }
 
-QString Recordset::source() const {
+QString Recordset::source() const
+{
     return m_store->source;
 }
 
-Connection* Recordset::activeConnection() const {
+Connection* Recordset::activeConnection() const
+{
     return m_store->connection;
 }
 
-bool Recordset::isReadOnly() const {
+bool Recordset::isReadOnly() const
+{
     return m_store->lock == LockType::ReadOnly && m_store->connection;
 }
 
-QString Recordset::baseTable() const {
+QString Recordset::baseTable() const
+{
     return m_store->baseTable;
 }
 
-int Recordset::fieldCount() const {
+int Recordset::fieldCount() const
+{
     return int(m_store->columns.size());
 }
 
-const Column& Recordset::field(int index) const {
+const Column& Recordset::field(int index) const
+{
     if (index < 0 || index >= m_store->columns.size())
         throw RuntimeError(RuntimeError::ItemNotFound,
                            QStringLiteral("Item cannot be found in the collection"));
     return m_store->columns[index];
 }
 
-int Recordset::fieldIndex(QStringView name) const {
+int Recordset::fieldIndex(QStringView name) const
+{
     return m_store->columnIndex(name);
 }
 
-int Recordset::requireField(QStringView name) const {
+int Recordset::requireField(QStringView name) const
+{
     const int index = fieldIndex(name);
     if (index < 0)
         throw RuntimeError(RuntimeError::ItemNotFound,
@@ -175,7 +199,8 @@ int Recordset::requireField(QStringView name) const {
     return index;
 }
 
-StoredRow& Recordset::currentRowData() const {
+StoredRow& Recordset::currentRowData() const
+{
     if (!m_store->open)
         notOpen();
     if (m_index < 0 || m_index >= m_view.size())
@@ -186,11 +211,13 @@ StoredRow& Recordset::currentRowData() const {
     return *row;
 }
 
-Value Recordset::value(QStringView field) const {
+Value Recordset::value(QStringView field) const
+{
     return value(requireField(field));
 }
 
-Value Recordset::value(int index) const {
+Value Recordset::value(int index) const
+{
     const RowStore::Row& row = currentRowData();
     if (index < 0 || index >= row.values.size())
         throw RuntimeError(RuntimeError::ItemNotFound,
@@ -198,13 +225,15 @@ Value Recordset::value(int index) const {
     return row.values[index];
 }
 
-Value Recordset::originalValue(QStringView field) const {
+Value Recordset::originalValue(QStringView field) const
+{
     const int index = requireField(field);
     const RowStore::Row& row = currentRowData();
     return row.original ? (*row.original)[index] : row.values[index];
 }
 
-void Recordset::setValue(QStringView field, const Value& value) {
+void Recordset::setValue(QStringView field, const Value& value)
+{
     if (isReadOnly())
         throw RuntimeError(RuntimeError::OperationNotAllowed,
                            QStringLiteral("The recordset is read-only"));
@@ -212,30 +241,35 @@ void Recordset::setValue(QStringView field, const Value& value) {
     RowStore::Row& row = currentRowData();
     if (row.values[index] == value && row.values[index].kind() == value.kind())
         return;
-    if (!row.beforeEdit)
-        row.beforeEdit = row.values;
     if (row.status == RowStatus::Unmodified) {
         row.original = row.values;
         row.status = RowStatus::Modified;
+    } else if (!row.editing) {
+        row.beforeEdit = row.values;
     }
+    row.editing = true;
     row.values[index] = value;
     row.conflict = false;
     m_store->notifyValueChanged(row.bookmark);
 }
 
-bool Recordset::bof() const {
+bool Recordset::bof() const
+{
     return m_view.isEmpty() || m_index < 0;
 }
 
-bool Recordset::eof() const {
+bool Recordset::eof() const
+{
     return m_view.isEmpty() || m_index >= m_view.size();
 }
 
-qsizetype Recordset::recordCount() const {
+qsizetype Recordset::recordCount() const
+{
     return m_view.size();
 }
 
-void Recordset::setCurrentIndex(qsizetype index) {
+void Recordset::setCurrentIndex(qsizetype index)
+{
     if (!m_store->open)
         notOpen();
     index = std::clamp<qsizetype>(index, -1, m_view.size());
@@ -246,42 +280,49 @@ void Recordset::setCurrentIndex(qsizetype index) {
     Q_EMIT currentChanged();
 }
 
-void Recordset::leaveEdit() {
+void Recordset::leaveEdit()
+{
     // Moving away ends the edit in progress, as an explicit Update would.
     if (m_index >= 0 && m_index < m_view.size()) {
         if (RowStore::Row* row = m_store->find(m_view[m_index])) {
-            row->beforeEdit.reset();
+            endEdit(*row);
             if (m_store->adding == row->bookmark)
                 m_store->adding = 0;
         }
     }
 }
 
-void Recordset::moveFirst() {
+void Recordset::moveFirst()
+{
     setCurrentIndex(0);
 }
 
-void Recordset::moveLast() {
+void Recordset::moveLast()
+{
     setCurrentIndex(m_view.isEmpty() ? 0 : m_view.size() - 1);
 }
 
-void Recordset::moveNext() {
+void Recordset::moveNext()
+{
     if (eof())
         noCurrentRecord();
     setCurrentIndex(m_index + 1);
 }
 
-void Recordset::movePrevious() {
+void Recordset::movePrevious()
+{
     if (bof())
         noCurrentRecord();
     setCurrentIndex(m_index - 1);
 }
 
-qsizetype Recordset::absolutePosition() const {
+qsizetype Recordset::absolutePosition() const
+{
     return bof() || eof() ? -1 : m_index + 1;
 }
 
-void Recordset::setAbsolutePosition(qsizetype position) {
+void Recordset::setAbsolutePosition(qsizetype position)
+{
     if (position < 1 || position > m_view.size())
         throw RuntimeError(
             RuntimeError::InvalidProcedureCall,
@@ -289,11 +330,13 @@ void Recordset::setAbsolutePosition(qsizetype position) {
     setCurrentIndex(position - 1);
 }
 
-Recordset::Bookmark Recordset::bookmark() const {
+Recordset::Bookmark Recordset::bookmark() const
+{
     return currentRowData().bookmark;
 }
 
-void Recordset::setBookmark(Bookmark bookmark) {
+void Recordset::setBookmark(Bookmark bookmark)
+{
     const qsizetype index = m_view.indexOf(bookmark);
     if (index < 0)
         throw RuntimeError(RuntimeError::InvalidProcedureCall,
@@ -301,15 +344,18 @@ void Recordset::setBookmark(Bookmark bookmark) {
     setCurrentIndex(index);
 }
 
-bool Recordset::hasBookmark(Bookmark bookmark) const {
+bool Recordset::hasBookmark(Bookmark bookmark) const
+{
     return m_view.contains(bookmark);
 }
 
-std::function<Value(const QString&)> Recordset::readerFor(const StoredRow& row) const {
+std::function<Value(const QString&)> Recordset::readerFor(const StoredRow& row) const
+{
     return [this, &row](const QString& name) { return row.values[requireField(name)]; };
 }
 
-bool Recordset::find(const QString& criterion, qsizetype skip, bool forward) {
+bool Recordset::find(const QString& criterion, qsizetype skip, bool forward)
+{
     const Criteria criteria = Criteria::parse(criterion);
     for (const QString& name : criteria.fields())
         requireField(name);
@@ -326,7 +372,8 @@ bool Recordset::find(const QString& criterion, qsizetype skip, bool forward) {
     return false;
 }
 
-void Recordset::setFilter(const QString& criteria) {
+void Recordset::setFilter(const QString& criteria)
+{
     const Criteria parsed = Criteria::parse(criteria);
     for (const QString& name : parsed.fields())
         requireField(name);
@@ -337,7 +384,8 @@ void Recordset::setFilter(const QString& criteria) {
     Q_EMIT currentChanged();
 }
 
-void Recordset::setFilter(FilterGroup group) {
+void Recordset::setFilter(FilterGroup group)
+{
     m_filter.clear();
     m_filterGroup = group;
     rebuildView(0);
@@ -345,21 +393,25 @@ void Recordset::setFilter(FilterGroup group) {
     Q_EMIT currentChanged();
 }
 
-QString Recordset::filter() const {
+QString Recordset::filter() const
+{
     return m_filter;
 }
 
-void Recordset::setSort(const QString& sort) {
+void Recordset::setSort(const QString& sort)
+{
     m_sort = sort;
     const Bookmark keep = m_index >= 0 && m_index < m_view.size() ? m_view[m_index] : 0;
     rebuildView(keep);
 }
 
-QString Recordset::sort() const {
+QString Recordset::sort() const
+{
     return m_sort;
 }
 
-void Recordset::rebuildView(Bookmark keep) {
+void Recordset::rebuildView(Bookmark keep)
+{
     const Criteria criteria = Criteria::parse(m_filter);
     QList<Bookmark> view;
     view.reserve(m_store->rows().size());
@@ -386,7 +438,8 @@ void Recordset::rebuildView(Bookmark keep) {
     Q_EMIT rowsReset();
 }
 
-void Recordset::sortView(QList<Bookmark>& view) const {
+void Recordset::sortView(QList<Bookmark>& view) const
+{
     struct Key {
         int column;
         bool descending;
@@ -410,14 +463,16 @@ void Recordset::sortView(QList<Bookmark>& view) const {
     });
 }
 
-RecordsetPtr Recordset::clone() const {
+RecordsetPtr Recordset::clone() const
+{
     RecordsetPtr copy(new Recordset(m_store));
     copy->rebuildView(0);
     copy->m_index = 0;
     return copy;
 }
 
-void Recordset::requireWritable() const {
+void Recordset::requireWritable() const
+{
     if (!m_store->open)
         notOpen();
     if (isReadOnly())
@@ -425,7 +480,8 @@ void Recordset::requireWritable() const {
                            QStringLiteral("The recordset is read-only"));
 }
 
-void Recordset::addNew() {
+void Recordset::addNew()
+{
     requireWritable();
     leaveEdit();
     ValueList values;
@@ -444,14 +500,22 @@ void Recordset::addNew() {
     Q_EMIT currentChanged();
 }
 
-void Recordset::update() {
+void Recordset::update()
+{
     RowStore::Row& row = currentRowData();
-    row.beforeEdit.reset();
+    endEdit(row);
     if (m_store->adding == row.bookmark)
         m_store->adding = 0;
 }
 
-void Recordset::cancelUpdate() {
+void Recordset::endEdit(StoredRow& row)
+{
+    row.editing = false;
+    row.beforeEdit.reset();
+}
+
+void Recordset::cancelUpdate()
+{
     if (m_index < 0 || m_index >= m_view.size())
         return;
     RowStore::Row* row = m_store->find(m_view[m_index]);
@@ -463,10 +527,10 @@ void Recordset::cancelUpdate() {
         Q_EMIT currentChanged();
         return;
     }
-    if (!row->beforeEdit)
+    if (!row->editing)
         return;
-    row->values = *row->beforeEdit;
-    row->beforeEdit.reset();
+    row->values = row->beforeEdit ? *row->beforeEdit : *row->original;
+    endEdit(*row);
     if (row->status == RowStatus::Modified && row->original && *row->original == row->values) {
         row->original.reset();
         row->status = RowStatus::Unmodified;
@@ -474,10 +538,11 @@ void Recordset::cancelUpdate() {
     m_store->notifyValueChanged(row->bookmark);
 }
 
-void Recordset::cancelBatch() {
+void Recordset::cancelBatch()
+{
     QList<Bookmark> added;
     for (RowStore::Row& row : m_store->rows()) {
-        row.beforeEdit.reset();
+        endEdit(row);
         row.conflict = false;
         if (row.status == RowStatus::New) {
             added << row.bookmark;
@@ -494,7 +559,8 @@ void Recordset::cancelBatch() {
     m_store->notifyRowsChanged();
 }
 
-void Recordset::deleteRow() {
+void Recordset::deleteRow()
+{
     requireWritable();
     RowStore::Row& row = currentRowData();
     const Bookmark bookmark = row.bookmark;
@@ -504,7 +570,7 @@ void Recordset::deleteRow() {
         if (!row.original)
             row.original = row.values;
         row.status = RowStatus::Deleted;
-        row.beforeEdit.reset();
+        endEdit(row);
     }
     if (m_store->adding == bookmark)
         m_store->adding = 0;
@@ -515,11 +581,13 @@ void Recordset::deleteRow() {
     Q_EMIT currentChanged();
 }
 
-Recordset::RowStatus Recordset::status() const {
+Recordset::RowStatus Recordset::status() const
+{
     return currentRowData().status;
 }
 
-Recordset::EditMode Recordset::editMode() const {
+Recordset::EditMode Recordset::editMode() const
+{
     if (m_index < 0 || m_index >= m_view.size())
         return EditMode::None;
     const RowStore::Row* row = m_store->find(m_view[m_index]);
@@ -527,16 +595,18 @@ Recordset::EditMode Recordset::editMode() const {
         return EditMode::None;
     if (row->bookmark == m_store->adding)
         return EditMode::Adding;
-    return row->beforeEdit ? EditMode::Editing : EditMode::None;
+    return row->editing ? EditMode::Editing : EditMode::None;
 }
 
-qsizetype Recordset::pendingCount() const {
+qsizetype Recordset::pendingCount() const
+{
     return std::count_if(
         m_store->rows().cbegin(), m_store->rows().cend(),
         [](const RowStore::Row& row) { return row.status != RowStatus::Unmodified; });
 }
 
-void Recordset::writeRows(const QList<Bookmark>& bookmarks) {
+void Recordset::writeRows(const QList<Bookmark>& bookmarks)
+{
     requireWritable();
     if (!m_store->connection || m_store->baseTable.isEmpty())
         throw RuntimeError(
@@ -548,7 +618,7 @@ void Recordset::writeRows(const QList<Bookmark>& bookmarks) {
 
     struct Written {
         Bookmark bookmark;
-        ValueList values;
+        Value identity;
     };
     QList<Written> written;
     QStringList failures;
@@ -558,18 +628,15 @@ void Recordset::writeRows(const QList<Bookmark>& bookmarks) {
             RowStore::Row* row = m_store->find(bookmark);
             if (!row || row->status == RowStatus::Unmodified)
                 continue;
-            // Work on a copy: the row keeps its pending state unless the whole write commits.
-            RowStore::Row attempt = *row;
+            // The row keeps its pending state unless the whole write commits.
             try {
-                if (writer.write(attempt) == RowWriter::Outcome::Conflict) {
-                    row->conflict = true;
-                    row->error = QStringLiteral("the row was changed or deleted by another user "
-                                                "since it was read");
-                } else {
-                    row->conflict = false;
-                    row->error.clear();
-                    written << Written{bookmark, attempt.values};
-                }
+                const RowWriter::Result result = writer.write(*row);
+                row->conflict = result.outcome == RowWriter::Outcome::Conflict;
+                row->error = row->conflict ? QStringLiteral("the row was changed or deleted by "
+                                                            "another user since it was read")
+                                           : QString();
+                if (!row->conflict)
+                    written << Written{bookmark, result.identity};
             } catch (const RuntimeError& e) {
                 row->conflict = true;
                 row->error = e.description();
@@ -585,7 +652,8 @@ void Recordset::writeRows(const QList<Bookmark>& bookmarks) {
             m_store->remove(w.bookmark);
             continue;
         }
-        row->values = w.values;
+        if (row->status == RowStatus::New && writer.identityIndex() >= 0)
+            row->values[writer.identityIndex()] = w.identity;
         row->original.reset();
         row->status = RowStatus::Unmodified;
     }
@@ -598,7 +666,8 @@ void Recordset::writeRows(const QList<Bookmark>& bookmarks) {
                 .arg(failures.join(QStringLiteral("; "))));
 }
 
-void Recordset::updateBatch() {
+void Recordset::updateBatch()
+{
     QList<Bookmark> pending;
     for (const RowStore::Row& row : m_store->rows()) {
         if (row.status != RowStatus::Unmodified)
@@ -607,11 +676,13 @@ void Recordset::updateBatch() {
     writeRows(pending);
 }
 
-void Recordset::updateCurrent() {
+void Recordset::updateCurrent()
+{
     writeRows({currentRowData().bookmark});
 }
 
-void Recordset::requery() {
+void Recordset::requery()
+{
     if (!m_store->connection)
         throw RuntimeError(RuntimeError::OperationNotAllowed,
                            QStringLiteral("A recordset built in memory cannot be read again"));

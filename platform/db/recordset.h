@@ -146,6 +146,7 @@ private:
     void sortView(QList<Bookmark>& view) const;
     void setCurrentIndex(qsizetype index);
     void leaveEdit();
+    static void endEdit(StoredRow& row);
     int requireField(QStringView name) const;
     void requireWritable() const;
     StoredRow& currentRowData() const;

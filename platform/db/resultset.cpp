@@ -4,7 +4,8 @@
 
 namespace tarvello::db {
 
-int ResultSet::columnIndex(QStringView name) const {
+int ResultSet::columnIndex(QStringView name) const
+{
     for (int i = 0; i < columns.size(); ++i) {
         if (columns[i].name.compare(name, Qt::CaseInsensitive) == 0)
             return i;
@@ -12,7 +13,8 @@ int ResultSet::columnIndex(QStringView name) const {
     return -1;
 }
 
-const TableInfo::ColumnInfo* TableInfo::column(QStringView columnName) const {
+const TableInfo::ColumnInfo* TableInfo::column(QStringView columnName) const
+{
     for (const ColumnInfo& c : columns) {
         if (c.name.compare(columnName, Qt::CaseInsensitive) == 0)
             return &c;
@@ -20,7 +22,8 @@ const TableInfo::ColumnInfo* TableInfo::column(QStringView columnName) const {
     return nullptr;
 }
 
-QStringList TableInfo::primaryKey() const {
+QStringList TableInfo::primaryKey() const
+{
     QStringList key;
     for (const ColumnInfo& c : columns) {
         if (c.primaryKey)
@@ -29,7 +32,8 @@ QStringList TableInfo::primaryKey() const {
     return key;
 }
 
-QString TableInfo::identityColumn() const {
+QString TableInfo::identityColumn() const
+{
     for (const ColumnInfo& c : columns) {
         if (c.identity)
             return c.name;
@@ -37,7 +41,8 @@ QString TableInfo::identityColumn() const {
     return {};
 }
 
-ColumnKind columnKindFromDeclaredType(QStringView declared) {
+ColumnKind columnKindFromDeclaredType(QStringView declared)
+{
     const QString type = declared.trimmed().toString().toUpper();
     if (type.isEmpty())
         return ColumnKind::Unknown;
@@ -59,7 +64,8 @@ ColumnKind columnKindFromDeclaredType(QStringView declared) {
     return ColumnKind::Unknown;
 }
 
-Value defaultValueFromSql(QStringView sql, ColumnKind kind) {
+Value defaultValueFromSql(QStringView sql, ColumnKind kind)
+{
     QStringView text = sql.trimmed();
     while (text.size() >= 2 && text.front() == u'(' && text.back() == u')')
         text = text.mid(1, text.size() - 2).trimmed();
@@ -75,7 +81,8 @@ Value defaultValueFromSql(QStringView sql, ColumnKind kind) {
     return Value::null();
 }
 
-Value convertToKind(const Value& raw, ColumnKind kind) {
+Value convertToKind(const Value& raw, ColumnKind kind)
+{
     if (raw.isNull() || raw.isEmpty())
         return Value::null();
     try {

@@ -2,7 +2,8 @@
 
 namespace tarvello::db {
 
-void RowStore::reset(QList<ValueList> rows) {
+void RowStore::reset(QList<ValueList> rows)
+{
     m_rows.clear();
     m_rows.reserve(rows.size());
     m_index.clear();
@@ -17,7 +18,8 @@ void RowStore::reset(QList<ValueList> rows) {
     }
 }
 
-Recordset::Bookmark RowStore::append(ValueList values, Recordset::RowStatus status) {
+Recordset::Bookmark RowStore::append(ValueList values, Recordset::RowStatus status)
+{
     Row row;
     row.bookmark = m_next++;
     row.values = std::move(values);
@@ -27,7 +29,8 @@ Recordset::Bookmark RowStore::append(ValueList values, Recordset::RowStatus stat
     return m_rows.last().bookmark;
 }
 
-void RowStore::remove(Recordset::Bookmark bookmark) {
+void RowStore::remove(Recordset::Bookmark bookmark)
+{
     const auto found = m_index.constFind(bookmark);
     if (found == m_index.cend())
         return;
@@ -37,25 +40,40 @@ void RowStore::remove(Recordset::Bookmark bookmark) {
     reindex();
 }
 
-RowStore::Row* RowStore::find(Recordset::Bookmark bookmark) {
+RowStore::Row* RowStore::find(Recordset::Bookmark bookmark)
+{
     const auto found = m_index.constFind(bookmark);
     return found == m_index.cend() ? nullptr : &m_rows[*found];
 }
 
-const RowStore::Row* RowStore::find(Recordset::Bookmark bookmark) const {
+const RowStore::Row* RowStore::find(Recordset::Bookmark bookmark) const
+{
     const auto found = m_index.constFind(bookmark);
     return found == m_index.cend() ? nullptr : &m_rows[*found];
 }
 
-int RowStore::columnIndex(QStringView name) const {
-    for (int i = 0; i < columns.size(); ++i) {
-        if (columns[i].name.compare(name, Qt::CaseInsensitive) == 0)
-            return i;
+int RowStore::columnIndex(QStringView name) const
+{
+    if (m_columnIndex.size() != columns.size()) {
+        for (int i = 0; i < columns.size(); ++i) {
+            if (columns[i].name.compare(name, Qt::CaseInsensitive) == 0)
+                return i;
+        }
+        return -1;
     }
-    return -1;
+    const auto found = m_columnIndex.constFind(name.toString().toUpper());
+    return found == m_columnIndex.cend() ? -1 : *found;
 }
 
-void RowStore::reindex() {
+void RowStore::indexColumns()
+{
+    m_columnIndex.clear();
+    for (int i = 0; i < columns.size(); ++i)
+        m_columnIndex.insert(columns[i].name.toUpper(), i);
+}
+
+void RowStore::reindex()
+{
     m_index.clear();
     for (qsizetype i = 0; i < m_rows.size(); ++i)
         m_index.insert(m_rows[i].bookmark, i);

@@ -12,8 +12,11 @@ namespace tarvello::db {
 struct StoredRow {
     Recordset::Bookmark bookmark = 0;
     ValueList values;
-    std::optional<ValueList> original;   // as read, kept once the row is changed
-    std::optional<ValueList> beforeEdit; // at the start of the edit in progress
+    std::optional<ValueList> original; // as read, kept once the row is changed
+    // An edit is in progress; beforeEdit holds the values at its start when they differ from
+    // `original` (a row already pending), so the common first edit copies the row once.
+    bool editing = false;
+    std::optional<ValueList> beforeEdit;
     RowStatus status = RowStatus::Unmodified;
     bool conflict = false;
     QString error;
@@ -41,6 +44,8 @@ public:
     const QList<Row>& rows() const { return m_rows; }
     QList<Row>& rows() { return m_rows; }
     int columnIndex(QStringView name) const;
+    // Builds the name index once the columns are known.
+    void indexColumns();
     // Every row-set change ends with this, so each handle rebuilds its view once.
     void notifyRowsChanged() { Q_EMIT rowsChanged(); }
     void notifyValueChanged(Recordset::Bookmark bookmark) { Q_EMIT valueChanged(bookmark); }
@@ -54,6 +59,7 @@ private:
 
     QList<Row> m_rows;
     QHash<Recordset::Bookmark, qsizetype> m_index;
+    QHash<QString, int> m_columnIndex; // upper-case name -> column
     Recordset::Bookmark m_next = 1;
 };
 

@@ -5,7 +5,8 @@
 
 namespace tarvello::db {
 
-QString quoteIdentifier(const QString& name) {
+QString quoteIdentifier(const QString& name)
+{
     QString escaped = name;
     escaped.replace(u'"', QStringLiteral("\"\""));
     return u'"' + escaped + u'"';
@@ -14,120 +15,144 @@ QString quoteIdentifier(const QString& name) {
 RowWriter::RowWriter(Connection& connection, const QString& table, const QList<Column>& columns)
     : m_connection(connection)
     , m_table(table)
-    , m_columns(columns) {
+    , m_columns(columns)
+{
     const TableInfo& info = connection.tableInfo(table);
     m_key = info.primaryKey();
     m_identity = info.identityColumn();
     for (int i = 0; i < columns.size(); ++i) {
-        if (!columns[i].baseColumn.isEmpty())
-            m_writable << i;
+        if (columns[i].baseColumn.isEmpty())
+            continue;
+        if (columns[i].baseColumn.compare(m_identity, Qt::CaseInsensitive) == 0)
+            m_identityIndex = i;
+        m_writable << i;
     }
     // Without a declared key, a row is found by every column it was read with.
     if (m_key.isEmpty()) {
         for (int i : std::as_const(m_writable))
             m_key << m_columns[i].baseColumn;
     }
+    for (const QString& key : std::as_const(m_key)) {
+        const auto found = std::find_if(m_writable.cbegin(), m_writable.cend(), [&](int i) {
+            return m_columns[i].baseColumn.compare(key, Qt::CaseInsensitive) == 0;
+        });
+        if (found == m_writable.cend())
+            throw RuntimeError(RuntimeError::OperationNotAllowed,
+                               QStringLiteral("The rows of %1 cannot be written: the key column %2 "
+                                              "is not among the columns read")
+                                   .arg(m_table, key));
+        m_keyIndexes << *found;
+    }
 }
 
-RowWriter::Outcome RowWriter::write(RowStore::Row& row) {
+RowWriter::Result RowWriter::write(const RowStore::Row& row)
+{
     switch (row.status) {
     case Recordset::RowStatus::New:
         return insert(row);
     case Recordset::RowStatus::Modified:
-        return update(row);
+        return {update(row), {}};
     case Recordset::RowStatus::Deleted:
-        return remove(row);
+        return {remove(row), {}};
     case Recordset::RowStatus::Unmodified:
         break;
     }
-    return Outcome::Written;
+    return {};
 }
 
 QString RowWriter::condition(const QString& column, ColumnKind kind, ValueList& parameters,
-                             const Value& value) const {
+                             const Value& value) const
+{
     const QString name = quoteIdentifier(column);
+    addConditionParameters(parameters, value);
     if (m_connection.dialect() == Dialect::Sqlite) {
-        parameters << value;
         // Dates may have been stored in another ISO spelling: compare them normalised.
         return kind == ColumnKind::Date
                    ? QStringLiteral("datetime(") + name + QStringLiteral(") IS datetime(?)")
                    : name + QStringLiteral(" IS ?");
     }
-    if (value.isNull() || value.isEmpty())
-        return name + QStringLiteral(" IS NULL");
-    parameters << value;
-    return name + QStringLiteral(" = ?");
+    // Null-safe, with the same text whatever the value: one prepared statement serves all rows.
+    return QStringLiteral("(") + name + QStringLiteral(" = ? OR (") + name +
+           QStringLiteral(" IS NULL AND ? IS NULL))");
 }
 
-QString RowWriter::keyCondition(const RowStore::Row& row, ValueList& parameters) const {
+void RowWriter::addConditionParameters(ValueList& parameters, const Value& value) const
+{
+    parameters << value;
+    if (m_connection.dialect() == Dialect::SqlServer)
+        parameters << value;
+}
+
+QString RowWriter::keyCondition(const RowStore::Row& row, ValueList& parameters) const
+{
     const ValueList& read = row.original ? *row.original : row.values;
     QStringList parts;
-    for (const QString& key : m_key) {
-        int index = -1;
-        for (int i : m_writable) {
-            if (m_columns[i].baseColumn.compare(key, Qt::CaseInsensitive) == 0)
-                index = i;
-        }
-        if (index < 0)
-            throw RuntimeError(RuntimeError::OperationNotAllowed,
-                               QStringLiteral("The rows of %1 cannot be written: the key column %2 "
-                                              "is not among the columns read")
-                                   .arg(m_table, key));
-        parts << condition(key, m_columns[index].kind, parameters, read[index]);
-    }
+    for (int index : m_keyIndexes)
+        parts << condition(m_columns[index].baseColumn, m_columns[index].kind, parameters,
+                           read[index]);
     return parts.join(QStringLiteral(" AND "));
 }
 
-RowWriter::Outcome RowWriter::insert(RowStore::Row& row) {
+RowWriter::Result RowWriter::insert(const RowStore::Row& row)
+{
     QStringList columns;
     ValueList values;
-    int identityIndex = -1;
     for (int i : std::as_const(m_writable)) {
-        const QString& column = m_columns[i].baseColumn;
-        if (column.compare(m_identity, Qt::CaseInsensitive) == 0) {
-            identityIndex = i;
+        if (i == m_identityIndex || row.values[i].isEmpty())
             continue;
-        }
-        if (row.values[i].isEmpty())
-            continue;
-        columns << column;
+        columns << m_columns[i].baseColumn;
         values << row.values[i];
     }
-    const Value identity = m_connection.insertRow(m_table, columns, values, m_identity);
-    if (identityIndex >= 0)
-        row.values[identityIndex] = identity;
-    return Outcome::Written;
+    return {Outcome::Written, m_connection.insertRow(m_table, columns, values, m_identity)};
 }
 
-RowWriter::Outcome RowWriter::update(RowStore::Row& row) {
+RowWriter::Outcome RowWriter::update(const RowStore::Row& row)
+{
     if (!row.original)
         return Outcome::Written;
-    QStringList assignments;
-    QStringList checks;
-    ValueList setParameters;
-    ValueList checkParameters;
+    const ValueList& read = *row.original;
+    QList<int> changed;
     for (int i : std::as_const(m_writable)) {
-        if (row.values[i] == (*row.original)[i] ||
-            m_columns[i].baseColumn.compare(m_identity, Qt::CaseInsensitive) == 0)
-            continue;
-        assignments << quoteIdentifier(m_columns[i].baseColumn) + QStringLiteral(" = ?");
-        setParameters << row.values[i];
-        checks << condition(m_columns[i].baseColumn, m_columns[i].kind, checkParameters,
-                            (*row.original)[i]);
+        if (i != m_identityIndex && !(row.values[i] == read[i]))
+            changed << i;
     }
-    if (assignments.isEmpty())
+    if (changed.isEmpty())
         return Outcome::Written;
-    ValueList keyParameters;
-    const QString key = keyCondition(row, keyParameters);
-    const QString sql = QStringLiteral("UPDATE ") + quoteIdentifier(m_table) +
-                        QStringLiteral(" SET ") + assignments.join(QStringLiteral(", ")) +
-                        QStringLiteral(" WHERE ") + key + QStringLiteral(" AND ") +
-                        checks.join(QStringLiteral(" AND "));
-    const ResultSet result = m_connection.run(sql, setParameters + keyParameters + checkParameters);
+    ValueList parameters;
+    parameters.reserve(changed.size() * 3 + m_keyIndexes.size() * 2);
+    for (int i : std::as_const(changed))
+        parameters << row.values[i];
+    for (int i : std::as_const(m_keyIndexes))
+        addConditionParameters(parameters, read[i]);
+    for (int i : std::as_const(changed))
+        addConditionParameters(parameters, read[i]);
+    const ResultSet result = m_connection.run(updateStatement(changed), parameters);
     return result.rowsAffected == 0 ? Outcome::Conflict : Outcome::Written;
 }
 
-RowWriter::Outcome RowWriter::remove(RowStore::Row& row) {
+QString RowWriter::updateStatement(const QList<int>& changed)
+{
+    QString& sql = m_updates[changed];
+    if (!sql.isEmpty())
+        return sql;
+    QStringList assignments;
+    QStringList checks;
+    ValueList unused;
+    for (int i : changed) {
+        assignments << quoteIdentifier(m_columns[i].baseColumn) + QStringLiteral(" = ?");
+        checks << condition(m_columns[i].baseColumn, m_columns[i].kind, unused, Value(0));
+    }
+    RowStore::Row probe;
+    probe.values = ValueList(m_columns.size(), Value(0));
+    sql = QStringLiteral("UPDATE ") + quoteIdentifier(m_table) + QStringLiteral(" SET ") +
+          assignments.join(QStringLiteral(", ")) + QStringLiteral(" WHERE ") +
+          keyCondition(probe, unused) + QStringLiteral(" AND ") +
+          checks.join(QStringLiteral(" AND "));
+    return sql;
+}
+
+RowWriter::Outcome RowWriter::remove(const RowStore::Row& row)
+{
     ValueList parameters;
     const QString sql = QStringLiteral("DELETE FROM ") + quoteIdentifier(m_table) +
                         QStringLiteral(" WHERE ") + keyCondition(row, parameters);

@@ -13,23 +13,37 @@ public:
     RowWriter(Connection& connection, const QString& table, const QList<Column>& columns);
 
     enum class Outcome { Written, Conflict };
-    // Raises RuntimeError when the database refuses the statement.
-    Outcome write(RowStore::Row& row);
+    struct Result {
+        Outcome outcome = Outcome::Written;
+        Value identity; // assigned by the database to an inserted row
+    };
+    // Raises RuntimeError when the database refuses the statement. The row itself is left
+    // as it is: the caller applies the result once the whole write is committed.
+    Result write(const RowStore::Row& row);
+    // The recordset column the identity goes to; -1 when none.
+    int identityIndex() const { return m_identityIndex; }
 
 private:
     QString condition(const QString& column, ColumnKind kind, ValueList& parameters,
                       const Value& value) const;
+    // The parameters `condition` binds for a value, without building its text again.
+    void addConditionParameters(ValueList& parameters, const Value& value) const;
     QString keyCondition(const RowStore::Row& row, ValueList& parameters) const;
-    Outcome insert(RowStore::Row& row);
-    Outcome update(RowStore::Row& row);
-    Outcome remove(RowStore::Row& row);
+    Result insert(const RowStore::Row& row);
+    Outcome update(const RowStore::Row& row);
+    Outcome remove(const RowStore::Row& row);
+    QString updateStatement(const QList<int>& changed);
 
     Connection& m_connection; // Not owned.
     QString m_table;
     const QList<Column>& m_columns; // Not owned.
     QStringList m_key;
+    QList<int> m_keyIndexes; // the recordset columns holding the key
     QString m_identity;
     QList<int> m_writable; // recordset columns that are base columns of the table
+    int m_identityIndex = -1;
+    // Rows changed in the same columns share one statement text (and prepared statement).
+    QHash<QList<int>, QString> m_updates;
 };
 
 QString quoteIdentifier(const QString& name);

@@ -8,16 +8,19 @@ namespace {
 
 constexpr auto isoFormat = "yyyy-MM-ddTHH:mm:ss";
 
-QString columnText(sqlite3_stmt* statement, int column) {
+QString columnText(sqlite3_stmt* statement, int column)
+{
     const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(statement, column));
     return QString::fromUtf8(text, sqlite3_column_bytes(statement, column));
 }
 
-QString utf8OrEmpty(const char* text) {
+QString utf8OrEmpty(const char* text)
+{
     return text ? QString::fromUtf8(text) : QString();
 }
 
-Value readValue(sqlite3_stmt* statement, int column, ColumnKind kind) {
+Value readValue(sqlite3_stmt* statement, int column, ColumnKind kind)
+{
     switch (sqlite3_column_type(statement, column)) {
     case SQLITE_NULL:
         return Value::null();
@@ -47,7 +50,8 @@ Value readValue(sqlite3_stmt* statement, int column, ColumnKind kind) {
 
 } // namespace
 
-SqliteEngine::SqliteEngine(const QString& path) {
+SqliteEngine::SqliteEngine(const QString& path)
+{
     const int flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_URI;
     if (sqlite3_open_v2(path.toUtf8().constData(), &m_db, flags, nullptr) != SQLITE_OK) {
         const QString message = utf8OrEmpty(sqlite3_errmsg(m_db));
@@ -62,13 +66,15 @@ SqliteEngine::SqliteEngine(const QString& path) {
         exec("PRAGMA journal_mode = WAL");
 }
 
-SqliteEngine::~SqliteEngine() {
+SqliteEngine::~SqliteEngine()
+{
     for (sqlite3_stmt* statement : std::as_const(m_statements))
         sqlite3_finalize(statement);
     sqlite3_close(m_db);
 }
 
-void SqliteEngine::exec(const char* sql) {
+void SqliteEngine::exec(const char* sql)
+{
     char* error = nullptr;
     if (sqlite3_exec(m_db, sql, nullptr, nullptr, &error) != SQLITE_OK) {
         const QString message = utf8OrEmpty(error);
@@ -77,7 +83,8 @@ void SqliteEngine::exec(const char* sql) {
     }
 }
 
-void SqliteEngine::fail(const QString& sql) const {
+void SqliteEngine::fail(const QString& sql) const
+{
     Q_UNUSED(sql);
     throw EngineError({sqlite3_extended_errcode(m_db),
                        utf8OrEmpty(sqlite3_errmsg(m_db)),
@@ -85,7 +92,8 @@ void SqliteEngine::fail(const QString& sql) const {
                        QStringLiteral("SQLite")});
 }
 
-sqlite3_stmt* SqliteEngine::prepare(const QString& sql) {
+sqlite3_stmt* SqliteEngine::prepare(const QString& sql)
+{
     if (sqlite3_stmt* cached = m_statements.value(sql))
         return cached;
     const QByteArray text = sql.toUtf8();
@@ -107,7 +115,8 @@ sqlite3_stmt* SqliteEngine::prepare(const QString& sql) {
     return statement;
 }
 
-void SqliteEngine::bind(sqlite3_stmt* statement, const ValueList& parameters, const QString& sql) {
+void SqliteEngine::bind(sqlite3_stmt* statement, const ValueList& parameters, const QString& sql)
+{
     if (sqlite3_bind_parameter_count(statement) != parameters.size())
         throw EngineError({SQLITE_RANGE,
                            QStringLiteral("%1 parameters given for %2 markers")
@@ -151,7 +160,8 @@ void SqliteEngine::bind(sqlite3_stmt* statement, const ValueList& parameters, co
     }
 }
 
-ResultSet SqliteEngine::run(const QString& sql, const ValueList& parameters) {
+ResultSet SqliteEngine::run(const QString& sql, const ValueList& parameters)
+{
     sqlite3_stmt* statement = prepare(sql);
     ResultSet result;
     if (!statement)
@@ -164,7 +174,8 @@ ResultSet SqliteEngine::run(const QString& sql, const ValueList& parameters) {
         sqlite3_stmt* statement;
         const QString& sql;
         bool keep;
-        ~Finish() {
+        ~Finish()
+        {
             sqlite3_reset(statement);
             sqlite3_clear_bindings(statement);
             if (!keep) {
@@ -204,23 +215,28 @@ ResultSet SqliteEngine::run(const QString& sql, const ValueList& parameters) {
     return result;
 }
 
-void SqliteEngine::begin() {
+void SqliteEngine::begin()
+{
     exec("BEGIN");
 }
 
-void SqliteEngine::commit() {
+void SqliteEngine::commit()
+{
     exec("COMMIT");
 }
 
-void SqliteEngine::rollback() {
+void SqliteEngine::rollback()
+{
     exec("ROLLBACK");
 }
 
-TableInfo SqliteEngine::tableInfo(const QString& table) {
+TableInfo SqliteEngine::tableInfo(const QString& table)
+{
     return sqlitePragmaTableInfo(*this, table);
 }
 
-TableInfo sqlitePragmaTableInfo(Engine& engine, const QString& table) {
+TableInfo sqlitePragmaTableInfo(Engine& engine, const QString& table)
+{
     TableInfo info;
     info.name = table;
     QString name = table;

@@ -11,24 +11,28 @@ namespace {
 
 constexpr auto isoFormat = "yyyy-MM-ddTHH:mm:ss";
 
-[[noreturn]] void typeMismatch(const Value& v, const char* target) {
+[[noreturn]] void typeMismatch(const Value& v, const char* target)
+{
     throw RuntimeError(RuntimeError::TypeMismatch,
                        QStringLiteral("Type mismatch: %1 is not %2").arg(v.debugText(), target));
 }
 
-[[noreturn]] void invalidUseOfNull() {
+[[noreturn]] void invalidUseOfNull()
+{
     throw RuntimeError(RuntimeError::InvalidUseOfNull, QStringLiteral("Invalid use of Null"));
 }
 
 // Rounds half to even, as the host language does when a fraction becomes an integer.
-qint64 roundToInteger(double d) {
+qint64 roundToInteger(double d)
+{
     const double r = std::nearbyint(d);
     if (!std::isfinite(r) || r >= 9.2e18 || r <= -9.2e18)
         throw RuntimeError(RuntimeError::Overflow, QStringLiteral("Overflow"));
     return static_cast<qint64>(r);
 }
 
-qint64 roundToInteger(const Decimal& d) {
+qint64 roundToInteger(const Decimal& d)
+{
     const Decimal whole = Decimal(d.toInt64());
     const Decimal fraction = d - whole;
     const Decimal half = Decimal::fromParts(5, 1);
@@ -40,7 +44,8 @@ qint64 roundToInteger(const Decimal& d) {
     return result;
 }
 
-QDateTime parseDateTime(const QString& text) {
+QDateTime parseDateTime(const QString& text)
+{
     const QString t = text.trimmed();
     for (const char* format :
          {"yyyy-MM-ddTHH:mm:ss.zzz", "yyyy-MM-ddTHH:mm:ss", "yyyy-MM-dd HH:mm:ss.zzz",
@@ -56,13 +61,15 @@ QDateTime parseDateTime(const QString& text) {
 
 } // namespace
 
-Value Value::null() {
+Value Value::null()
+{
     Value v;
     v.m_data = NullTag{};
     return v;
 }
 
-Value Value::fromVariant(const QVariant& v) {
+Value Value::fromVariant(const QVariant& v)
+{
     if (!v.isValid() || v.isNull())
         return null();
     switch (v.metaType().id()) {
@@ -98,22 +105,26 @@ Value Value::fromVariant(const QVariant& v) {
     return v.toString();
 }
 
-bool Value::isBlank() const {
+bool Value::isBlank() const
+{
     return isEmpty() || isNull() || (kind() == Kind::Text && std::get<QString>(m_data).isEmpty());
 }
 
-bool Value::isNumeric() const {
+bool Value::isNumeric() const
+{
     const Kind k = kind();
     return k == Kind::Integer || k == Kind::Decimal || k == Kind::Double || k == Kind::Boolean;
 }
 
-bool Value::looksNumeric() const {
+bool Value::looksNumeric() const
+{
     if (isNumeric())
         return true;
     return kind() == Kind::Text && Decimal::parse(std::get<QString>(m_data)).has_value();
 }
 
-bool Value::toBool() const {
+bool Value::toBool() const
+{
     switch (kind()) {
     case Kind::Empty:
         return false;
@@ -138,7 +149,8 @@ bool Value::toBool() const {
     }
 }
 
-qint64 Value::toInt64() const {
+qint64 Value::toInt64() const
+{
     switch (kind()) {
     case Kind::Empty:
         return 0;
@@ -159,21 +171,24 @@ qint64 Value::toInt64() const {
     }
 }
 
-int Value::toInt() const {
+int Value::toInt() const
+{
     const qint64 v = toInt64();
     if (v > std::numeric_limits<int>::max() || v < std::numeric_limits<int>::min())
         throw RuntimeError(RuntimeError::Overflow, QStringLiteral("Overflow"));
     return static_cast<int>(v);
 }
 
-short Value::toShort() const {
+short Value::toShort() const
+{
     const qint64 v = toInt64();
     if (v > std::numeric_limits<short>::max() || v < std::numeric_limits<short>::min())
         throw RuntimeError(RuntimeError::Overflow, QStringLiteral("Overflow"));
     return static_cast<short>(v);
 }
 
-Decimal Value::toDecimal() const {
+Decimal Value::toDecimal() const
+{
     switch (kind()) {
     case Kind::Empty:
         return Decimal(0);
@@ -196,13 +211,15 @@ Decimal Value::toDecimal() const {
     }
 }
 
-double Value::toDouble() const {
+double Value::toDouble() const
+{
     if (kind() == Kind::Double)
         return std::get<double>(m_data);
     return toDecimal().toDouble();
 }
 
-QString Value::toString() const {
+QString Value::toString() const
+{
     switch (kind()) {
     case Kind::Empty:
     case Kind::Null:
@@ -228,7 +245,8 @@ QString Value::toString() const {
     return {};
 }
 
-QDateTime Value::toDateTime() const {
+QDateTime Value::toDateTime() const
+{
     switch (kind()) {
     case Kind::Null:
         invalidUseOfNull();
@@ -245,13 +263,15 @@ QDateTime Value::toDateTime() const {
     }
 }
 
-const ValueList& Value::toArray() const {
+const ValueList& Value::toArray() const
+{
     if (kind() != Kind::Array)
         typeMismatch(*this, "an array");
     return std::get<ValueList>(m_data);
 }
 
-QVariant Value::toVariant() const {
+QVariant Value::toVariant() const
+{
     switch (kind()) {
     case Kind::Empty:
         return {};
@@ -277,7 +297,8 @@ QVariant Value::toVariant() const {
     return {};
 }
 
-QString Value::sqlLiteral() const {
+QString Value::sqlLiteral() const
+{
     switch (kind()) {
     case Kind::Empty:
     case Kind::Null:
@@ -298,7 +319,8 @@ QString Value::sqlLiteral() const {
     return {};
 }
 
-QString Value::debugText() const {
+QString Value::debugText() const
+{
     switch (kind()) {
     case Kind::Empty:
         return QStringLiteral("<Empty>");
@@ -319,17 +341,21 @@ QString Value::debugText() const {
     }
 }
 
-bool operator==(const Value& a, const Value& b) {
+bool operator==(const Value& a, const Value& b)
+{
     using Kind = Value::Kind;
     const auto numeric = [](Kind k) {
         return k == Kind::Integer || k == Kind::Decimal || k == Kind::Double;
     };
+    if (a.kind() == b.kind())
+        return a.m_data == b.m_data;
     if (numeric(a.kind()) && numeric(b.kind()))
         return a.toDecimal() == b.toDecimal();
-    return a.m_data == b.m_data;
+    return false;
 }
 
-QString quoted(const QString& text) {
+QString quoted(const QString& text)
+{
     QString result = text;
     result.replace(u'\'', QStringLiteral("''"));
     return u'\'' + result + u'\'';

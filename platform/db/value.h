@@ -23,27 +23,38 @@ public:
 
     Value() = default;
     Value(bool b)
-        : m_data(b) {}
+        : m_data(b)
+    {}
     Value(int i)
-        : m_data(qint64(i)) {}
+        : m_data(qint64(i))
+    {}
     Value(long i)
-        : m_data(qint64(i)) {}
+        : m_data(qint64(i))
+    {}
     Value(long long i)
-        : m_data(qint64(i)) {}
+        : m_data(qint64(i))
+    {}
     Value(Decimal d)
-        : m_data(d) {}
+        : m_data(d)
+    {}
     Value(double d)
-        : m_data(d) {}
+        : m_data(d)
+    {}
     Value(const QString& s)
-        : m_data(s) {}
+        : m_data(s)
+    {}
     Value(const char* s)
-        : m_data(QString::fromUtf8(s)) {}
+        : m_data(QString::fromUtf8(s))
+    {}
     Value(QDate d)
-        : m_data(d.startOfDay()) {}
+        : m_data(d.startOfDay())
+    {}
     Value(const QDateTime& dt)
-        : m_data(dt) {}
+        : m_data(dt)
+    {}
     Value(ValueList items)
-        : m_data(std::move(items)) {}
+        : m_data(std::move(items))
+    {}
 
     static Value null();
     static Value fromVariant(const QVariant& v);

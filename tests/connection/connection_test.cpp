@@ -10,7 +10,8 @@ using namespace tarvello::db;
 
 class ConnectionTest : public ::testing::TestWithParam<test::DatabaseTarget> {
 protected:
-    void SetUp() override {
+    void SetUp() override
+    {
         database = std::make_unique<test::TestDatabase>(GetParam());
         db().executeNonQuery(QStringLiteral(
             "CREATE TABLE T1 (T1_ID INTEGER PRIMARY KEY AUTOINCREMENT, T1_CODE VARCHAR(20) NOT "
@@ -20,7 +21,8 @@ protected:
     std::unique_ptr<test::TestDatabase> database;
 };
 
-TEST_P(ConnectionTest, ExecuteReturnsTypedRowsWithAnExactCount) {
+TEST_P(ConnectionTest, ExecuteReturnsTypedRowsWithAnExactCount)
+{
     db().executeNonQuery(QStringLiteral(
         "INSERT INTO T1 (T1_CODE, T1_QTY, T1_DAY) VALUES ('A''1', 12.5, '2024-03-01T00:00:00')"));
     db().executeNonQuery(QStringLiteral("INSERT INTO T1 (T1_CODE) VALUES ('B')"));
@@ -37,7 +39,8 @@ TEST_P(ConnectionTest, ExecuteReturnsTypedRowsWithAnExactCount) {
     EXPECT_THROW(rs->setValue(u"T1_CODE", "X"), RuntimeError);
 }
 
-TEST_P(ConnectionTest, AFailingStatementRaisesTheProviderErrorWithTheOriginalText) {
+TEST_P(ConnectionTest, AFailingStatementRaisesTheProviderErrorWithTheOriginalText)
+{
     const QString tsql = QStringLiteral("SELECT NOPE FROM T1 WITH (NOLOCK)");
     try {
         db().execute(tsql);
@@ -50,7 +53,8 @@ TEST_P(ConnectionTest, AFailingStatementRaisesTheProviderErrorWithTheOriginalTex
     EXPECT_FALSE(db().errors().first().description.isEmpty());
 }
 
-TEST_P(ConnectionTest, TheLogKeepsStatementsAsSentAndInOrder) {
+TEST_P(ConnectionTest, TheLogKeepsStatementsAsSentAndInOrder)
+{
     db().log().clear();
     db().executeNonQuery(QStringLiteral("INSERT INTO T1 (T1_CODE) VALUES (N'Z')"));
     db().execute(QStringLiteral("SELECT TOP 1 T1_CODE FROM T1 WITH (NOLOCK)"));
@@ -61,7 +65,8 @@ TEST_P(ConnectionTest, TheLogKeepsStatementsAsSentAndInOrder) {
               QStringLiteral("SELECT TOP 1 T1_CODE FROM T1 WITH (NOLOCK)"));
 }
 
-TEST_P(ConnectionTest, TransactionsNestAndAGuardRollsBackUnlessCommitted) {
+TEST_P(ConnectionTest, TransactionsNestAndAGuardRollsBackUnlessCommitted)
+{
     {
         TransactionGuard outer(db());
         db().executeNonQuery(QStringLiteral("INSERT INTO T1 (T1_CODE) VALUES ('KEPT')"));
@@ -81,7 +86,8 @@ TEST_P(ConnectionTest, TransactionsNestAndAGuardRollsBackUnlessCommitted) {
     EXPECT_EQ(rs->value(u"T1_CODE"), Value("KEPT"));
 }
 
-TEST_P(ConnectionTest, InsertRowReadsTheIdentityBack) {
+TEST_P(ConnectionTest, InsertRowReadsTheIdentityBack)
+{
     const Value first = db().insertRow(QStringLiteral("T1"), {QStringLiteral("T1_CODE")}, {"A"},
                                        QStringLiteral("T1_ID"));
     const Value second = db().insertRow(QStringLiteral("T1"), {QStringLiteral("T1_CODE")}, {"B"},
@@ -95,7 +101,8 @@ TEST_P(ConnectionTest, InsertRowReadsTheIdentityBack) {
 INSTANTIATE_TEST_SUITE_P(Targets, ConnectionTest, ::testing::ValuesIn(test::databaseTargets()),
                          [](const auto& info) { return test::targetName(info.param); });
 
-TEST(ConnectionStrings, ABadOdbcDriverIsAProviderError) {
+TEST(ConnectionStrings, ABadOdbcDriverIsAProviderError)
+{
     Connection connection;
     EXPECT_THROW(connection.open(QStringLiteral("DRIVER={No Such Driver};SERVER=x")), RuntimeError);
     EXPECT_FALSE(connection.isOpen());

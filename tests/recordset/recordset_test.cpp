@@ -10,7 +10,8 @@ using namespace tarvello::db;
 
 namespace {
 
-QStringList codes(Recordset& rs, const char* field = "D_CODE") {
+QStringList codes(Recordset& rs, const char* field = "D_CODE")
+{
     QStringList out;
     if (rs.recordCount() == 0)
         return out;
@@ -25,7 +26,8 @@ QStringList codes(Recordset& rs, const char* field = "D_CODE") {
 
 class RecordsetTest : public ::testing::TestWithParam<test::DatabaseTarget> {
 protected:
-    void SetUp() override {
+    void SetUp() override
+    {
         database = std::make_unique<test::TestDatabase>(GetParam());
         database->runScript(QStringLiteral(
             "CREATE TABLE D (D_ID INTEGER PRIMARY KEY AUTOINCREMENT, D_OWNER INT NOT NULL, "
@@ -38,7 +40,8 @@ protected:
             "INSERT INTO D (D_OWNER, D_CODE) VALUES (2, 'D');\n"));
     }
     Connection& db() { return database->connection(); }
-    RecordsetPtr openAll(const QString& where = {}) {
+    RecordsetPtr openAll(const QString& where = {})
+    {
         return Recordset::open(
             db(),
             QStringLiteral("SELECT ROW_NUMBER() OVER (ORDER BY D_OWNER) AS ID, * FROM D") + where);
@@ -47,7 +50,8 @@ protected:
     std::unique_ptr<test::TestDatabase> database;
 };
 
-TEST_P(RecordsetTest, FilterCloneFindAndBookmarksWorkTogether) {
+TEST_P(RecordsetTest, FilterCloneFindAndBookmarksWorkTogether)
+{
     const RecordsetPtr rs = openAll();
     EXPECT_EQ(rs->baseTable(), QStringLiteral("D"));
     rs->setFilter(QStringLiteral("D_OWNER = 2"));
@@ -74,7 +78,8 @@ TEST_P(RecordsetTest, FilterCloneFindAndBookmarksWorkTogether) {
     EXPECT_THROW(rs->setBookmark(clone->bookmark()), RuntimeError); // A is filtered out of rs
 }
 
-TEST_P(RecordsetTest, BatchSaveWritesRowsHiddenByTheFilterAndKeepsComputedColumnsOut) {
+TEST_P(RecordsetTest, BatchSaveWritesRowsHiddenByTheFilterAndKeepsComputedColumnsOut)
+{
     const RecordsetPtr rs = openAll();
     rs->find(QStringLiteral("D_CODE = 'A'"));
     rs->setValue(u"D_SHARE", *Decimal::parse(u"33.333"));
@@ -96,7 +101,8 @@ TEST_P(RecordsetTest, BatchSaveWritesRowsHiddenByTheFilterAndKeepsComputedColumn
               QStringLiteral("-1"));
 }
 
-TEST_P(RecordsetTest, TheIdentityIsReadBackAfterAnInsert) {
+TEST_P(RecordsetTest, TheIdentityIsReadBackAfterAnInsert)
+{
     const RecordsetPtr rs = openAll(QStringLiteral(" WHERE 1 = 0"));
     EXPECT_EQ(rs->recordCount(), 0);
     EXPECT_TRUE(rs->bof() && rs->eof());
@@ -112,7 +118,8 @@ TEST_P(RecordsetTest, TheIdentityIsReadBackAfterAnInsert) {
     EXPECT_EQ(rs->status(), Recordset::RowStatus::Unmodified);
 }
 
-TEST_P(RecordsetTest, AConflictLeavesTheRowPendingWithItsValuesAndSavesTheOthers) {
+TEST_P(RecordsetTest, AConflictLeavesTheRowPendingWithItsValuesAndSavesTheOthers)
+{
     const RecordsetPtr rs = openAll();
     rs->find(QStringLiteral("D_CODE = 'A'"));
     rs->setValue(u"D_SHARE", 1);
@@ -142,7 +149,8 @@ TEST_P(RecordsetTest, AConflictLeavesTheRowPendingWithItsValuesAndSavesTheOthers
     EXPECT_EQ(rs->originalValue(u"D_SHARE").toString(), QStringLiteral("10.5"));
 }
 
-TEST_P(RecordsetTest, ARefusedRowStaysPendingWhileTheOthersAreWritten) {
+TEST_P(RecordsetTest, ARefusedRowStaysPendingWhileTheOthersAreWritten)
+{
     const RecordsetPtr rs = openAll(QStringLiteral(" WHERE 1 = 0"));
     rs->addNew();
     rs->setValue(u"D_OWNER", 3);
@@ -159,7 +167,8 @@ TEST_P(RecordsetTest, ARefusedRowStaysPendingWhileTheOthersAreWritten) {
               QStringLiteral("2"));
 }
 
-TEST_P(RecordsetTest, CancelDropsANewRowAndRestoresAnEditedOne) {
+TEST_P(RecordsetTest, CancelDropsANewRowAndRestoresAnEditedOne)
+{
     const RecordsetPtr rs = openAll();
     rs->addNew();
     rs->setValue(u"D_CODE", "GONE");
@@ -183,7 +192,8 @@ TEST_P(RecordsetTest, CancelDropsANewRowAndRestoresAnEditedOne) {
     EXPECT_EQ(codes(*rs), (QStringList{"A", "B", "C", "D"}));
 }
 
-TEST_P(RecordsetTest, RequeryReadsRowsWrittenByOthersAndSortOrdersThem) {
+TEST_P(RecordsetTest, RequeryReadsRowsWrittenByOthersAndSortOrdersThem)
+{
     const RecordsetPtr rs = openAll();
     db().executeNonQuery(QStringLiteral("INSERT INTO D (D_OWNER, D_CODE) VALUES (0, 'AA')"));
     EXPECT_EQ(rs->recordCount(), 4);
@@ -195,7 +205,8 @@ TEST_P(RecordsetTest, RequeryReadsRowsWrittenByOthersAndSortOrdersThem) {
     EXPECT_EQ(codes(*rs), (QStringList{"C", "D", "A", "B", "AA"}));
 }
 
-TEST_P(RecordsetTest, MovingPastTheEndsRaisesAsTheHostDoes) {
+TEST_P(RecordsetTest, MovingPastTheEndsRaisesAsTheHostDoes)
+{
     const RecordsetPtr rs = openAll();
     rs->moveLast();
     rs->moveNext();
@@ -211,7 +222,8 @@ TEST_P(RecordsetTest, MovingPastTheEndsRaisesAsTheHostDoes) {
 INSTANTIATE_TEST_SUITE_P(Targets, RecordsetTest, ::testing::ValuesIn(test::databaseTargets()),
                          [](const auto& info) { return test::targetName(info.param); });
 
-TEST(InMemoryRecordset, AppendedFieldsHoldRowsThatCannotBeWritten) {
+TEST(InMemoryRecordset, AppendedFieldsHoldRowsThatCannotBeWritten)
+{
     const RecordsetPtr rs = Recordset::create();
     rs->appendField(QStringLiteral("CODE"), ColumnKind::Text);
     rs->appendField(QStringLiteral("LEVEL"), ColumnKind::Integer);

@@ -6,7 +6,8 @@
 
 namespace tarvello::test {
 
-bool odbcSqliteDriverAvailable() {
+bool odbcSqliteDriverAvailable()
+{
     for (const char* path : {"/etc/odbcinst.ini"}) {
         QFile file(QString::fromLatin1(path));
         if (file.open(QIODevice::ReadOnly) && file.readAll().contains("[SQLite3]"))
@@ -15,33 +16,39 @@ bool odbcSqliteDriverAvailable() {
     return false;
 }
 
-std::vector<DatabaseTarget> databaseTargets() {
+std::vector<DatabaseTarget> databaseTargets()
+{
     std::vector<DatabaseTarget> targets{{QStringLiteral("sqlite"), false}};
     if (odbcSqliteDriverAvailable())
         targets.push_back({QStringLiteral("odbc"), true});
     return targets;
 }
 
-void PrintTo(const DatabaseTarget& target, std::ostream* os) {
+void PrintTo(const DatabaseTarget& target, std::ostream* os)
+{
     *os << target.name.toStdString();
 }
 
-std::string targetName(const DatabaseTarget& target) {
+std::string targetName(const DatabaseTarget& target)
+{
     return target.name.toStdString();
 }
 
-TestDatabase::TestDatabase(const DatabaseTarget& target) {
+TestDatabase::TestDatabase(const DatabaseTarget& target)
+{
     const QString file = m_dir.filePath(QStringLiteral("test.db"));
     m_connectionString = target.viaOdbc ? QStringLiteral("DRIVER={SQLite3};Database=%1;").arg(file)
                                         : QStringLiteral("Data Source=%1").arg(file);
     m_connection.open(m_connectionString);
 }
 
-QString TestDatabase::path() const {
+QString TestDatabase::path() const
+{
     return m_dir.filePath(QStringLiteral("test.db"));
 }
 
-void TestDatabase::runScript(const QString& script) {
+void TestDatabase::runScript(const QString& script)
+{
     static const QRegularExpression separator(QStringLiteral(";\\s*\\n"));
     for (const QString& statement : script.split(separator, Qt::SkipEmptyParts)) {
         if (!statement.trimmed().isEmpty())

@@ -8,7 +8,8 @@ using namespace tarvello::db;
 
 namespace {
 
-long errorNumber(const std::function<void()>& f) {
+long errorNumber(const std::function<void()>& f)
+{
     try {
         f();
     } catch (const RuntimeError& e) {
@@ -19,7 +20,8 @@ long errorNumber(const std::function<void()>& f) {
 
 } // namespace
 
-TEST(Decimal, ParsesBothSeparatorsAndAddsWithoutDrift) {
+TEST(Decimal, ParsesBothSeparatorsAndAddsWithoutDrift)
+{
     EXPECT_EQ(Decimal::parse(u"12,5")->toString(), QStringLiteral("12.5"));
     EXPECT_EQ(Decimal::parse(u"-0.125")->toString(), QStringLiteral("-0.125"));
     EXPECT_FALSE(Decimal::parse(u"1.2.3"));
@@ -35,7 +37,8 @@ TEST(Decimal, ParsesBothSeparatorsAndAddsWithoutDrift) {
     EXPECT_GT(total + *Decimal::parse(u"0.001"), Decimal(100));
 }
 
-TEST(Decimal, RoundsHalfAwayFromZeroAndMultiplies) {
+TEST(Decimal, RoundsHalfAwayFromZeroAndMultiplies)
+{
     EXPECT_EQ(Decimal::parse(u"2.345")->rounded(2).toString(), QStringLiteral("2.35"));
     EXPECT_EQ(Decimal::parse(u"-2.345")->rounded(2).toString(), QStringLiteral("-2.35"));
     EXPECT_EQ((*Decimal::parse(u"1.5") * *Decimal::parse(u"0.2")).toString(),
@@ -44,7 +47,8 @@ TEST(Decimal, RoundsHalfAwayFromZeroAndMultiplies) {
               QStringLiteral("-92233720368547758.08"));
 }
 
-TEST(Value, EmptyNullAndTextConversionsFollowTheHostLanguage) {
+TEST(Value, EmptyNullAndTextConversionsFollowTheHostLanguage)
+{
     EXPECT_TRUE(Value().isEmpty());
     EXPECT_EQ(Value().toInt64(), 0);
     EXPECT_EQ(Value().toString(), QString());
@@ -60,7 +64,8 @@ TEST(Value, EmptyNullAndTextConversionsFollowTheHostLanguage) {
     EXPECT_EQ(Value("2024-02-29T00:00:00").toDate(), QDate(2024, 2, 29));
 }
 
-TEST(Value, EqualityComparesNumbersByValueAndKeepsNullApart) {
+TEST(Value, EqualityComparesNumbersByValueAndKeepsNullApart)
+{
     EXPECT_EQ(Value(5), Value(*Decimal::parse(u"5.000")));
     EXPECT_EQ(Value(0.5), Value(*Decimal::parse(u"0.5")));
     EXPECT_NE(Value("5"), Value(5));
@@ -69,7 +74,8 @@ TEST(Value, EqualityComparesNumbersByValueAndKeepsNullApart) {
     EXPECT_EQ(Value(ValueList{1, "a"}), Value(ValueList{1, "a"}));
 }
 
-TEST(Value, SqlLiteralsDoubleQuotesAndWriteNumbersPlain) {
+TEST(Value, SqlLiteralsDoubleQuotesAndWriteNumbersPlain)
+{
     EXPECT_EQ(Value("D'ANGELO").sqlLiteral(), QStringLiteral("'D''ANGELO'"));
     EXPECT_EQ(Value("'; DROP TABLE X; --").sqlLiteral(), QStringLiteral("'''; DROP TABLE X; --'"));
     EXPECT_EQ(Value(*Decimal::parse(u"-3.10")).sqlLiteral(), QStringLiteral("-3.1"));
@@ -77,7 +83,8 @@ TEST(Value, SqlLiteralsDoubleQuotesAndWriteNumbersPlain) {
     EXPECT_EQ(Value(QDate(2024, 1, 31)).sqlLiteral(), QStringLiteral("'2024-01-31T00:00:00'"));
 }
 
-TEST(Criteria, MatchesComparisonsLikeNullAndGrouping) {
+TEST(Criteria, MatchesComparisonsLikeNullAndGrouping)
+{
     const QHash<QString, Value> row{{QStringLiteral("CODE"), "D'Angelo"},
                                     {QStringLiteral("QTY"), *Decimal::parse(u"10.5")},
                                     {QStringLiteral("NOTE"), Value::null()}};

@@ -1,0 +1,260 @@
+// Opens the agents of a generated database, changes one column of every row and saves
+// them all, through the project's Recordset and, side by side in the same run, through
+// the SQLite C API (the floor), plain QSqlQuery and QSqlTableModel.
+//
+//   recordset_bench [--agents N[,N...]] [--only-recordset]    (default 10000,100000)
+//
+// QSqlTableModel's submitAll grows with the square of the rows (10,000 rows take minutes),
+// so it runs only up to modelLimit rows; above, its line says so.
+
+#include "platform/db/connection.h"
+#include "platform/db/demodata.h"
+#include "platform/db/recordset.h"
+
+#include <QCoreApplication>
+#include <QElapsedTimer>
+#include <QSqlDatabase>
+#include <QSqlError>
+#include <QSqlQuery>
+#include <QSqlRecord>
+#include <QSqlTableModel>
+#include <QTemporaryDir>
+#include <cstdio>
+#include <functional>
+#include <sqlite3.h>
+#include <string>
+#include <vector>
+
+using namespace tarvello::db;
+
+namespace {
+
+constexpr int company = 1;
+constexpr int modelLimit = 10000;
+const char* const selectAgents = "SELECT * FROM MG17_AGENTI WHERE MG17_DITTA_CG18 = 1";
+const char* const updateAgent =
+    "UPDATE MG17_AGENTI SET MG17_MATRENASARCO = ? WHERE MG17_IDAGENTE = ?";
+
+struct Timing {
+    QString name;
+    double openMs = 0;
+    double saveMs = 0;
+    qsizetype rows = 0;
+    double total() const { return openMs + saveMs; }
+};
+
+QString stamp(int variant, qsizetype row)
+{
+    return QStringLiteral("V%1-%2").arg(variant).arg(row);
+}
+
+void check(bool ok, const char* what)
+{
+    if (!ok) {
+        std::fprintf(stderr, "benchmark step failed: %s\n", what);
+        std::exit(1);
+    }
+}
+
+Timing viaSqliteApi(const QString& path, int variant)
+{
+    Timing t{QStringLiteral("SQLite C API (floor)")};
+    sqlite3* db = nullptr;
+    check(sqlite3_open(path.toUtf8().constData(), &db) == SQLITE_OK, "open");
+    QElapsedTimer timer;
+    timer.start();
+    sqlite3_stmt* select = nullptr;
+    check(sqlite3_prepare_v2(db, selectAgents, -1, &select, nullptr) == SQLITE_OK, "prepare");
+    const int columns = sqlite3_column_count(select);
+    // Rows kept as text and numbers, as a client would hold them.
+    std::vector<std::vector<std::string>> rows;
+    std::vector<sqlite3_int64> ids;
+    while (sqlite3_step(select) == SQLITE_ROW) {
+        std::vector<std::string> row(columns);
+        for (int c = 0; c < columns; ++c) {
+            if (const auto* text = sqlite3_column_text(select, c))
+                row[c].assign(reinterpret_cast<const char*>(text), sqlite3_column_bytes(select, c));
+        }
+        ids.push_back(sqlite3_column_int64(select, 1));
+        rows.push_back(std::move(row));
+    }
+    sqlite3_finalize(select);
+    t.openMs = timer.nsecsElapsed() / 1e6;
+    t.rows = qsizetype(rows.size());
+
+    timer.restart();
+    sqlite3_exec(db, "BEGIN", nullptr, nullptr, nullptr);
+    sqlite3_stmt* update = nullptr;
+    check(sqlite3_prepare_v2(db, updateAgent, -1, &update, nullptr) == SQLITE_OK, "prepare");
+    for (size_t i = 0; i < ids.size(); ++i) {
+        const QByteArray value = stamp(variant, qsizetype(i)).toUtf8();
+        sqlite3_bind_text(update, 1, value.constData(), int(value.size()), SQLITE_TRANSIENT);
+        sqlite3_bind_int64(update, 2, ids[i]);
+        check(sqlite3_step(update) == SQLITE_DONE, "update");
+        sqlite3_reset(update);
+    }
+    sqlite3_finalize(update);
+    check(sqlite3_exec(db, "COMMIT", nullptr, nullptr, nullptr) == SQLITE_OK, "commit");
+    t.saveMs = timer.nsecsElapsed() / 1e6;
+    sqlite3_close(db);
+    return t;
+}
+
+QSqlDatabase qtDatabase(const QString& path, const QString& name)
+{
+    QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), name);
+    db.setDatabaseName(path);
+    check(db.open(), "QSQLITE open");
+    return db;
+}
+
+Timing viaQSqlQuery(const QString& path, int variant)
+{
+    Timing t{QStringLiteral("QSqlQuery prepared")};
+    {
+        QSqlDatabase db = qtDatabase(path, QStringLiteral("bench-query"));
+        QElapsedTimer timer;
+        timer.start();
+        QSqlQuery select(db);
+        select.setForwardOnly(true);
+        check(select.exec(QString::fromLatin1(selectAgents)), "select");
+        const int columns = select.record().count();
+        std::vector<std::vector<QVariant>> rows;
+        while (select.next()) {
+            std::vector<QVariant> row(columns);
+            for (int c = 0; c < columns; ++c)
+                row[c] = select.value(c);
+            rows.push_back(std::move(row));
+        }
+        t.openMs = timer.nsecsElapsed() / 1e6;
+        t.rows = qsizetype(rows.size());
+
+        timer.restart();
+        check(db.transaction(), "begin");
+        QSqlQuery update(db);
+        check(update.prepare(QString::fromLatin1(updateAgent)), "prepare");
+        for (size_t i = 0; i < rows.size(); ++i) {
+            update.bindValue(0, stamp(variant, qsizetype(i)));
+            update.bindValue(1, rows[i][1]);
+            check(update.exec(), "update");
+        }
+        check(db.commit(), "commit");
+        t.saveMs = timer.nsecsElapsed() / 1e6;
+    }
+    QSqlDatabase::removeDatabase(QStringLiteral("bench-query"));
+    return t;
+}
+
+Timing viaQSqlTableModel(const QString& path, int variant)
+{
+    Timing t{QStringLiteral("QSqlTableModel")};
+    {
+        QSqlDatabase db = qtDatabase(path, QStringLiteral("bench-model"));
+        QElapsedTimer timer;
+        timer.start();
+        QSqlTableModel model(nullptr, db);
+        model.setEditStrategy(QSqlTableModel::OnManualSubmit);
+        model.setTable(QStringLiteral("MG17_AGENTI"));
+        model.setFilter(QStringLiteral("MG17_DITTA_CG18 = %1").arg(company));
+        check(model.select(), "select");
+        while (model.canFetchMore())
+            model.fetchMore();
+        t.openMs = timer.nsecsElapsed() / 1e6;
+        t.rows = model.rowCount();
+
+        timer.restart();
+        const int column = model.fieldIndex(QStringLiteral("MG17_MATRENASARCO"));
+        for (int row = 0; row < model.rowCount(); ++row)
+            model.setData(model.index(row, column), stamp(variant, row));
+        check(db.transaction(), "begin");
+        check(model.submitAll(), "submitAll");
+        check(db.commit(), "commit");
+        t.saveMs = timer.nsecsElapsed() / 1e6;
+    }
+    QSqlDatabase::removeDatabase(QStringLiteral("bench-model"));
+    return t;
+}
+
+Timing viaRecordset(const QString& path, int variant)
+{
+    Timing t{QStringLiteral("Tarvello Recordset")};
+    Connection connection;
+    connection.open(QStringLiteral("Data Source=") + path);
+    connection.log().setEnabled(false);
+    QElapsedTimer timer;
+    timer.start();
+    const RecordsetPtr rs = Recordset::open(connection, QString::fromLatin1(selectAgents));
+    t.openMs = timer.nsecsElapsed() / 1e6;
+    t.rows = rs->recordCount();
+
+    timer.restart();
+    qsizetype i = 0;
+    for (rs->moveFirst(); !rs->eof(); rs->moveNext())
+        rs->setValue(u"MG17_MATRENASARCO", stamp(variant, i++));
+    rs->updateBatch();
+    t.saveMs = timer.nsecsElapsed() / 1e6;
+    return t;
+}
+
+void runFor(int agents, bool onlyRecordset)
+{
+    QTemporaryDir dir;
+    const QString path = dir.filePath(QStringLiteral("bench.db"));
+    {
+        Connection connection;
+        connection.open(QStringLiteral("Data Source=") + path);
+        connection.log().setEnabled(false);
+        createSchema(connection);
+        populateDemoData(connection, DemoOptions{agents});
+    }
+    std::vector<std::function<Timing(const QString&, int)>> variants{viaSqliteApi, viaQSqlQuery,
+                                                                     viaRecordset};
+    if (onlyRecordset)
+        variants.erase(variants.begin() + 1, variants.end() - 1);
+    const bool withModel = agents <= modelLimit && !onlyRecordset;
+    if (withModel)
+        variants.insert(variants.begin() + 2, viaQSqlTableModel);
+    std::vector<Timing> timings;
+    int variant = 0;
+    for (const auto& run : variants)
+        timings.push_back(run(path, ++variant));
+
+    const Timing& floor = timings.front();
+    std::printf("\n%d agents generated; rows read and saved: %lld\n", agents,
+                static_cast<long long>(floor.rows));
+    std::printf("%-24s %10s %10s %10s %8s %8s %8s\n", "variant", "open ms", "save ms", "total ms",
+                "open x", "save x", "total x");
+    for (const Timing& t : timings) {
+        std::printf("%-24s %10.1f %10.1f %10.1f %8.2f %8.2f %8.2f\n", qPrintable(t.name), t.openMs,
+                    t.saveMs, t.total(), t.openMs / floor.openMs, t.saveMs / floor.saveMs,
+                    t.total() / floor.total());
+    }
+    const Timing& ours = timings.back();
+    std::printf("Recordset vs floor: %.2fx (target <= 2)", ours.total() / floor.total());
+    if (withModel)
+        std::printf("; QSqlTableModel / Recordset: %.2fx (target >= 2)\n",
+                    timings[2].total() / ours.total());
+    else
+        std::printf("; QSqlTableModel not run above %d rows (its save grows quadratically)\n",
+                    modelLimit);
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    QCoreApplication app(argc, argv);
+    QList<int> sizes{10000, 100000};
+    const QStringList args = app.arguments();
+    const qsizetype at = args.indexOf(QStringLiteral("--agents"));
+    if (at >= 0 && at + 1 < args.size()) {
+        sizes.clear();
+        for (const QString& n : args[at + 1].split(u','))
+            sizes << n.toInt();
+    }
+    // --only-recordset keeps the floor and ours, for profiling.
+    const bool onlyRecordset = args.contains(QStringLiteral("--only-recordset"));
+    for (int agents : sizes)
+        runFor(agents, onlyRecordset);
+    return 0;
+}
