@@ -42,12 +42,14 @@ struct Range {
     int end = 0;
 };
 
-bool among(QStringView key, std::initializer_list<QStringView> words) {
+bool among(QStringView key, std::initializer_list<QStringView> words)
+{
     return std::find(words.begin(), words.end(), key) != words.end();
 }
 
 // Words that are never a column, table or function name here, so they end an expression.
-bool isKeyword(QStringView key) {
+bool isKeyword(QStringView key)
+{
     static constexpr QStringView keywords[] = {
         u"ALL",     u"ALTER",    u"AND",      u"AS",     u"ASC",    u"BEGIN",     u"BETWEEN",
         u"BY",      u"CASE",     u"COLLATE",  u"CREATE", u"CROSS",  u"DECLARE",   u"DELETE",
@@ -62,30 +64,40 @@ bool isKeyword(QStringView key) {
     return std::find(std::begin(keywords), std::end(keywords), key) != std::end(keywords);
 }
 
-bool isStatementStart(QStringView key) {
+bool isStatementStart(QStringView key)
+{
     return among(key,
                  {u"SELECT", u"INSERT", u"UPDATE", u"DELETE", u"DROP", u"CREATE", u"ALTER", u"SET",
                   u"IF", u"DECLARE", u"TRUNCATE", u"EXEC", u"EXECUTE", u"MERGE", u"PRINT"});
 }
 
-bool isTableHint(QStringView key) {
+bool isTableHint(QStringView key)
+{
     return among(key, {u"NOLOCK", u"READUNCOMMITTED", u"UPDLOCK", u"HOLDLOCK", u"ROWLOCK",
                        u"PAGLOCK", u"TABLOCK", u"TABLOCKX", u"READPAST", u"XLOCK", u"NOWAIT",
                        u"READCOMMITTED", u"READCOMMITTEDLOCK", u"REPEATABLEREAD", u"SERIALIZABLE",
                        u"NOEXPAND", u"FORCESEEK", u"FORCESCAN", u"INDEX"});
 }
 
-bool isTextType(QStringView key) {
+bool isTextType(QStringView key)
+{
     return among(key, {u"VARCHAR", u"NVARCHAR", u"CHAR", u"NCHAR", u"TEXT", u"NTEXT", u"SYSNAME"});
 }
 
-bool isNumericType(QStringView key) {
+bool isNumericType(QStringView key)
+{
     return among(key, {u"INT", u"INTEGER", u"BIGINT", u"SMALLINT", u"TINYINT", u"BIT", u"DECIMAL",
                        u"NUMERIC", u"MONEY", u"SMALLMONEY", u"FLOAT", u"REAL"});
 }
 
+// Dates are stored as ISO texts with a 'T' ("2024-03-01T00:00:00"); dates computed in SQL
+// take the same form, or they would not compare with stored ones.
+constexpr QLatin1StringView isoDateTime("%Y-%m-%dT%H:%M:%S");
+constexpr QLatin1StringView isoDate("%Y-%m-%dT00:00:00");
+
 // The strftime pattern of a CONVERT style that turns a date into text.
-QString dateStyleFormat(QStringView style) {
+QString dateStyleFormat(QStringView style)
+{
     static constexpr std::pair<QStringView, QStringView> formats[] = {
         {u"23", u"%Y-%m-%d"},  {u"101", u"%m/%d/%Y"},          {u"103", u"%d/%m/%Y"},
         {u"104", u"%d.%m.%Y"}, {u"105", u"%d-%m-%Y"},          {u"108", u"%H:%M:%S"},
@@ -98,26 +110,31 @@ QString dateStyleFormat(QStringView style) {
 }
 
 // A quoted run's text with each doubled quote back to one.
-QString undoubled(QString text, QChar quote) {
+QString undoubled(QString text, QChar quote)
+{
     return text.replace(QString(2, quote), QString(quote));
 }
 
-QString quotedName(QString name) {
+QString quotedName(QString name)
+{
     name.replace(u'"', QStringLiteral("\"\""));
     return u'"' + name + u'"';
 }
 
-bool isWordStart(QChar c) {
+bool isWordStart(QChar c)
+{
     return c.isLetter() || c == u'_' || c == u'#' || c == u'@';
 }
 
-bool isWordChar(QChar c) {
+bool isWordChar(QChar c)
+{
     return c.isLetterOrNumber() || c == u'_' || c == u'#' || c == u'@' || c == u'$';
 }
 
 // Just past a run opened before `from` and closed by `close`, where a doubled `close` stands
 // for itself ('' in literals, "" and ]] in names).
-qsizetype quotedEnd(const QString& sql, qsizetype from, QChar close) {
+qsizetype quotedEnd(const QString& sql, qsizetype from, QChar close)
+{
     for (qsizetype i = from; i < sql.size(); ++i) {
         if (sql[i] != close)
             continue;
@@ -130,7 +147,8 @@ qsizetype quotedEnd(const QString& sql, qsizetype from, QChar close) {
 }
 
 // T-SQL block comments nest.
-qsizetype blockCommentEnd(const QString& sql, qsizetype from) {
+qsizetype blockCommentEnd(const QString& sql, qsizetype from)
+{
     int depth = 1;
     qsizetype i = from;
     while (i < sql.size() && depth > 0) {
@@ -148,7 +166,8 @@ qsizetype blockCommentEnd(const QString& sql, qsizetype from) {
     return i;
 }
 
-qsizetype numberEnd(const QString& sql, qsizetype from) {
+qsizetype numberEnd(const QString& sql, qsizetype from)
+{
     qsizetype i = from;
     while (i < sql.size() && (sql[i].isDigit() || sql[i] == u'.'))
         ++i;
@@ -165,7 +184,8 @@ qsizetype numberEnd(const QString& sql, qsizetype from) {
     return i;
 }
 
-Tokens tokenize(const QString& sql) {
+Tokens tokenize(const QString& sql)
+{
     Tokens tokens;
     const qsizetype size = sql.size();
     qsizetype i = 0;
@@ -221,17 +241,20 @@ Tokens tokenize(const QString& sql) {
     return tokens;
 }
 
-bool isSignificant(const Token& token) {
+bool isSignificant(const Token& token)
+{
     return token.kind != TokenKind::Space && token.kind != TokenKind::Comment;
 }
 
-bool isSymbol(const Token& token, QStringView symbol) {
+bool isSymbol(const Token& token, QStringView symbol)
+{
     return token.kind == TokenKind::Symbol && token.source == symbol;
 }
 
 // The index of the parenthesis that closes or opens each parenthesis, -1 elsewhere and for
 // parentheses without a partner.
-QList<int> matchParentheses(const Tokens& tokens) {
+QList<int> matchParentheses(const Tokens& tokens)
+{
     QList<int> partner(tokens.size(), -1);
     QList<int> open;
     for (int i = 0; i < tokens.size(); ++i) {
@@ -245,12 +268,14 @@ QList<int> matchParentheses(const Tokens& tokens) {
     return partner;
 }
 
-bool containsNewline(const Token& token) {
+bool containsNewline(const Token& token)
+{
     return token.kind == TokenKind::Space && token.source.contains(u'\n');
 }
 
 // "GO" alone on its line separates batches.
-bool isBatchSeparator(const Tokens& tokens, int i) {
+bool isBatchSeparator(const Tokens& tokens, int i)
+{
     return tokens[i].key == u"GO" && (i == 0 || containsNewline(tokens[i - 1])) &&
            (i + 1 == tokens.size() || containsNewline(tokens[i + 1]));
 }
@@ -261,9 +286,11 @@ class BatchSplitter {
 public:
     BatchSplitter(const Tokens& tokens, const QList<int>& partner)
         : m_tokens(tokens)
-        , m_partner(partner) {}
+        , m_partner(partner)
+    {}
 
-    QList<Range> split() {
+    QList<Range> split()
+    {
         for (int i = 0; i < m_tokens.size(); ++i) {
             const Token& token = m_tokens[i];
             if (!isSignificant(token))
@@ -283,7 +310,8 @@ public:
     }
 
 private:
-    void close(int end, int nextBegin) {
+    void close(int end, int nextBegin)
+    {
         m_ranges.append({m_begin, end});
         m_begin = nextBegin;
         m_started = false;
@@ -291,14 +319,16 @@ private:
         m_inIf = false;
     }
 
-    void enter(const QString& key) {
+    void enter(const QString& key)
+    {
         m_lead = key;
         m_sawMain = false;
         m_inIf = m_inIf || key == u"IF";
         m_awaitingBody = key == u"IF";
     }
 
-    void word(const QString& key, int i) {
+    void word(const QString& key, int i)
+    {
         if (!m_started) {
             m_started = true;
             enter(key);
@@ -321,7 +351,8 @@ private:
     }
 
     // Whether a statement keyword still belongs to the running statement.
-    bool continues(const QString& key) {
+    bool continues(const QString& key)
+    {
         if (among(m_previous, {u"UNION", u"ALL", u"EXCEPT", u"INTERSECT", u"AS", u"ON"}))
             return true;
         if (m_lead == u"WITH" && among(key, {u"SELECT", u"INSERT", u"UPDATE", u"DELETE"})) {
@@ -337,7 +368,8 @@ private:
         return false;
     }
 
-    void trackBlock(const QString& key) {
+    void trackBlock(const QString& key)
+    {
         if (key == u"BEGIN" || key == u"CASE")
             ++m_blockDepth;
         else if (key == u"END" && --m_blockDepth == 0)
@@ -391,11 +423,13 @@ public:
         , m_partner(partner)
         , m_begin(range.begin)
         , m_end(range.end)
-        , m_isTextColumn(isTextColumn) {
+        , m_isTextColumn(isTextColumn)
+    {
         matchCases();
     }
 
-    QString rewrite() {
+    QString rewrite()
+    {
         const int first = next(m_begin - 1);
         if (first >= m_end)
             return {};
@@ -417,7 +451,8 @@ public:
 
 private:
     // Navigation over significant tokens; `end` is returned when there is no more.
-    int next(int i, int end = -1) const {
+    int next(int i, int end = -1) const
+    {
         const int limit = end < 0 ? m_end : end;
         for (int k = i + 1; k < limit; ++k) {
             if (isSignificant(m_t[k]))
@@ -426,7 +461,8 @@ private:
         return limit;
     }
 
-    int previous(int i, int begin) const {
+    int previous(int i, int begin) const
+    {
         for (int k = i - 1; k >= begin; --k) {
             if (isSignificant(m_t[k]))
                 return k;
@@ -438,7 +474,8 @@ private:
     bool isWord(int i, QStringView key) const { return valid(i) && m_t[i].key == key; }
     bool isSym(int i, QStringView symbol) const { return valid(i) && isSymbol(m_t[i], symbol); }
     bool isOpen(int i) const { return isSym(i, u"(") && m_partner[i] > i && m_partner[i] < m_end; }
-    bool isName(int i) const {
+    bool isName(int i) const
+    {
         if (!valid(i))
             return false;
         const Token& token = m_t[i];
@@ -452,7 +489,8 @@ private:
     int skipUnit(int i) const { return m_caseEnd.value(i, skipGroup(i)); }
 
     // The last token of a dotted name starting at i.
-    int nameLast(int i) const {
+    int nameLast(int i) const
+    {
         int last = i;
         while (isSym(next(last), u".") &&
                (isName(next(next(last))) || isSym(next(next(last)), u"*")))
@@ -460,7 +498,8 @@ private:
         return last;
     }
 
-    QString bareName(int i) const {
+    QString bareName(int i) const
+    {
         const Token& token = m_t[i];
         if (token.kind == TokenKind::QuotedName)
             return undoubled(token.source.mid(1, token.source.size() - 2), u'"');
@@ -469,27 +508,31 @@ private:
         return token.source;
     }
 
-    QString text(int from, int to) const {
+    QString text(int from, int to) const
+    {
         QString result;
         for (int k = from; k <= to; ++k)
             result += m_t[k].before + m_t[k].out + m_t[k].after;
         return result;
     }
 
-    void erase(int from, int to) {
+    void erase(int from, int to)
+    {
         for (int k = from; k <= to; ++k)
             m_t[k].out.clear();
     }
 
     // Erases [from, to] with the blanks in front, so no double blank is left behind.
-    void eraseWithBlanks(int from, int to) {
+    void eraseWithBlanks(int from, int to)
+    {
         int start = from;
         while (start > m_begin && !isSignificant(m_t[start - 1]))
             --start;
         erase(start, to);
     }
 
-    void matchCases() {
+    void matchCases()
+    {
         QList<int> open;
         for (int i = m_begin; i < m_end; ++i) {
             if (m_t[i].key == u"CASE")
@@ -501,7 +544,8 @@ private:
 
     // Rewrites that concern one token alone: literals, quoted names, temporary tables,
     // schema prefixes, comments.
-    void rewriteTokens() {
+    void rewriteTokens()
+    {
         for (int i = m_begin; i < m_end; ++i) {
             Token& token = m_t[i];
             switch (token.kind) {
@@ -534,7 +578,8 @@ private:
     }
 
     // "IF OBJECT_ID('tempdb..#T'[, 'U']) IS NOT NULL [BEGIN] DROP TABLE #T [;] [END]".
-    std::optional<QString> dropIfExists(int first) const {
+    std::optional<QString> dropIfExists(int first) const
+    {
         if (!isWord(first, u"IF") || !isWord(next(first), u"OBJECT_ID"))
             return std::nullopt;
         const int open = next(next(first));
@@ -586,7 +631,8 @@ private:
 
     // Rewrites inside parentheses first, so a call's arguments are final when the call
     // itself is rewritten.
-    void rewriteLevel(int begin, int end) {
+    void rewriteLevel(int begin, int end)
+    {
         for (int i = next(begin - 1, end); i < end; i = next(skipGroup(i), end)) {
             if (isOpen(i) && m_partner[i] < end)
                 rewriteLevel(i + 1, m_partner[i]);
@@ -597,7 +643,8 @@ private:
         rewriteTop(begin, end);
     }
 
-    bool isHintGroup(int open) const {
+    bool isHintGroup(int open) const
+    {
         const int close = m_partner[open];
         bool any = false;
         for (int i = next(open, close); i < close; i = next(skipGroup(i), close)) {
@@ -610,7 +657,8 @@ private:
     }
 
     // "WITH (NOLOCK)" after a table, and the old form "table (NOLOCK)".
-    void removeHints(int begin, int end) {
+    void removeHints(int begin, int end)
+    {
         for (int i = next(begin - 1, end); i < end; i = next(skipGroup(i), end)) {
             const int open = next(i, end);
             if (isWord(i, u"WITH") && isOpen(open) && isHintGroup(open)) {
@@ -623,7 +671,8 @@ private:
     }
 
     // Top-level commas of a call's arguments.
-    QList<int> argumentCommas(int open) const {
+    QList<int> argumentCommas(int open) const
+    {
         QList<int> commas;
         const int close = m_partner[open];
         for (int i = next(open, close); i < close; i = next(skipGroup(i), close)) {
@@ -633,7 +682,8 @@ private:
         return commas;
     }
 
-    void rewriteCalls(int begin, int end) {
+    void rewriteCalls(int begin, int end)
+    {
         for (int i = next(begin - 1, end); i < end; i = next(skipGroup(i), end)) {
             const int open = next(i, end);
             if (m_t[i].kind != TokenKind::Word || !isOpen(open) || isSym(previous(i, begin), u"."))
@@ -643,7 +693,8 @@ private:
         }
     }
 
-    void rewriteCall(int name, int open) {
+    void rewriteCall(int name, int open)
+    {
         Token& function = m_t[name];
         const int close = m_partner[open];
         const QList<int> commas = argumentCommas(open);
@@ -658,7 +709,7 @@ private:
             function.out = QStringLiteral("LENGTH(RTRIM");
             m_t[close].out = QStringLiteral("))");
         } else if (key == u"GETDATE" && noArguments) {
-            function.out = QStringLiteral("datetime('now', 'localtime')");
+            function.out = QStringLiteral("strftime('%1', 'now', 'localtime')").arg(isoDateTime);
             erase(name + 1, close);
         } else if (key == u"SCOPE_IDENTITY" && noArguments) {
             function.out = QStringLiteral("last_insert_rowid");
@@ -680,7 +731,8 @@ private:
         }
     }
 
-    int lastAs(int open) const {
+    int lastAs(int open) const
+    {
         int as = -1;
         const int close = m_partner[open];
         for (int i = next(open, close); i < close; i = next(skipUnit(i), close)) {
@@ -691,7 +743,8 @@ private:
     }
 
     // CAST(value AS type).
-    void rewriteCast(int name, int open) {
+    void rewriteCast(int name, int open)
+    {
         const int close = m_partner[open];
         const int as = lastAs(open);
         if (as < 0 || next(as) >= close)
@@ -705,7 +758,8 @@ private:
     }
 
     // CONVERT(type, value[, style]).
-    void rewriteConvert(int name, int open, const QList<int>& commas) {
+    void rewriteConvert(int name, int open, const QList<int>& commas)
+    {
         const int close = m_partner[open];
         const int value = next(commas[0]);
         const int style = commas.size() == 2 ? next(commas[1]) : close;
@@ -726,14 +780,15 @@ private:
         apply(*conversion, name, open, close);
     }
 
-    void apply(const Conversion& conversion, int name, int open, int close) {
+    void apply(const Conversion& conversion, int name, int open, int close)
+    {
         m_t[name].out = conversion.head;
         m_t[open].after += conversion.afterOpen;
         m_t[close].out = conversion.tail;
     }
 
-    std::optional<Conversion> conversionTo(int typeFirst, int typeLast,
-                                           const QString& style) const {
+    std::optional<Conversion> conversionTo(int typeFirst, int typeLast, const QString& style) const
+    {
         const QString& type = m_t[typeFirst].key;
         int length = -1;
         bool unlimited = type == u"TEXT" || type == u"NTEXT";
@@ -766,9 +821,11 @@ private:
         if (!style.isEmpty())
             return std::nullopt;
         if (type == u"DATE")
-            return Conversion{QStringLiteral("date"), {}, QStringLiteral(")")};
+            return Conversion{QStringLiteral("strftime"), QStringLiteral("'%1', ").arg(isoDate),
+                              QStringLiteral(")")};
         if (among(type, {u"DATETIME", u"SMALLDATETIME", u"DATETIME2"}))
-            return Conversion{QStringLiteral("datetime"), {}, QStringLiteral(")")};
+            return Conversion{QStringLiteral("strftime"), QStringLiteral("'%1', ").arg(isoDateTime),
+                              QStringLiteral(")")};
         if (isNumericType(type))
             return Conversion{QStringLiteral("CAST"),
                               {},
@@ -779,7 +836,8 @@ private:
     // "SELECT [DISTINCT] TOP n ..." and "TOP (n)" become "... LIMIT n" at the end of that
     // SELECT (before a closing parenthesis of a subquery; a first member of a UNION is
     // wrapped, since SQLite takes LIMIT only at the end of a compound).
-    void rewriteTop(int begin, int end) {
+    void rewriteTop(int begin, int end)
+    {
         for (int select = next(begin - 1, end); select < end;
              select = next(skipGroup(select), end)) {
             if (!isWord(select, u"SELECT"))
@@ -812,7 +870,8 @@ private:
 
     // '+' becomes '||' where it joins texts: T-SQL concatenates when both sides are texts,
     // and adds when either side is a number, as SQLite's '+' does.
-    void concatenate(int begin, int end) {
+    void concatenate(int begin, int end)
+    {
         for (int i = next(begin - 1, end); i < end; i = next(skipUnit(i), end)) {
             if (m_caseEnd.contains(i))
                 concatenate(i + 1, m_caseEnd.value(i));
@@ -837,7 +896,8 @@ private:
         }
     }
 
-    static bool joinsTexts(Type left, Type right) {
+    static bool joinsTexts(Type left, Type right)
+    {
         return (left == Type::Text && right != Type::Numeric) ||
                (right == Type::Text && left != Type::Numeric);
     }
@@ -851,7 +911,8 @@ private:
 
     // The type of a chain, evaluated left to right as T-SQL does; `joins` receives the '+'
     // that join texts.
-    Type chainType(const Chain& chain, QList<Join>* joins = nullptr) const {
+    Type chainType(const Chain& chain, QList<Join>* joins = nullptr) const
+    {
         Type running = termType(chain.terms[0]);
         bool arithmeticBefore = false;
         for (qsizetype k = 0; k < chain.operators.size(); ++k) {
@@ -872,7 +933,8 @@ private:
         return running;
     }
 
-    Chain parseChain(int i, int end) const {
+    Chain parseChain(int i, int end) const
+    {
         Chain chain;
         Term term = parseTerm(i, end);
         while (term.isValid()) {
@@ -889,7 +951,8 @@ private:
 
     bool isSign(int i) const { return isSym(i, u"-") || isSym(i, u"+") || isSym(i, u"~"); }
 
-    Term parseTerm(int i, int end) const {
+    Term parseTerm(int i, int end) const
+    {
         Term term;
         int k = i;
         while (k < end && isSign(k)) {
@@ -919,7 +982,8 @@ private:
     }
 
     // The last token of the primary expression at i, or -1 when none starts there.
-    int parsePrimary(int i, int end) const {
+    int parsePrimary(int i, int end) const
+    {
         if (i >= end)
             return -1;
         const Token& token = m_t[i];
@@ -955,17 +1019,20 @@ private:
         return last < end ? last : -1;
     }
 
-    bool isCallName(int i) const {
+    bool isCallName(int i) const
+    {
         return m_t[i].kind == TokenKind::Word &&
                (!isKeyword(m_t[i].key) || among(m_t[i].key, {u"LEFT", u"RIGHT"})) &&
                isOpen(next(i));
     }
 
-    Type termType(const Term& term) const {
+    Type termType(const Term& term) const
+    {
         return term.compound ? Type::Numeric : primaryType(term.primary);
     }
 
-    Type primaryType(int i) const {
+    Type primaryType(int i) const
+    {
         const Token& token = m_t[i];
         if (token.kind == TokenKind::String || token.kind == TokenKind::UnicodeString)
             return Type::Text;
@@ -985,14 +1052,16 @@ private:
     }
 
     // The type of [begin, end) when it is one expression.
-    Type rangeType(int begin, int end) const {
+    Type rangeType(int begin, int end) const
+    {
         const Chain chain = parseChain(next(begin - 1, end), end);
         if (chain.terms.isEmpty() || next(chain.terms.last().last, end) < end)
             return Type::Unknown;
         return chainType(chain);
     }
 
-    Type caseType(int caseIndex) const {
+    Type caseType(int caseIndex) const
+    {
         const int end = m_caseEnd.value(caseIndex);
         Type type = Type::Unknown;
         for (int i = next(caseIndex, end); i < end; i = next(skipUnit(i), end)) {
@@ -1005,7 +1074,8 @@ private:
         return type;
     }
 
-    Type callType(const QString& function, int open) const {
+    Type callType(const QString& function, int open) const
+    {
         if (among(function,
                   {u"RTRIM", u"LTRIM",  u"TRIM",    u"UPPER",     u"LOWER", u"SUBSTRING", u"SUBSTR",
                    u"LEFT",  u"RIGHT",  u"REPLACE", u"REPLICATE", u"SPACE", u"STR",       u"CHAR",
@@ -1035,7 +1105,8 @@ private:
         return Type::Unknown;
     }
 
-    Type typeNameType(int i) const {
+    Type typeNameType(int i) const
+    {
         if (!valid(i))
             return Type::Unknown;
         if (isTextType(m_t[i].key))
@@ -1044,7 +1115,8 @@ private:
     }
 
     // "SELECT cols INTO #T FROM ..." becomes "CREATE TEMP TABLE "#T" AS SELECT cols FROM ...".
-    void rewriteSelectInto(int select) {
+    void rewriteSelectInto(int select)
+    {
         if (!isWord(select, u"SELECT"))
             return;
         for (int i = next(select); i < m_end && !isWord(i, u"FROM"); i = next(skipGroup(i))) {
@@ -1071,7 +1143,8 @@ private:
     };
 
     // The tables of the FROM clause starting at `from`.
-    QList<TableReference> tableReferences(int from) const {
+    QList<TableReference> tableReferences(int from) const
+    {
         QList<TableReference> references;
         bool expectTable = true;
         for (int i = next(from); i < m_end; i = next(skipGroup(i))) {
@@ -1097,14 +1170,15 @@ private:
     // "DELETE t FROM a INNER JOIN t ON ... WHERE ..." (also "DELETE FROM t FROM ...") becomes
     // "DELETE FROM t WHERE rowid IN (SELECT t.rowid FROM a INNER JOIN t ON ... WHERE ...)";
     // "DELETE t WHERE ..." gets its FROM.
-    void rewriteDelete(int first) {
+    void rewriteDelete(int first)
+    {
         if (!isWord(first, u"DELETE"))
             return;
         int target = next(first);
         const bool hasFrom = isWord(target, u"FROM");
         if (hasFrom)
             target = next(target);
-        if (!valid(target))
+        if (!isName(target))
             return;
         const int targetLast = nameLast(target);
         const int from = next(targetLast);
@@ -1147,9 +1221,11 @@ private:
 } // namespace
 
 TsqlRewriter::TsqlRewriter(TextColumnLookup isTextColumn)
-    : m_isTextColumn(std::move(isTextColumn)) {}
+    : m_isTextColumn(std::move(isTextColumn))
+{}
 
-QStringList TsqlRewriter::rewrite(const QString& tsql) const {
+QStringList TsqlRewriter::rewrite(const QString& tsql) const
+{
     Tokens tokens = tokenize(tsql);
     const QList<int> partner = matchParentheses(tokens);
     QStringList statements;

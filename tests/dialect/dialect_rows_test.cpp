@@ -2,6 +2,7 @@
 #include "platform/db/runtimeerror.h"
 #include "support/testdatabase.h"
 
+#include <QDate>
 #include <gtest/gtest.h>
 
 using namespace tarvello;
@@ -22,7 +23,7 @@ CREATE TABLE MG17_AGENTI (MG17_IDAGENTE INTEGER PRIMARY KEY AUTOINCREMENT,
   MG17_DITTA_CG18 INT, MG17_AGENTE VARCHAR(20), MG17_ANAGEN_CG16 INT,
   MG17_IDAGERIF_MG17 INT, MG17_INDTIPOAGE SMALLINT);
 CREATE TABLE MG18_AGENTISOCI (MG18_DITTA_CG18 INT, MG18_IDAGENTE_MG17 INT,
-  MG18_CODSOCIO SMALLINT, MG18_NOMECOGN VARCHAR(30));
+  MG18_CODSOCIO SMALLINT, MG18_NOMECOGN VARCHAR(30), MG18_DATAINRAPP DATETIME);
 CREATE TABLE MG1H_GIRI (MG1H_DITTA_CG18 INT, MG1H_GIRO VARCHAR(3), MG1H_DESCRIZIONE VARCHAR(40));
 CREATE TABLE MG1I_DETTAGLIOGIRI (MG1I_DITTA_CG18 INT, MG1I_IDAGENTE_MG17 INT,
   MG1I_GIRO_MG1H VARCHAR(3), MG1I_PROGRESSIVO SMALLINT, MG1I_TIPOCF_CG44 INT,
@@ -37,7 +38,8 @@ INSERT INTO CG16_ANAGGEN VALUES (1, N'ROSSI MARIO'), (2, N'BIANCHI SRL'), (3, N'
 INSERT INTO MG17_AGENTI (MG17_DITTA_CG18, MG17_AGENTE, MG17_ANAGEN_CG16, MG17_IDAGERIF_MG17,
   MG17_INDTIPOAGE) VALUES (1, 'AREA1  ', 1, NULL, 2), (1, 'ZONA1', 2, 1, 1),
   (1, 'AG''01', 3, 2, 0), (1, 'NOREG', 99, 2, 0), (2, 'ALTRA', 1, NULL, 2);
-INSERT INTO MG18_AGENTISOCI VALUES (1, 3, 1, 'VERDI'), (1, 3, 2, 'NERI'), (1, 2, 1, 'GIALLI');
+INSERT INTO MG18_AGENTISOCI VALUES (1, 3, 1, 'VERDI', NULL), (1, 3, 2, 'NERI', NULL),
+  (1, 2, 1, 'GIALLI', NULL);
 INSERT INTO MG1H_GIRI VALUES (1, 'G1', 'Centro'), (1, 'G2', 'Nord'), (2, 'G1', 'Altrove');
 INSERT INTO MG1I_DETTAGLIOGIRI VALUES (1, 2, 'G1', 1, 0, 500, NULL), (1, 2, 'G1', 2, 0, 500, 'D1'),
   (1, 2, 'G2', 1, 0, 600, NULL), (1, 3, 'G1', 1, 0, 500, NULL);
@@ -211,7 +213,7 @@ TEST_P(DialectRows, AnEmptyGridQueryHasTheColumnsAndNoRows)
     for (const Column& c : empty.columns)
         names.append(c.name);
     EXPECT_EQ(names, QStringList({"ID", "MG18_DITTA_CG18", "MG18_IDAGENTE_MG17", "MG18_CODSOCIO",
-                                  "MG18_NOMECOGN"}));
+                                  "MG18_NOMECOGN", "MG18_DATAINRAPP"}));
 
     const QString partners = QStringLiteral("SELECT ") +
                              " ROW_NUMBER() OVER (ORDER BY "
@@ -219,6 +221,34 @@ TEST_P(DialectRows, AnEmptyGridQueryHasTheColumnsAndNoRows)
                              " FROM" + " MG18_AGENTISOCI" + " WHERE" + " MG18_DITTA_CG18 = " + "1" +
                              " AND MG18_IDAGENTE_MG17 = " + "3";
     EXPECT_EQ(column(partners, u"ID"), QStringList({"1", "2"}));
+}
+
+// Dates are stored as "yyyy-MM-ddTHH:mm:ss": a date computed in SQL in another form would
+// compare wrongly with a stored date of the same day.
+TEST_P(DialectRows, ComputedDatesCompareWithStoredOnes)
+{
+    const QDate today = QDate::currentDate();
+    const QString setDate =
+        QStringLiteral("UPDATE MG18_AGENTISOCI SET MG18_DATAINRAPP = '%1' WHERE MG18_DITTA_CG18 = "
+                       "1 AND MG18_IDAGENTE_MG17 = 3 AND MG18_CODSOCIO = %2");
+    query(setDate.arg(today.toString(Qt::ISODate) + QStringLiteral("T00:00:00")).arg(1));
+    query(setDate.arg(QStringLiteral("2999-01-31T00:00:00")).arg(2));
+
+    EXPECT_EQ(column(QStringLiteral("SELECT MG18_NOMECOGN FROM MG18_AGENTISOCI WHERE "
+                                    "MG18_DATAINRAPP <= GETDATE()"),
+                     u"MG18_NOMECOGN"),
+              QStringList{"VERDI"});
+    EXPECT_EQ(column(QStringLiteral("SELECT CONVERT(VARCHAR(10), MG18_DATAINRAPP, 103) AS D FROM "
+                                    "MG18_AGENTISOCI WHERE MG18_CODSOCIO = 2"),
+                     u"D"),
+              QStringList{"31/01/2999"});
+    const QStringList sameDay = column(QStringLiteral("SELECT MG18_NOMECOGN FROM MG18_AGENTISOCI "
+                                                      "WHERE CAST(MG18_DATAINRAPP AS DATE) = "
+                                                      "CAST(GETDATE() AS DATE)"),
+                                       u"MG18_NOMECOGN");
+    if (QDate::currentDate() != today)
+        GTEST_SKIP() << "the day changed while the test ran";
+    EXPECT_EQ(sameDay, QStringList{"VERDI"});
 }
 
 INSTANTIATE_TEST_SUITE_P(Targets, DialectRows, ::testing::ValuesIn(test::databaseTargets()),

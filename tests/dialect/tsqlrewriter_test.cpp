@@ -7,7 +7,8 @@ namespace tarvello::db {
 namespace {
 
 // The lookup a connection would give over the host schema: these columns hold text.
-TsqlRewriter hostRewriter() {
+TsqlRewriter hostRewriter()
+{
     return TsqlRewriter([](QStringView column) {
         static const QSet<QString> textColumns{
             QStringLiteral("MG17_AGENTE"), QStringLiteral("CG16_RAGSOANAG"),
@@ -17,7 +18,8 @@ TsqlRewriter hostRewriter() {
     });
 }
 
-QString single(const QString& tsql) {
+QString single(const QString& tsql)
+{
     const QStringList statements = hostRewriter().rewrite(tsql);
     EXPECT_EQ(statements.size(), 1) << statements.join(u'\n').toStdString();
     return statements.value(0);
@@ -25,7 +27,8 @@ QString single(const QString& tsql) {
 
 #define EXPECT_REWRITE(tsql, sqlite) EXPECT_EQ(single(tsql).toStdString(), std::string(sqlite))
 
-TEST(TsqlRewriter, removesTableHintsButNotInsideLiterals) {
+TEST(TsqlRewriter, removesTableHintsButNotInsideLiterals)
+{
     EXPECT_REWRITE("SELECT MG17_AGENTE FROM MG17_AGENTI WITH (NOLOCK) WHERE MG17_IDAGENTE = 5",
                    "SELECT MG17_AGENTE FROM MG17_AGENTI WHERE MG17_IDAGENTE = 5");
     EXPECT_REWRITE("SELECT DISTINCT MG1H_GIRO, MG1H_DESCRIZIONE FROM MG1I_DETTAGLIOGIRI WITH "
@@ -42,7 +45,8 @@ TEST(TsqlRewriter, removesTableHintsButNotInsideLiterals) {
     EXPECT_REWRITE("SELECT a /* TOP 5 WITH (NOLOCK) */ FROM T", "SELECT a   FROM T");
 }
 
-TEST(TsqlRewriter, writesLiteralsAndNamesForSqlite) {
+TEST(TsqlRewriter, writesLiteralsAndNamesForSqlite)
+{
     EXPECT_REWRITE("SELECT CG16_CODICE FROM CG16_ANAGGEN WHERE CG16_RAGSOANAG = N'D''ANGELO'",
                    "SELECT CG16_CODICE FROM CG16_ANAGGEN WHERE CG16_RAGSOANAG = 'D''ANGELO'");
     EXPECT_REWRITE("SELECT [MG17_AGENTE], [a]]b] FROM [dbo].[MG17_AGENTI]",
@@ -55,7 +59,8 @@ TEST(TsqlRewriter, writesLiteralsAndNamesForSqlite) {
                    "SELECT name FROM T WHERE name = 'ISNULL(a, b) + LEN(c)'");
 }
 
-TEST(TsqlRewriter, translatesFunctions) {
+TEST(TsqlRewriter, translatesFunctions)
+{
     EXPECT_REWRITE("SELECT ISNULL(MG17_IDAGERIF_MG17,0) AS MG17_IDAGERIF_MG17 FROM #TAB_TREEVIEW "
                    "WHERE MG17_IDAGENTE = 7 ",
                    "SELECT IFNULL(MG17_IDAGERIF_MG17,0) AS MG17_IDAGERIF_MG17 FROM "
@@ -64,14 +69,15 @@ TEST(TsqlRewriter, translatesFunctions) {
                    "SELECT LENGTH(RTRIM(a)), SUBSTR(b, 2, 3) FROM T");
     EXPECT_REWRITE("SELECT LEFT(a, 3), RIGHT(b, 2) FROM T LEFT JOIN U ON 1 = 1",
                    "SELECT SUBSTR(a, 1, 3), SUBSTR(b, -(2), 2) FROM T LEFT JOIN U ON 1 = 1");
-    EXPECT_REWRITE("SELECT GETDATE()", "SELECT datetime('now', 'localtime')");
+    EXPECT_REWRITE("SELECT GETDATE()", "SELECT strftime('%Y-%m-%dT%H:%M:%S', 'now', 'localtime')");
     EXPECT_REWRITE("SELECT SCOPE_IDENTITY(), @@IDENTITY",
                    "SELECT last_insert_rowid(), last_insert_rowid()");
     EXPECT_REWRITE("SELECT LEN(ISNULL(a, '')) FROM T",
                    "SELECT LENGTH(RTRIM(IFNULL(a, ''))) FROM T");
 }
 
-TEST(TsqlRewriter, translatesConversions) {
+TEST(TsqlRewriter, translatesConversions)
+{
     EXPECT_REWRITE("SELECT CONVERT(VARCHAR(10), n) FROM T",
                    "SELECT SUBSTR(CAST(n AS TEXT), 1, 10) FROM T");
     EXPECT_REWRITE("SELECT CAST(n AS NVARCHAR(5)) FROM T",
@@ -85,14 +91,16 @@ TEST(TsqlRewriter, translatesConversions) {
                    "SELECT SUBSTR(strftime('%d/%m/%Y', d), 1, 10) FROM T");
     EXPECT_REWRITE("SELECT CONVERT(INT, c), CAST(c AS DECIMAL(9,3)) FROM T",
                    "SELECT CAST(c AS INT), CAST(c AS DECIMAL(9,3)) FROM T");
-    EXPECT_REWRITE("SELECT CAST(d AS DATE), CONVERT(DATETIME, d) FROM T",
-                   "SELECT date(d), datetime(d) FROM T");
+    EXPECT_REWRITE(
+        "SELECT CAST(d AS DATE), CONVERT(DATETIME, d) FROM T",
+        "SELECT strftime('%Y-%m-%dT00:00:00', d), strftime('%Y-%m-%dT%H:%M:%S', d) FROM T");
     // A style with no SQLite equivalent is left as written, so it fails instead of lying.
     EXPECT_REWRITE("SELECT CONVERT(VARCHAR(10), d, 999) FROM T",
                    "SELECT CONVERT(VARCHAR(10), d, 999) FROM T");
 }
 
-TEST(TsqlRewriter, joinsTextsWithConcatenationAndKeepsArithmetic) {
+TEST(TsqlRewriter, joinsTextsWithConcatenationAndKeepsArithmetic)
+{
     EXPECT_REWRITE("SELECT RTRIM(MG17_AGENTE) + ' - ' + CG16_RAGSOANAG AS AGENTE, MG17_AGENTE, "
                    "CG16_RAGSOANAG, MG17_IDAGENTE, MG17_IDAGERIF_MG17, MG17_INDTIPOAGE FROM "
                    "#TAB_TREEVIEW ",
@@ -118,7 +126,8 @@ TEST(TsqlRewriter, joinsTextsWithConcatenationAndKeepsArithmetic) {
                    "SELECT * FROM T WHERE MG17_AGENTE || 'x' = 'A' || 'x' AND n = -1 + 2");
 }
 
-TEST(TsqlRewriter, turnsTopIntoLimit) {
+TEST(TsqlRewriter, turnsTopIntoLimit)
+{
     EXPECT_REWRITE("SELECT TOP 1 1 FROM MG1C_CLIFORAGEMUL WITH (NOLOCK)  WHERE MG1C_DITTA_CG18 = "
                    "1   AND MG1C_TIPOCF_CG44 = 0 ",
                    "SELECT 1 FROM MG1C_CLIFORAGEMUL  WHERE MG1C_DITTA_CG18 = 1   AND "
@@ -132,7 +141,8 @@ TEST(TsqlRewriter, turnsTopIntoLimit) {
     EXPECT_REWRITE("SELECT TOP 1 a FROM T WITH (NOLOCK)", "SELECT a FROM T LIMIT 1");
 }
 
-TEST(TsqlRewriter, buildsTheHierarchyTableAsTemporaryTable) {
+TEST(TsqlRewriter, buildsTheHierarchyTableAsTemporaryTable)
+{
     const QString drop =
         QStringLiteral("IF OBJECT_ID('TEMPDB.DBO.#TAB_TREEVIEW') IS NOT NULL DROP TABLE "
                        "#TAB_TREEVIEW");
@@ -169,7 +179,8 @@ TEST(TsqlRewriter, buildsTheHierarchyTableAsTemporaryTable) {
     EXPECT_REWRITE("INSERT INTO #W (a) SELECT 1", "INSERT INTO \"#W\" (a) SELECT 1");
 }
 
-TEST(TsqlRewriter, turnsDeleteWithJoinIntoRowidSubquery) {
+TEST(TsqlRewriter, turnsDeleteWithJoinIntoRowidSubquery)
+{
     const QString divisional =
         QStringLiteral("DELETE CO1G_DETTAGENTE FROM CO1C_ENTITADIV ") +
         "INNER JOIN CO1G_DETTAGENTE " + "ON CO1G_IDENTITADIV_CO1C = CO1C_IDENTITADIV " +
@@ -196,7 +207,8 @@ TEST(TsqlRewriter, turnsDeleteWithJoinIntoRowidSubquery) {
     EXPECT_REWRITE("DELETE #W WHERE a = 1", "DELETE FROM \"#W\" WHERE a = 1");
 }
 
-TEST(TsqlRewriter, splitsBatchesIntoStatements) {
+TEST(TsqlRewriter, splitsBatchesIntoStatements)
+{
     const QStringList statements = hostRewriter().rewrite(
         QStringLiteral("SET NOCOUNT ON;\n"
                        "IF OBJECT_ID('tempdb..#T') IS NOT NULL DROP TABLE #T\n"
@@ -219,7 +231,8 @@ TEST(TsqlRewriter, splitsBatchesIntoStatements) {
                    "MG18_AGENTISOCI WHERE 1 = 0");
 }
 
-TEST(TsqlRewriter, withoutLookupTreatsOnlyKnownTextsAsText) {
+TEST(TsqlRewriter, withoutLookupTreatsOnlyKnownTextsAsText)
+{
     const TsqlRewriter bare;
     EXPECT_EQ(bare.rewrite(QStringLiteral("SELECT a + b, a + 'x' FROM T")),
               QStringList{QStringLiteral("SELECT a + b, a || 'x' FROM T")});
