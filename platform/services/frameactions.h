@@ -1,0 +1,22 @@
+#pragma once
+
+namespace tarvello::services {
+
+// What the host's toolbar does to the active record frame (the ActiveFrame of the active
+// module) when no module takes a press over. A record frame implements it.
+class FrameActions {
+public:
+    enum class Move { First, Previous, Next, Last };
+
+    virtual ~FrameActions() = default;
+    // 0 an existing row is shown, 1 search entry, 2 a new row is being entered.
+    virtual short frameStatus() const = 0;
+    virtual void newRecord() = 0;
+    virtual void saveRecord() = 0;
+    virtual void undoRecord() = 0;
+    virtual void deleteRecord() = 0;
+    virtual void searchRecord() = 0;
+    virtual void moveRecord(Move move) = 0;
+};
+
+} // namespace tarvello::services

@@ -1,0 +1,76 @@
+#include "platform/services/hostcontext.h"
+
+#include "platform/services/hostlauncher.h"
+#include "platform/services/siblingmodule.h"
+#include "src/host/calledmodule.h"
+#include "src/host/cinterface.h"
+
+namespace tarvello::services {
+
+HostContext::HostContext(UserPrompts& prompts, const QString& connectionString,
+                         const host::Company& company)
+    : m_prompts(prompts)
+    , m_connectionString(connectionString)
+    , m_company(company)
+    , m_lookups(LookupCatalogue::standard())
+    , m_objects(prompts, m_lookups, *this) {
+    const std::pair<const char*, const char*> siblings[] = {
+        {"Dorvanti.CLSCO_TABANAGGEN", "Anagrafiche generali"},
+        {"Brendolo.CLSMG_STAGENTI", "Stampa agenti"},
+        {"Caspello.CLSPA_PROVVSCONTI", "Tabelle provvigioni su sconti"},
+    };
+    for (const auto& [identifier, name] : siblings) {
+        m_modules.add(QString::fromLatin1(identifier), [this, title = QString::fromUtf8(name)] {
+            return std::make_unique<SiblingModule>(title, m_prompts);
+        });
+    }
+}
+
+void HostContext::setConnectionString(const QString& connectionString) {
+    m_connectionString = connectionString;
+}
+
+host::Cinterface* HostContext::parentWindowModule() const {
+    return m_parentWindowModule ? m_parentWindowModule : m_activeModule;
+}
+
+void HostContext::deregisterModule(host::Cinterface* module) {
+    if (!module)
+        return;
+    for (host::Cinterface** held : {&m_activeModule, &m_secondModule, &m_parentWindowModule}) {
+        if (*held == module)
+            *held = nullptr;
+    }
+}
+
+void HostContext::registerApplication(const host::ApplicationInfo& application) {
+    m_application = application;
+}
+
+std::unique_ptr<host::CalledModule>
+HostContext::createModule(const QString& programmaticIdentifier) {
+    return m_modules.create(programmaticIdentifier);
+}
+
+db::Value HostContext::startModule(host::Cinterface* reference,
+                                   const QString& programmaticIdentifier,
+                                   const db::ValueList& arguments) {
+    m_starts.append({programmaticIdentifier, reference != nullptr, arguments});
+    std::unique_ptr<host::CalledModule> created;
+    host::Cinterface* module = reference ? reference : m_secondModule;
+    if (!module) {
+        created = m_modules.create(programmaticIdentifier);
+        module = &created->contract();
+    }
+    module->setClsGlobal(this);
+    module->setActiveNavigator(m_navigator);
+    module->setWindowModal(true);
+    module->ShowForm();
+    return {};
+}
+
+std::unique_ptr<host::ManagementLauncher> HostContext::newManagementLauncher() {
+    return std::make_unique<HostLauncher>(m_prompts);
+}
+
+} // namespace tarvello::services

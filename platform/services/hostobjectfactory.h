@@ -1,0 +1,36 @@
+#pragma once
+
+#include "src/host/hostobjects.h"
+
+namespace tarvello::host {
+class GlobalContext;
+}
+
+namespace tarvello::services {
+
+class LookupCatalogue;
+class UserPrompts;
+
+// Makes the host's objects, all of them reaching the person through the same prompts.
+class HostObjectFactory final : public host::HostObjects {
+public:
+    HostObjectFactory(UserPrompts& prompts, const LookupCatalogue& lookups,
+                      const host::GlobalContext& context)
+        : m_prompts(prompts)
+        , m_lookups(lookups)
+        , m_context(context) {}
+
+    std::unique_ptr<host::ErrorLog> newErrorLog() override;
+    std::unique_ptr<host::LookupDecoder> newLookupDecoder() override;
+    std::unique_ptr<host::GeneralRegistrySearch> newRegistrySearch() override;
+    std::unique_ptr<host::HyperMedia> newHyperMedia() override;
+    std::unique_ptr<host::DocumentPrintModes> newDocumentPrintModes() override;
+    frame::GestAnagrafica* newRecordFrame(QObject* parent) override;
+
+private:
+    UserPrompts& m_prompts;               // Not owned.
+    const LookupCatalogue& m_lookups;     // Not owned.
+    const host::GlobalContext& m_context; // Not owned.
+};
+
+} // namespace tarvello::services
