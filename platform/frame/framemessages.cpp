@@ -1,0 +1,105 @@
+#include "platform/frame/framemessages.h"
+
+#include "platform/services/userprompts.h"
+
+namespace tarvello::frame {
+
+namespace {
+
+// Standard message-box styles.
+constexpr int WarningOk = 48;
+constexpr int InformationOk = 64;
+constexpr int CriticalOk = 16;
+constexpr int QuestionYesNoDefaultNo = 292;
+constexpr int QuestionYesNoCancel = 35;
+
+const QString warningTitle = QStringLiteral("Attenzione");
+const QString errorTitle = QStringLiteral("Errore");
+
+} // namespace
+
+QString FrameMessages::forWhat() const
+{
+    return m_description.isEmpty() ? QString() : QStringLiteral(" per ") + m_description;
+}
+
+void FrameMessages::warn(const QString& text) const
+{
+    m_prompts.messageBox(text, WarningOk, warningTitle);
+}
+
+bool FrameMessages::confirmDelete() const
+{
+    return m_prompts.messageBox(
+               QStringLiteral("Confermi l'eliminazione dei dati visualizzati%1?").arg(forWhat()),
+               QuestionYesNoDefaultNo, QStringLiteral("Conferma eliminazione")) == Yes;
+}
+
+bool FrameMessages::confirmDeleteAll() const
+{
+    return m_prompts.messageBox(
+               QStringLiteral("Confermi l'eliminazione di tutte le righe visualizzate%1?")
+                   .arg(forWhat()),
+               QuestionYesNoDefaultNo, QStringLiteral("Conferma eliminazione")) == Yes;
+}
+
+bool FrameMessages::confirmDropChanges() const
+{
+    return m_prompts.messageBox(
+               QStringLiteral("Annullare le modifiche apportate ai dati%1?").arg(forWhat()),
+               QuestionYesNoDefaultNo, QStringLiteral("Annulla modifiche")) == Yes;
+}
+
+int FrameMessages::askSaveChanges() const
+{
+    return m_prompts.messageBox(
+        QStringLiteral("I dati%1 sono stati modificati.\r\nSalvare le modifiche?").arg(forWhat()),
+        QuestionYesNoCancel, QStringLiteral("Salvataggio"));
+}
+
+void FrameMessages::requiredFieldEmpty(const QString& caption) const
+{
+    warn(QStringLiteral("Il campo \"%1\" è obbligatorio.").arg(caption));
+}
+
+void FrameMessages::fieldNotValid(const QString& caption) const
+{
+    warn(QStringLiteral("Il valore del campo \"%1\" non è valido.").arg(caption));
+}
+
+void FrameMessages::valueRefused(const QString& caption, ColumnValue::Refusal refusal) const
+{
+    if (refusal == ColumnValue::Refusal::NotADate)
+        warn(QStringLiteral("Il campo \"%1\" richiede una data (gg/mm/aaaa).").arg(caption));
+    else
+        warn(QStringLiteral("Il campo \"%1\" richiede un valore numerico.").arg(caption));
+}
+
+void FrameMessages::keyNotFound() const
+{
+    m_prompts.messageBox(QStringLiteral("Nessun dato trovato con il codice indicato."),
+                         InformationOk, QStringLiteral("Ricerca"));
+}
+
+void FrameMessages::saveFailed(const QString& reason) const
+{
+    m_prompts.messageBox(
+        QStringLiteral("Impossibile salvare i dati%1.\r\n%2").arg(forWhat(), reason), CriticalOk,
+        errorTitle);
+}
+
+void FrameMessages::deleteFailed(const QString& reason) const
+{
+    m_prompts.messageBox(
+        QStringLiteral("Impossibile eliminare i dati%1.\r\n%2").arg(forWhat(), reason), CriticalOk,
+        errorTitle);
+}
+
+void FrameMessages::handlerFailed(long number, const QString& description) const
+{
+    m_prompts.messageBox(
+        QStringLiteral("Errore n. %1\r\nDescrizione: %2").arg(number).arg(description), CriticalOk,
+        errorTitle);
+}
+
+} // namespace tarvello::frame

@@ -1,0 +1,1232 @@
+#include "platform/frame/gestanagrafica.h"
+
+#include "platform/controls/field.h"
+#include "platform/controls/grid.h"
+#include "platform/controls/navigator.h"
+#include "platform/db/connection.h"
+#include "platform/db/runtimeerror.h"
+#include "platform/frame/columnvalue.h"
+
+#include <QScopedValueRollback>
+
+namespace tarvello::frame {
+
+using controls::DataControl;
+using db::Value;
+
+namespace {
+
+// The host names a company column by its table prefix and this ending.
+const QString companyColumnEnding = QStringLiteral("_DITTA_CG18");
+
+bool identical(const Value& a, const Value& b)
+{
+    return a.kind() == b.kind() && a == b;
+}
+
+QString captionOf(const DataControl* control)
+{
+    return control->caption().isEmpty() ? control->name() : control->caption();
+}
+
+} // namespace
+
+// Marks the frame's own work on its recordset, which its reactions must not take for a move
+// or a write made elsewhere.
+class GestAnagrafica::Quiet {
+public:
+    explicit Quiet(GestAnagrafica& frame)
+        : m_frame(frame)
+    {
+        ++m_frame.m_quietDepth;
+    }
+    ~Quiet() { --m_frame.m_quietDepth; }
+    Quiet(const Quiet&) = delete;
+    Quiet& operator=(const Quiet&) = delete;
+
+private:
+    GestAnagrafica& m_frame;
+};
+
+GestAnagrafica::BulkRewrite::BulkRewrite(GestAnagrafica& frame)
+    : m_frame(&frame)
+{
+    frame.beginBulkRewrite();
+}
+
+GestAnagrafica::BulkRewrite::~BulkRewrite()
+{
+    if (m_frame)
+        m_frame->endBulkRewrite();
+}
+
+GestAnagrafica::GestAnagrafica(services::UserPrompts& prompts, QObject* parent)
+    : QObject(parent)
+    , m_messages(prompts)
+{}
+
+GestAnagrafica::~GestAnagrafica()
+{
+    terminate();
+}
+
+template <class Emit>
+bool GestAnagrafica::raise(Emit fire)
+{
+    try {
+        fire();
+        return true;
+    } catch (const db::RuntimeError& error) {
+        m_messages.handlerFailed(error.number(), error.description());
+        return false;
+    }
+}
+
+// Set-up.
+
+void GestAnagrafica::initialise(QObject* module, db::Connection& connection,
+                                db::RecordsetPtr recordset, const QString& sql,
+                                const QString& searchFilter, controls::Navigator* navigator,
+                                controls::Grid* grid)
+{
+    m_terminated = false;
+    m_module = module;
+    m_connection = &connection;
+    m_sql = sql;
+    m_searchFilter = searchFilter;
+    if (m_navigator && m_navigator->target() == this)
+        m_navigator->setTarget(nullptr);
+    m_navigator = navigator;
+    if (navigator)
+        navigator->setTarget(this);
+    m_grid = grid;
+    setRecordset(std::move(recordset));
+    m_changed = false;
+    goToRow(currentOrFirst(), StatusReason::Bound);
+}
+
+void GestAnagrafica::registerField(DataControl* control)
+{
+    if (!control || bindingOf(control))
+        return;
+    m_bindings.append({control, control->dataField(), {}});
+    connect(control, &DataControl::valueChanged, this,
+            [this, control] { onValueChanged(control); });
+    connect(control, &controls::Control::validate, this,
+            [this, control](controls::CancelArgs& args) { onValidate(control, args.cancel); });
+
+    Binding& binding = m_bindings.last();
+    if (binding.column.isEmpty() || !isOpen() || !m_recordset->hasField(binding.column))
+        return;
+    const Value value = m_shown && placeCursor()       ? shownValue(binding.column)
+                        : m_status == FrameStatus::New ? defaultOf(binding.column)
+                                                       : Value::null();
+    const QScopedValueRollback loading(m_loading, true);
+    control->setValue(value);
+    binding.shown = value;
+}
+
+QList<DataControl*> GestAnagrafica::fields() const
+{
+    QList<DataControl*> controls;
+    for (const Binding& binding : m_bindings) {
+        if (binding.control)
+            controls << binding.control;
+    }
+    return controls;
+}
+
+void GestAnagrafica::setKeyField(DataControl* control)
+{
+    registerField(control);
+    m_keyField = control;
+}
+
+void GestAnagrafica::addDetailFrame(GestAnagrafica* detail)
+{
+    if (detail && detail != this && !m_details.contains(detail))
+        m_details << detail;
+}
+
+QList<GestAnagrafica*> GestAnagrafica::detailFrames() const
+{
+    QList<GestAnagrafica*> details;
+    for (const QPointer<GestAnagrafica>& detail : m_details) {
+        if (detail)
+            details << detail;
+    }
+    return details;
+}
+
+void GestAnagrafica::setRecordset(db::RecordsetPtr recordset)
+{
+    if (recordset == m_recordset) {
+        if (recordset && !m_attached) {
+            attach();
+            placeCursor();
+        }
+        return;
+    }
+    detach();
+    m_recordset = std::move(recordset);
+    m_shown.reset();
+    m_returnTo.reset();
+    m_snapshot.clear();
+    if (m_recordset)
+        attach();
+    Q_EMIT recordsetChanged(m_recordset);
+}
+
+void GestAnagrafica::attach()
+{
+    db::Recordset* rows = m_recordset.get();
+    m_recordsetConnections = {
+        connect(rows, &db::Recordset::currentChanged, this, &GestAnagrafica::onCurrentChanged),
+        connect(rows, &db::Recordset::rowsReset, this, &GestAnagrafica::onRowsReset),
+        connect(rows, &db::Recordset::rowChanged, this, &GestAnagrafica::onRowChanged),
+    };
+    m_attached = true;
+}
+
+void GestAnagrafica::detach()
+{
+    for (const QMetaObject::Connection& connection : std::as_const(m_recordsetConnections))
+        disconnect(connection);
+    m_recordsetConnections.clear();
+    m_attached = false;
+}
+
+void GestAnagrafica::refresh(const QString& sql)
+{
+    if (m_terminated)
+        return;
+    if (!sql.isEmpty()) {
+        m_sql = sql;
+        if (!isOpen() || m_recordset->source() != sql) {
+            db::Connection* connection = m_recordset && m_recordset->activeConnection()
+                                             ? m_recordset->activeConnection()
+                                             : m_connection;
+            if (!connection)
+                return;
+            try {
+                setRecordset(db::Recordset::open(*connection, sql));
+            } catch (const db::RuntimeError& error) {
+                m_messages.handlerFailed(error.number(), error.description());
+                return;
+            }
+        }
+    }
+    if (!m_recordset)
+        return;
+    if (!m_attached)
+        attach();
+    const bool keepNewRow =
+        entering() && placeCursor() && m_recordset->status() == db::RowStatus::New;
+    if (keepNewRow)
+        showRow(StatusReason::Bound);
+    else
+        goToRow(currentOrFirst(), StatusReason::Bound);
+    if (!m_master)
+        m_changed = m_recordset->pendingCount() > (keepNewRow ? 1 : 0);
+    announceState();
+}
+
+void GestAnagrafica::terminate()
+{
+    if (m_terminated)
+        return;
+    detach();
+    for (const Binding& binding : std::as_const(m_bindings)) {
+        if (binding.control)
+            disconnect(binding.control, nullptr, this, nullptr);
+    }
+    m_bindings.clear();
+    m_keyField = nullptr;
+    if (m_navigator && m_navigator->target() == this)
+        m_navigator->setTarget(nullptr);
+    m_navigator = nullptr;
+    m_grid = nullptr;
+    m_details.clear();
+    m_recordset.reset();
+    m_shown.reset();
+    m_returnTo.reset();
+    m_snapshot.clear();
+    m_terminated = true;
+}
+
+// State.
+
+void GestAnagrafica::setStatus(int status)
+{
+    if (!isOpen() || m_terminated || (status == m_status && status != FrameStatus::New))
+        return;
+    if (status == FrameStatus::New) {
+        if (entering() && !m_rowEdited)
+            return;
+        leaveShownRow();
+        addRow(true);
+    } else if (status == FrameStatus::Search) {
+        leaveShownRow();
+        m_shown.reset();
+        m_status = FrameStatus::Search;
+        showRow(StatusReason::SearchEntry);
+    } else if (status == FrameStatus::Browse) {
+        std::optional<Bookmark> back = visible(m_returnTo);
+        if (entering())
+            dropNewRow();
+        if (!back)
+            back = currentOrFirst();
+        m_shown = back;
+        m_status = FrameStatus::Browse;
+        showRow(StatusReason::StatusSet);
+    }
+}
+
+void GestAnagrafica::setChangeFlag(bool changed)
+{
+    m_changed = changed;
+    announceState();
+}
+
+void GestAnagrafica::setSecondChangeFlag(bool changed)
+{
+    m_rowEdited = changed;
+    announceState();
+}
+
+void GestAnagrafica::notifyChange(bool changed)
+{
+    m_changed = changed;
+    m_rowEdited = changed;
+    announceState();
+}
+
+bool GestAnagrafica::isRecordChanged()
+{
+    if (m_terminated || m_status == FrameStatus::Search)
+        return false;
+    RecordChangedArgs args{m_rowEdited || (m_master && m_changed)};
+    raise([&] { Q_EMIT IsRecordChanged(args); });
+    return args.fbol_isRecordChanged;
+}
+
+void GestAnagrafica::refreshState()
+{
+    const bool changed = isRecordChanged();
+    Q_EMIT stateChanged(m_status, changed);
+}
+
+void GestAnagrafica::announceState()
+{
+    Q_EMIT stateChanged(m_status, m_changed || m_rowEdited);
+}
+
+void GestAnagrafica::setFollowRowMoves(bool follow)
+{
+    if (m_followMoves == follow)
+        return;
+    m_followMoves = follow;
+    if (follow)
+        resync();
+}
+
+void GestAnagrafica::beginBulkRewrite()
+{
+    ++m_bulkDepth;
+}
+
+void GestAnagrafica::endBulkRewrite()
+{
+    if (m_bulkDepth == 0)
+        return;
+    if (--m_bulkDepth == 0)
+        resync();
+}
+
+// The recordset and the row shown.
+
+GestAnagrafica::Binding* GestAnagrafica::bindingOf(const DataControl* control)
+{
+    for (Binding& binding : m_bindings) {
+        if (binding.control == control)
+            return &binding;
+    }
+    return nullptr;
+}
+
+bool GestAnagrafica::isOpen() const
+{
+    return m_recordset && m_recordset->isOpen();
+}
+
+bool GestAnagrafica::entering() const
+{
+    return m_status == FrameStatus::New && m_shown.has_value();
+}
+
+db::ColumnKind GestAnagrafica::kindOf(const QString& column) const
+{
+    const int index = isOpen() ? m_recordset->fieldIndex(column) : -1;
+    return index < 0 ? db::ColumnKind::Unknown : m_recordset->field(index).kind;
+}
+
+Value GestAnagrafica::defaultOf(const QString& column) const
+{
+    const int index = isOpen() ? m_recordset->fieldIndex(column) : -1;
+    db::Connection* connection = m_recordset ? m_recordset->activeConnection() : nullptr;
+    if (index < 0 || !connection || m_recordset->baseTable().isEmpty())
+        return Value::null();
+    const QString base = m_recordset->field(index).baseColumn;
+    try {
+        const auto* info = connection->tableInfo(m_recordset->baseTable()).column(base);
+        return info && !base.isEmpty() ? info->defaultValue : Value::null();
+    } catch (const db::RuntimeError&) {
+        return Value::null();
+    }
+}
+
+std::optional<GestAnagrafica::Bookmark> GestAnagrafica::cursorBookmark() const
+{
+    if (!isOpen() || m_recordset->bof() || m_recordset->eof())
+        return std::nullopt;
+    try {
+        return m_recordset->bookmark();
+    } catch (const db::RuntimeError&) {
+        return std::nullopt;
+    }
+}
+
+std::optional<GestAnagrafica::Bookmark> GestAnagrafica::visible(std::optional<Bookmark> row) const
+{
+    return row && isOpen() && m_recordset->hasBookmark(*row) ? row : std::nullopt;
+}
+
+bool GestAnagrafica::placeCursor()
+{
+    if (!m_shown || !isOpen())
+        return false;
+    if (cursorBookmark() == m_shown)
+        return true;
+    if (!m_recordset->hasBookmark(*m_shown))
+        return false;
+    const Quiet quiet(*this);
+    m_recordset->setBookmark(*m_shown);
+    return true;
+}
+
+Value GestAnagrafica::shownValue(const QString& column) const
+{
+    try {
+        return m_recordset->value(column);
+    } catch (const db::RuntimeError&) {
+        return Value::null();
+    }
+}
+
+std::optional<GestAnagrafica::Bookmark> GestAnagrafica::currentOrFirst()
+{
+    if (!isOpen())
+        return std::nullopt;
+    if (const auto current = cursorBookmark())
+        return current;
+    if (m_recordset->recordCount() == 0)
+        return std::nullopt;
+    const Quiet quiet(*this);
+    if (m_recordset->eof())
+        m_recordset->moveLast();
+    else
+        m_recordset->moveFirst();
+    return cursorBookmark();
+}
+
+void GestAnagrafica::goToRow(std::optional<Bookmark> row, int reason, bool raiseEvent)
+{
+    m_shown = row;
+    m_status = row ? FrameStatus::Browse : FrameStatus::New;
+    showRow(row ? reason : (reason == StatusReason::Moved ? StatusReason::NewRow : reason),
+            raiseEvent);
+}
+
+void GestAnagrafica::showRow(int reason, bool raiseEvent)
+{
+    ++m_generation;
+    if (m_shown && !placeCursor())
+        m_shown.reset();
+    fillControls();
+    decodeFields();
+    takeSnapshot();
+    m_rowEdited = false;
+    if (m_master)
+        m_changed = false;
+    if (m_shown)
+        m_lastCompany = companyConditions();
+    announceState();
+    if (raiseEvent)
+        raise([&] { Q_EMIT ChangeStatus(m_status, reason); });
+}
+
+void GestAnagrafica::fillControls()
+{
+    const QScopedValueRollback loading(m_loading, true);
+    for (Binding& binding : m_bindings) {
+        if (!binding.control)
+            continue;
+        binding.control->setValid(true);
+        if (binding.column.isEmpty() || !isOpen() || !m_recordset->hasField(binding.column))
+            continue;
+        const Value value = m_shown                        ? shownValue(binding.column)
+                            : m_status == FrameStatus::New ? defaultOf(binding.column)
+                                                           : Value::null();
+        binding.control->setValue(value);
+        binding.shown = value;
+    }
+}
+
+void GestAnagrafica::syncControls(const DataControl* except)
+{
+    if (!m_shown || !placeCursor())
+        return;
+    const QScopedValueRollback loading(m_loading, true);
+    for (Binding& binding : m_bindings) {
+        if (!binding.control || binding.control == except || binding.column.isEmpty() ||
+            !m_recordset->hasField(binding.column))
+            continue;
+        const Value value = shownValue(binding.column);
+        if (identical(value, binding.shown))
+            continue;
+        binding.control->setValue(value);
+        binding.shown = value;
+    }
+}
+
+void GestAnagrafica::decodeFields()
+{
+    const QScopedValueRollback loading(m_loading, true);
+    const QList<DataControl*> controls = fields();
+    for (DataControl* control : controls) {
+        auto* field = qobject_cast<controls::Field*>(control);
+        if (field && !field->text().trimmed().isEmpty())
+            raise([field] { field->decode(); });
+    }
+}
+
+void GestAnagrafica::takeSnapshot()
+{
+    m_snapshot.clear();
+    if (!m_shown || !placeCursor())
+        return;
+    // A master's undo goes back to the database's values, a detail's to its last confirmed ones.
+    const bool fromDatabase = m_master && !entering();
+    for (int i = 0; i < m_recordset->fieldCount(); ++i) {
+        m_snapshot << (fromDatabase ? m_recordset->originalValue(m_recordset->field(i).name)
+                                    : m_recordset->value(i));
+    }
+}
+
+void GestAnagrafica::restoreSnapshot()
+{
+    if (m_snapshot.isEmpty() || !placeCursor())
+        return;
+    const QScopedValueRollback writing(m_writing, true);
+    // Cancelling the edit in progress also clears the row's pending state when nothing else
+    // changed it; the snapshot then puts back what that edit did not cover.
+    if (m_recordset->editMode() == db::Recordset::EditMode::Editing)
+        m_recordset->cancelUpdate();
+    for (int i = 0; i < m_recordset->fieldCount() && i < m_snapshot.size(); ++i) {
+        if (identical(m_recordset->value(i), m_snapshot.at(i)))
+            continue;
+        try {
+            m_recordset->setValue(m_recordset->field(i).name, m_snapshot.at(i));
+        } catch (const db::RuntimeError&) {
+            continue; // a column that cannot be written keeps its value
+        }
+    }
+}
+
+bool GestAnagrafica::addRow(bool show, const DataControl* editing)
+{
+    if (!isOpen())
+        return false;
+    try {
+        const Quiet quiet(*this);
+        m_recordset->addNew();
+    } catch (const db::RuntimeError& error) {
+        m_messages.saveFailed(error.description());
+        return false;
+    }
+    m_shown = cursorBookmark();
+    m_status = FrameStatus::New;
+    raise([&] { Q_EMIT AfterAddNew(OperationSucceeded); });
+    if (show) {
+        showRow(StatusReason::NewRow);
+        return true;
+    }
+    // Added under an edit: the controls already show the defaults, and the one being edited
+    // holds what the person typed.
+    syncControls(editing);
+    takeSnapshot();
+    m_lastCompany = companyConditions();
+    return true;
+}
+
+void GestAnagrafica::dropNewRow()
+{
+    if (!entering())
+        return;
+    if (placeCursor()) {
+        const Quiet quiet(*this);
+        try {
+            m_recordset->deleteRow();
+        } catch (const db::RuntimeError&) {
+            // already gone
+        }
+    }
+    m_shown.reset();
+}
+
+void GestAnagrafica::leaveShownRow()
+{
+    if (entering()) {
+        dropNewRow();
+        return;
+    }
+    if (m_status == FrameStatus::Browse && m_shown) {
+        restoreSnapshot();
+        m_returnTo = m_shown;
+    }
+}
+
+// Checks and writes.
+
+bool GestAnagrafica::checkFields()
+{
+    for (const Binding& binding : std::as_const(m_bindings)) {
+        DataControl* control = binding.control;
+        if (!control || !control->canReceiveFocus())
+            continue;
+        const QString caption = captionOf(control);
+        bool refused = true;
+        if (control->isRequired() && control->isBlank()) {
+            m_messages.requiredFieldEmpty(caption);
+        } else if (!control->isValid()) {
+            m_messages.fieldNotValid(caption);
+        } else if (const ColumnValue converted =
+                       binding.column.isEmpty()
+                           ? ColumnValue{Value::null()}
+                           : toColumnValue(control->value(), kindOf(binding.column));
+                   !converted.accepted()) {
+            m_messages.valueRefused(caption, converted.refusal);
+        } else {
+            refused = false;
+        }
+        if (refused) {
+            control->setFocus();
+            return false;
+        }
+    }
+    return true;
+}
+
+bool GestAnagrafica::save()
+{
+    return writeRow(true, true);
+}
+
+bool GestAnagrafica::writeRow(bool check, bool show)
+{
+    if (!isOpen() || m_terminated || m_locked || m_status == FrameStatus::Search)
+        return false;
+    if (check && !checkFields())
+        return false;
+    if (!m_shown && m_status == FrameStatus::New && !addRow(false))
+        return false;
+    if (!placeCursor())
+        return false;
+    const bool wasNew = m_status == FrameStatus::New;
+    if (check) {
+        CancelArgs args;
+        if (!raise([&] { Q_EMIT BeforeUpdate(args); }) || args.fbol_Cancel || !placeCursor())
+            return false;
+    }
+    try {
+        const Quiet quiet(*this);
+        if (m_master)
+            m_recordset->updateCurrent();
+        else
+            m_recordset->update();
+    } catch (const db::RuntimeError& error) {
+        m_messages.saveFailed(error.description());
+        if (check)
+            raise([&] { Q_EMIT AfterUpdate(OperationFailed); });
+        return false;
+    }
+    m_status = FrameStatus::Browse;
+    m_rowEdited = false;
+    m_changed = !m_master && (m_changed || m_recordset->pendingCount() > 0);
+    takeSnapshot();
+    const quint64 generation = m_generation;
+    if (check)
+        raise([&] { Q_EMIT AfterUpdate(OperationSucceeded); });
+    if (show && generation == m_generation)
+        showRow(wasNew ? StatusReason::Inserted : StatusReason::Refreshed);
+    else
+        announceState();
+    return true;
+}
+
+bool GestAnagrafica::confirmPendingChanges(bool check, bool show, bool ask)
+{
+    if (!isOpen() || m_terminated || m_status == FrameStatus::Search || !isRecordChanged())
+        return true;
+    if (ask) {
+        const int answer = m_messages.askSaveChanges();
+        if (answer == FrameMessages::No) {
+            dropPendingRow(check, show, false);
+            return true;
+        }
+        if (answer != FrameMessages::Yes)
+            return false;
+    }
+    return writeRow(check, show);
+}
+
+// Record operations.
+
+bool GestAnagrafica::addNew()
+{
+    if (!isOpen() || m_terminated || m_locked)
+        return false;
+    if (m_status == FrameStatus::New && !m_shown)
+        return addRow(true);
+    if (entering() && !m_rowEdited)
+        return true;
+    if (m_status != FrameStatus::Search && !confirmPendingChanges(true, false, m_master))
+        return false;
+    if (entering())
+        dropNewRow();
+    if (m_status == FrameStatus::Browse)
+        m_returnTo = m_shown;
+    return addRow(true);
+}
+
+bool GestAnagrafica::undo()
+{
+    return dropPendingRow(true, true, false);
+}
+
+bool GestAnagrafica::dropPendingRow(bool raiseEvents, bool show, bool ask)
+{
+    if (!isOpen() || m_terminated)
+        return false;
+    if (m_status == FrameStatus::Search) {
+        const auto back = visible(m_returnTo);
+        goToRow(back ? back : currentOrFirst(), StatusReason::Moved, show);
+    } else {
+        if (ask && m_rowEdited && !m_messages.confirmDropChanges())
+            return false;
+        if (entering() && m_master) {
+            dropNewRow();
+            const auto back = visible(m_returnTo);
+            discardDetailChanges();
+            goToRow(back ? back : currentOrFirst(), StatusReason::Moved, show);
+        } else {
+            restoreSnapshot();
+            if (m_master)
+                discardDetailChanges();
+            showRow(StatusReason::Refreshed, show);
+        }
+    }
+    if (raiseEvents)
+        raise([&] { Q_EMIT AfterUndo(OperationSucceeded); });
+    return true;
+}
+
+void GestAnagrafica::discardDetailChanges()
+{
+    for (GestAnagrafica* detail : detailFrames())
+        detail->discardPendingChanges();
+}
+
+void GestAnagrafica::discardPendingChanges()
+{
+    if (!isOpen() || !m_attached || m_terminated)
+        return;
+    const auto shown = m_shown;
+    {
+        const Quiet quiet(*this);
+        try {
+            m_recordset->cancelBatch();
+        } catch (const db::RuntimeError&) {
+            return;
+        }
+    }
+    m_changed = false;
+    m_rowEdited = false;
+    const auto still = visible(shown);
+    goToRow(still ? still : currentOrFirst(),
+            still ? StatusReason::Refreshed : StatusReason::Moved);
+}
+
+bool GestAnagrafica::deleteRecord()
+{
+    if (!isOpen() || m_terminated || m_locked || m_status != FrameStatus::Browse || !m_shown)
+        return false;
+    if (!m_messages.confirmDelete())
+        return false;
+    CancelArgs args;
+    if (!raise([&] { Q_EMIT BeforeDelete(args); }) || args.fbol_Cancel || !placeCursor())
+        return false;
+    const Bookmark deleted = *m_shown;
+    if (!deleteAndWrite([this] { m_recordset->deleteRow(); }, deleted))
+        return false;
+    std::optional<Bookmark> next = cursorBookmark();
+    if (!next && m_recordset->recordCount() > 0) {
+        const Quiet quiet(*this);
+        m_recordset->moveLast();
+        next = cursorBookmark();
+    }
+    finishDelete(next, true, true);
+    return true;
+}
+
+bool GestAnagrafica::deleteRows(bool raiseEvents, bool show, bool ask)
+{
+    if (!isOpen() || m_terminated || m_locked)
+        return false;
+    if (entering())
+        dropNewRow();
+    if (m_recordset->recordCount() == 0) {
+        goToRow(std::nullopt, StatusReason::Deleted, show);
+        return true;
+    }
+    if (ask && !m_messages.confirmDeleteAll())
+        return false;
+    if (raiseEvents) {
+        CancelArgs args;
+        placeCursor();
+        if (!raise([&] { Q_EMIT BeforeDelete(args); }) || args.fbol_Cancel)
+            return false;
+    }
+    const auto deleteAll = [this] {
+        while (m_recordset->recordCount() > 0) {
+            m_recordset->moveFirst();
+            m_recordset->deleteRow();
+        }
+    };
+    if (!deleteAndWrite(deleteAll, m_shown, raiseEvents))
+        return false;
+    finishDelete(std::nullopt, raiseEvents, show);
+    return true;
+}
+
+bool GestAnagrafica::deleteAndWrite(const std::function<void()>& deleteRows,
+                                    std::optional<Bookmark> shownBefore, bool raiseEvents)
+{
+    try {
+        const Quiet quiet(*this);
+        deleteRows();
+        if (m_master)
+            m_recordset->updateBatch();
+    } catch (const db::RuntimeError& error) {
+        m_messages.deleteFailed(error.description());
+        if (m_master) {
+            const Quiet quiet(*this);
+            m_recordset->cancelBatch();
+        }
+        const auto back = visible(shownBefore);
+        goToRow(back ? back : currentOrFirst(), StatusReason::Refreshed);
+        if (raiseEvents)
+            raise([&] { Q_EMIT AfterDelete(OperationFailed); });
+        return false;
+    }
+    if (!m_master)
+        m_changed = true;
+    m_rowEdited = false;
+    return true;
+}
+
+void GestAnagrafica::finishDelete(std::optional<Bookmark> next, bool raiseEvents, bool show)
+{
+    // AfterDelete handlers see the status the frame is going to: 0 while rows are left.
+    m_shown = next;
+    m_status = next ? FrameStatus::Browse : FrameStatus::New;
+    const quint64 generation = ++m_generation;
+    if (raiseEvents)
+        raise([&] { Q_EMIT AfterDelete(OperationSucceeded); });
+    if (generation == m_generation)
+        showRow(StatusReason::Deleted, show);
+}
+
+void GestAnagrafica::updateBatch()
+{
+    if (!m_terminated)
+        raise([&] { Q_EMIT UpdateBatchAll(); });
+}
+
+// Search.
+
+bool GestAnagrafica::enterSearch()
+{
+    if (!isOpen() || m_terminated)
+        return false;
+    if (m_status == FrameStatus::Search)
+        return true;
+    if (!confirmPendingChanges(true, false, true))
+        return false;
+    leaveShownRow();
+    m_shown.reset();
+    m_status = FrameStatus::Search;
+    showRow(StatusReason::SearchEntry);
+    if (m_keyField && m_keyField->canReceiveFocus())
+        m_keyField->setFocus();
+    return true;
+}
+
+bool GestAnagrafica::searchCommand()
+{
+    return m_status == FrameStatus::Search ? search(false, false) : enterSearch();
+}
+
+bool GestAnagrafica::search(bool fromKeyColumn, bool quiet)
+{
+    const Binding* key = bindingOf(m_keyField);
+    if (!isOpen() || m_terminated || !key || key->column.isEmpty() ||
+        !m_recordset->hasField(key->column))
+        return false;
+    const QString column = key->column;
+    Value wanted;
+    if (m_status == FrameStatus::Search || !fromKeyColumn || !m_shown) {
+        const ColumnValue typed = toColumnValue(m_keyField->value(), kindOf(column));
+        if (!typed.accepted()) {
+            if (!quiet)
+                m_messages.valueRefused(captionOf(m_keyField), typed.refusal);
+            return false;
+        }
+        wanted = *typed.value;
+    } else if (placeCursor()) {
+        wanted = shownValue(column);
+    }
+    if (wanted.isBlank()) {
+        if (!quiet)
+            m_messages.keyNotFound();
+        return false;
+    }
+
+    // The key the row shown was read with names that same row.
+    const int keyIndex = m_recordset->fieldIndex(column);
+    const bool writtenIntoExisting = m_status == FrameStatus::Browse && m_shown;
+    if (writtenIntoExisting && keyIndex < m_snapshot.size() &&
+        sameKey(m_snapshot.at(keyIndex), wanted)) {
+        restoreSnapshot();
+        showRow(StatusReason::Found);
+        return true;
+    }
+
+    // The row written into gets its values back before the rows are walked: walking ends the
+    // edit in progress, after which its pending state could not be cleared.
+    if (writtenIntoExisting)
+        restoreSnapshot();
+    std::optional<Bookmark> found = findInRecordset(column, wanted);
+    if (found)
+        leaveShownRow();
+    else if (m_master)
+        found = bringFromDatabase(column, wanted);
+    if (!found) {
+        if (writtenIntoExisting && placeCursor())
+            m_recordset->setValue(column, wanted);
+        if (!quiet)
+            m_messages.keyNotFound();
+        return false;
+    }
+    goToRow(found, StatusReason::Found);
+    return true;
+}
+
+std::optional<GestAnagrafica::Bookmark> GestAnagrafica::findInRecordset(const QString& column,
+                                                                        const Value& key)
+{
+    // Positions are visited by number so the walk never stops on the row shown: a clone
+    // leaving a row would end the edit in progress there.
+    const qsizetype skip = m_shown && placeCursor() ? m_recordset->absolutePosition() : -1;
+    const qsizetype count = m_recordset->recordCount();
+    if (count == 0 || (count == 1 && skip == 1))
+        return std::nullopt;
+    try {
+        const db::RecordsetPtr rows = m_recordset->clone();
+        if (!m_recordset->filter().isEmpty())
+            rows->setFilter(m_recordset->filter());
+        if (!m_recordset->sort().isEmpty())
+            rows->setSort(m_recordset->sort());
+        for (qsizetype position = 1; position <= rows->recordCount(); ++position) {
+            if (position == skip)
+                continue;
+            rows->setAbsolutePosition(position);
+            if (sameKey(rows->value(column), key))
+                return rows->bookmark();
+        }
+    } catch (const db::RuntimeError&) {
+        return std::nullopt;
+    }
+    return std::nullopt;
+}
+
+QStringList GestAnagrafica::companyConditions()
+{
+    if (!m_searchFilter.isEmpty())
+        return {QStringLiteral("(%1)").arg(m_searchFilter)};
+    if (!m_shown || !placeCursor())
+        return m_lastCompany;
+    QStringList conditions;
+    for (int i = 0; i < m_recordset->fieldCount(); ++i) {
+        const db::Column& field = m_recordset->field(i);
+        if (field.baseColumn.isEmpty() ||
+            !field.name.endsWith(companyColumnEnding, Qt::CaseInsensitive))
+            continue;
+        const Value company = m_recordset->value(i);
+        if (!company.isBlank())
+            conditions << field.baseColumn + QStringLiteral(" = ") + company.sqlLiteral();
+    }
+    return conditions;
+}
+
+std::optional<GestAnagrafica::Bookmark> GestAnagrafica::bringFromDatabase(const QString& column,
+                                                                          const Value& key)
+{
+    db::Connection* connection = m_recordset->activeConnection();
+    const QString table = m_recordset->baseTable();
+    const int index = m_recordset->fieldIndex(column);
+    const QString baseColumn = index < 0 ? QString() : m_recordset->field(index).baseColumn;
+    if (!connection || table.isEmpty() || baseColumn.isEmpty())
+        return std::nullopt;
+    QStringList conditions = companyConditions();
+    conditions << baseColumn + QStringLiteral(" = ") + key.sqlLiteral();
+    const QString statement = QStringLiteral("SELECT * FROM %1 WHERE %2")
+                                  .arg(table, conditions.join(QStringLiteral(" AND ")));
+    try {
+        if (connection->query(statement).rows.isEmpty())
+            return std::nullopt;
+        leaveShownRow();
+        {
+            const Quiet quiet(*this);
+            m_recordset->requery();
+        }
+        m_shown.reset();
+        m_returnTo.reset();
+        if (const auto found = findInRecordset(column, key))
+            return found;
+        // The recordset's own query leaves the row out (it was narrowed to another key).
+        setRecordset(db::Recordset::open(*connection, statement));
+        return currentOrFirst();
+    } catch (const db::RuntimeError& error) {
+        m_messages.handlerFailed(error.number(), error.description());
+        return std::nullopt;
+    }
+}
+
+// Moves.
+
+bool GestAnagrafica::moveFirst(bool confirmFirst, bool show)
+{
+    return moveBy([](db::Recordset& rows) { rows.moveFirst(); }, confirmFirst, show);
+}
+
+bool GestAnagrafica::moveLast(bool confirmFirst, bool show)
+{
+    return moveBy([](db::Recordset& rows) { rows.moveLast(); }, confirmFirst, show);
+}
+
+bool GestAnagrafica::movePrevious(bool confirmFirst, bool show)
+{
+    return moveBy(
+        [](db::Recordset& rows) {
+            if (!rows.bof())
+                rows.movePrevious();
+        },
+        confirmFirst, show);
+}
+
+bool GestAnagrafica::moveNext(bool confirmFirst, bool show)
+{
+    return moveBy(
+        [](db::Recordset& rows) {
+            if (!rows.eof())
+                rows.moveNext();
+        },
+        confirmFirst, show);
+}
+
+bool GestAnagrafica::moveToBookmark(Bookmark bookmark, bool confirmFirst, bool show)
+{
+    if (!isOpen() || !m_recordset->hasBookmark(bookmark))
+        return false;
+    return moveBy([bookmark](db::Recordset& rows) { rows.setBookmark(bookmark); }, confirmFirst,
+                  show);
+}
+
+bool GestAnagrafica::moveBy(const std::function<void(db::Recordset&)>& move, bool confirmFirst,
+                            bool show)
+{
+    if (!isOpen() || !m_attached || m_terminated)
+        return false;
+    if (confirmFirst && !confirmPendingChanges(true, false, m_master))
+        return false;
+    const auto before = m_shown;
+    if (entering())
+        dropNewRow();
+    else if (m_rowEdited)
+        restoreSnapshot();
+    try {
+        const Quiet quiet(*this);
+        placeCursor();
+        move(*m_recordset);
+        if (m_recordset->recordCount() > 0 && m_recordset->eof())
+            m_recordset->moveLast();
+        if (m_recordset->recordCount() > 0 && m_recordset->bof())
+            m_recordset->moveFirst();
+    } catch (const db::RuntimeError&) {
+        return false;
+    }
+    const auto reached = cursorBookmark();
+    if (reached && reached == before)
+        return false;
+    goToRow(reached, StatusReason::Moved, show);
+    return reached.has_value();
+}
+
+// Reactions.
+
+void GestAnagrafica::onValueChanged(DataControl* control)
+{
+    if (m_loading || m_terminated || !isOpen() || !m_attached || m_status == FrameStatus::Search ||
+        m_locked)
+        return;
+    Binding* binding = bindingOf(control);
+    if (!binding)
+        return;
+    m_rowEdited = true;
+    if (m_master)
+        m_changed = true;
+    const QString column = binding->column;
+    if (!column.isEmpty() && m_recordset->hasField(column)) {
+        const ColumnValue converted = toColumnValue(control->value(), kindOf(column));
+        if (converted.accepted() && (m_shown || addRow(false, control)) && placeCursor()) {
+            const QScopedValueRollback writing(m_writing, true);
+            try {
+                m_recordset->setValue(column, *converted.value);
+                bindingOf(control)->shown = *converted.value;
+            } catch (const db::RuntimeError& error) {
+                m_messages.saveFailed(error.description());
+            }
+        }
+    }
+    announceState();
+}
+
+void GestAnagrafica::onValidate(DataControl* control, bool& cancel)
+{
+    const Binding* binding = bindingOf(control);
+    if (m_loading || m_terminated || !isOpen() || m_status == FrameStatus::Search || m_locked ||
+        !binding || binding->column.isEmpty() || !m_recordset->hasField(binding->column))
+        return;
+    const ColumnValue converted = toColumnValue(control->value(), kindOf(binding->column));
+    if (converted.accepted())
+        return;
+    m_messages.valueRefused(captionOf(control), converted.refusal);
+    cancel = true;
+}
+
+bool GestAnagrafica::reacting() const
+{
+    return m_attached && !m_terminated && m_quietDepth == 0 && m_bulkDepth == 0 && m_followMoves &&
+           isOpen();
+}
+
+void GestAnagrafica::onCurrentChanged()
+{
+    if (!reacting())
+        return;
+    const auto current = cursorBookmark();
+    if (!current) {
+        if (!visible(m_shown))
+            followNearest();
+        return;
+    }
+    if (current != m_shown && leaveFor(*current))
+        goToRow(current, StatusReason::Moved);
+}
+
+void GestAnagrafica::onRowsReset()
+{
+    if (reacting() && !visible(m_shown))
+        followNearest();
+}
+
+void GestAnagrafica::onRowChanged(Bookmark bookmark)
+{
+    if (reacting() && !m_writing && m_shown == bookmark && cursorBookmark() == m_shown)
+        syncControls(nullptr);
+}
+
+void GestAnagrafica::followNearest()
+{
+    goToRow(currentOrFirst(), StatusReason::Moved);
+}
+
+bool GestAnagrafica::leaveFor(Bookmark target)
+{
+    if (!visible(m_shown) || m_status == FrameStatus::Search)
+        return true;
+    if (entering() && !m_rowEdited) {
+        dropNewRow();
+    } else if (m_rowEdited) {
+        placeCursor();
+        if (!confirmPendingChanges(true, false, m_master))
+            return false;
+    }
+    if (visible(target)) {
+        const Quiet quiet(*this);
+        m_recordset->setBookmark(target);
+    }
+    return true;
+}
+
+void GestAnagrafica::resync()
+{
+    if (!reacting())
+        return;
+    const auto current = cursorBookmark();
+    if (current && current != m_shown) {
+        if (leaveFor(*current))
+            goToRow(current, StatusReason::Moved);
+        return;
+    }
+    if (m_shown && !visible(m_shown)) {
+        followNearest();
+        return;
+    }
+    syncControls(nullptr);
+}
+
+std::optional<bool> GestAnagrafica::navigatorAction(controls::Navigator&, const QString& key)
+{
+    using namespace controls::NavigatorKey;
+    if (key == New)
+        return addNew();
+    if (key == Confirm)
+        return save();
+    if (key == Cancel)
+        return undo();
+    if (key == Delete)
+        return deleteRecord();
+    if (key == First)
+        return moveFirst();
+    if (key == Previous)
+        return movePrevious();
+    if (key == Next)
+        return moveNext();
+    if (key == Last)
+        return moveLast();
+    return std::nullopt;
+}
+
+} // namespace tarvello::frame

@@ -1,0 +1,336 @@
+#pragma once
+
+#include "platform/controls/navigatortarget.h"
+#include "platform/db/recordset.h"
+#include "platform/frame/frameeventargs.h"
+#include "platform/frame/framemessages.h"
+
+#include <QList>
+#include <QObject>
+#include <QPointer>
+#include <QString>
+#include <QStringList>
+#include <functional>
+#include <optional>
+
+namespace tarvello::controls {
+class DataControl;
+class Grid;
+class Navigator;
+} // namespace tarvello::controls
+
+namespace tarvello::db {
+class Connection;
+}
+
+namespace tarvello::services {
+class UserPrompts;
+}
+
+namespace tarvello::frame {
+
+// The record frame (the host's GestAnagrafica): it binds the registered controls of a screen
+// to the columns of one recordset and carries a row through its life, raising its events
+// around each step. The same class serves the header of a screen (the master frame, which
+// writes its row to the database at once) and its detail grids (which keep their rows
+// pending until the caller's batch save).
+//
+// Binding. A registered control bound to a column (its data field) shows the value of that
+// column for the row shown; an edit of the control writes the value back, converted to the
+// column's kind. A value that cannot be converted (a text that is not a number for a numeric
+// column) is never written: leaving the control is refused with a message, and so is a save.
+// Decodable fields are decoded whenever a row is shown. Writes made to the shown row by code
+// through the recordset are shown in the controls as they happen.
+//
+// Statuses (FrameStatus): 0 an existing row is shown, 1 search entry, 2 a new row is being
+// entered. Status 2 reached because there is nothing to show (an empty recordset, the last
+// row deleted) adds the new row only when it is first edited or saved; new, or status 2 set
+// by code, adds it at once (code may write into it). Either way AfterAddNew is raised when
+// the row is added, so handlers can key it.
+//
+// Change flags. The first flag says the frame holds changes the database has not seen yet:
+// on a master frame any edit of its row; on a detail frame rows confirmed or deleted since
+// the last batch save (the batch-save handler clears it). The second flag says the row shown
+// has edits not yet confirmed. An edit of a registered control through the frame (by the
+// person, or by code setting the control) sets the second flag, and on a master frame the
+// first as well. Both flags can be set by code; the change notification sets them.
+//
+// Master frame: save checks the registered fields, raises BeforeUpdate, writes the row to
+// the database (insert or update, the identity read back), raises AfterUpdate, then shows the
+// row in status 0. Undo puts back the values read from the database; a new row is dropped and
+// the row shown before it comes back. Delete asks the person (Yes / No, No by default),
+// raises BeforeDelete, deletes the row in the database, raises AfterDelete and shows the next
+// row (or the previous, or none). Undo of a master also drops the pending changes of its
+// attached detail frames.
+//
+// Detail frame: "Nuovo" adds a row (status 2); "Conferma" checks it, raises BeforeUpdate and
+// keeps the row as a pending change (status 0); "Annulla" takes the row shown back to where
+// it was last confirmed (a new row back to its starting values, still in status 2);
+// "Elimina" asks, then marks the row deleted in the recordset. Nothing reaches the database
+// until the batch save, which raises UpdateBatchAll for the caller's handler to write.
+//
+// Checks on save: a registered control that the person can reach (enabled and visible) is
+// refused when it is required and empty, marked not valid, or holds a value its column
+// cannot take. The message names the control's caption and the focus goes to it. A control
+// the person cannot reach is never held against them.
+//
+// Row moves. The frame follows its recordset: a move made elsewhere (a grid click, code)
+// shows the row reached. Unconfirmed edits of the row left are confirmed first; when they are
+// refused the recordset goes back to that row. Following is suspended while the row-move
+// reaction is switched off, while a bulk-rewrite bracket is open and while the frame is
+// detached; when following resumes the frame shows the recordset's current row (or goes back
+// to its own when the recordset stands before the first or after the last row).
+//
+// Events (the host's names and arguments) are raised with direct connections; a handler that
+// throws db::RuntimeError has its error shown to the person and the operation is treated as
+// refused (a Before event) or carried on (an After event).
+class GestAnagrafica : public QObject, public controls::NavigatorTarget {
+    Q_OBJECT
+public:
+    using Bookmark = db::Recordset::Bookmark;
+
+    // Opens and closes a bulk-rewrite bracket for the life of the object.
+    class BulkRewrite {
+    public:
+        explicit BulkRewrite(GestAnagrafica& frame);
+        ~BulkRewrite();
+        BulkRewrite(const BulkRewrite&) = delete;
+        BulkRewrite& operator=(const BulkRewrite&) = delete;
+
+    private:
+        QPointer<GestAnagrafica> m_frame; // Not owned.
+    };
+
+    explicit GestAnagrafica(services::UserPrompts& prompts, QObject* parent = nullptr);
+    ~GestAnagrafica() override;
+
+    // Set-up.
+
+    // Binds the frame to its recordset and shows its current row (the first when it stands
+    // outside its rows; status 2 when it has none). The navigator's record buttons act on the
+    // frame from now on. searchFilter, when not empty, is the condition ("MG17_DITTA_CG18 = 1")
+    // that a search by key adds when it looks in the database; when empty, the search keeps
+    // to the company of the row it starts from (its columns named ..._DITTA_CG18).
+    void initialise(QObject* module, db::Connection& connection, db::RecordsetPtr recordset,
+                    const QString& sql, const QString& searchFilter, controls::Navigator* navigator,
+                    controls::Grid* grid);
+    // The host module the frame works for. Not owned.
+    QObject* module() const { return m_module; }
+    db::Connection* connection() const { return m_connection; }
+
+    // The control is bound to its data field (none for a control the frame only checks).
+    void registerField(controls::DataControl* control);
+    QList<controls::DataControl*> fields() const;
+    // The control whose column a search by key looks at; it must be registered.
+    void setKeyField(controls::DataControl* control);
+    controls::DataControl* keyField() const { return m_keyField; }
+    bool isMaster() const { return m_master; }
+    void setMaster(bool master) { m_master = master; }
+    void addDetailFrame(GestAnagrafica* detail);
+    QList<GestAnagrafica*> detailFrames() const;
+    // What the frame manages, as its questions name it ("la gestione anagrafica agenti").
+    QString description() const { return m_messages.description(); }
+    void setDescription(const QString& description) { m_messages.setDescription(description); }
+    // The query text the frame's rows come from.
+    QString sql() const { return m_sql; }
+    void setSql(const QString& sql) { m_sql = sql; }
+
+    db::RecordsetPtr recordset() const { return m_recordset; }
+    // Gives the frame a recordset (nullptr lets go of it) without showing anything: a refresh
+    // follows. Given back the recordset it had, the frame's row is made current again.
+    void setRecordset(db::RecordsetPtr recordset);
+    controls::Grid* grid() const { return m_grid; }
+    void setGrid(controls::Grid* grid) { m_grid = grid; }
+    controls::Navigator* navigator() const { return m_navigator; }
+
+    // State.
+
+    int status() const { return m_status; }
+    // 2 adds a new row at once (code may write into it), 1 starts search entry, 0 shows the
+    // recordset's current row. Unconfirmed edits of the row left are dropped, not asked about.
+    void setStatus(int status);
+    bool changeFlag() const { return m_changed; }
+    void setChangeFlag(bool changed);
+    bool secondChangeFlag() const { return m_rowEdited; }
+    void setSecondChangeFlag(bool changed);
+    // Code tells the frame its row has changed (or not): both flags take the value.
+    void notifyChange(bool changed = true);
+    // Whether there are unconfirmed changes: the frame's own, then IsRecordChanged.
+    bool isRecordChanged();
+    // Reads the flags again (raising IsRecordChanged) and announces the state.
+    void refreshState();
+    bool isLocked() const { return m_locked; }
+    // A locked frame adds, saves and deletes nothing and takes no edits into its row.
+    void setLocked(bool locked) { m_locked = locked; }
+    bool followsRowMoves() const { return m_followMoves; }
+    void setFollowRowMoves(bool follow);
+    void beginBulkRewrite();
+    void endBulkRewrite();
+    bool inBulkRewrite() const { return m_bulkDepth > 0; }
+
+    // Record operations; each answers whether it was carried out.
+
+    bool addNew();
+    bool save();
+    bool undo();
+    // Asks the person first.
+    bool deleteRecord();
+    // Search entry (status 1): the fields empty, the focus on the key field.
+    bool enterSearch();
+    // Looks up the key written into the key column (fromKeyColumn) or typed into the key field
+    // (always so in status 1). Found, the frame shows that row in status 0: a new row being
+    // entered is dropped, and an existing row the key was written into gets its values back.
+    // Not found, nothing changes (quiet: without telling the person). A detail frame looks
+    // among its own rows only: a key typed into a new detail row that another row already
+    // has brings that row up (the key check of a new row). A master frame then looks in its
+    // table; a row found there is brought into the recordset, by a requery or, when the
+    // recordset's query cannot return it, by a new recordset on that row (recordsetChanged).
+    bool search(bool fromKeyColumn = true, bool quiet = true);
+    // The host toolbar's search: enters search entry, or in search entry looks the key up.
+    bool searchCommand();
+    // Settles the unconfirmed changes; true when it is safe to go on. check: the fields are
+    // checked and BeforeUpdate raised (false: the row is taken as it is). show: the row is
+    // shown again afterwards. ask: the person chooses Yes (save; safe when that succeeds),
+    // No (drop; safe) or Cancel (not safe); without asking the changes are saved.
+    bool confirmPendingChanges(bool check, bool show, bool ask);
+    // Undo with switches: raiseEvents (AfterUndo), show, ask (Yes / No before dropping).
+    bool dropPendingRow(bool raiseEvents, bool show, bool ask);
+    // Deletes every row the frame shows: raiseEvents (BeforeDelete, AfterDelete once), show,
+    // ask (Yes / No first). A master writes the deletions at once.
+    bool deleteRows(bool raiseEvents, bool show, bool ask);
+    // The batch save: raises UpdateBatchAll, whose handler writes the pending rows.
+    void updateBatch();
+
+    // Moves. confirmFirst settles unconfirmed changes of the row left (a master asks); show
+    // raises ChangeStatus for the row reached. False when the move could not be made.
+    bool moveFirst(bool confirmFirst = true, bool show = true);
+    bool moveLast(bool confirmFirst = true, bool show = true);
+    bool movePrevious(bool confirmFirst = true, bool show = true);
+    bool moveNext(bool confirmFirst = true, bool show = true);
+    bool moveToBookmark(Bookmark bookmark, bool confirmFirst = true, bool show = true);
+
+    // Stops following the recordset (before it is closed, requeried or walked by code).
+    void detach();
+    bool isAttached() const { return m_attached; }
+    // Binds the frame again and shows its row. A text other than the recordset's query opens
+    // a new recordset on it (recordsetChanged); an empty text keeps the recordset, which may
+    // have been requeried or replaced with setRecordset meanwhile.
+    void refresh(const QString& sql = {});
+    // Lets go of the recordset, the controls, the navigator and the detail frames.
+    void terminate();
+
+    std::optional<bool> navigatorAction(controls::Navigator& navigator,
+                                        const QString& key) override;
+
+Q_SIGNALS:
+    void AfterAddNew(int fenm_operationresult);
+    void AfterDelete(int fenm_operationresult);
+    void AfterUndo(int fenm_operationresult);
+    void AfterUpdate(int fenm_operationresult);
+    void BeforeDelete(tarvello::frame::CancelArgs& args);
+    void BeforeUpdate(tarvello::frame::CancelArgs& args);
+    void ChangeStatus(int fenm_status, int fenm_reason);
+    void IsRecordChanged(tarvello::frame::RecordChangedArgs& args);
+    void UpdateBatchAll();
+
+    // For the host's toolbar and views: the frame opened or was given another recordset.
+    void recordsetChanged(tarvello::db::RecordsetPtr recordset);
+    // The status or the change state changed.
+    void stateChanged(int status, bool changed);
+
+private:
+    struct Binding {
+        QPointer<controls::DataControl> control; // Not owned.
+        QString column;
+        // The column value the control shows, as last shown or written.
+        db::Value shown;
+    };
+    class Quiet;
+
+    Binding* bindingOf(const controls::DataControl* control);
+    bool isOpen() const;
+    // A new row has been added and is being entered.
+    bool entering() const;
+    db::ColumnKind kindOf(const QString& column) const;
+    db::Value defaultOf(const QString& column) const;
+    std::optional<Bookmark> cursorBookmark() const;
+    std::optional<Bookmark> visible(std::optional<Bookmark> row) const;
+    // Makes the row shown the recordset's current row; false when there is none.
+    bool placeCursor();
+    db::Value shownValue(const QString& column) const;
+    // The row to show after a change of recordset: the current one, else the first.
+    std::optional<Bookmark> currentOrFirst();
+
+    void attach();
+    void goToRow(std::optional<Bookmark> row, int reason, bool raiseEvent = true);
+    void showRow(int reason, bool raiseEvent = true);
+    void fillControls();
+    void syncControls(const controls::DataControl* except);
+    void decodeFields();
+    void takeSnapshot();
+    void restoreSnapshot();
+    bool addRow(bool show, const controls::DataControl* editing = nullptr);
+    void dropNewRow();
+    // Leaves the row shown as it was: a new row is dropped, an existing one restored.
+    void leaveShownRow();
+    void announceState();
+
+    bool checkFields();
+    bool writeRow(bool check, bool show);
+    void discardDetailChanges();
+    void discardPendingChanges();
+    bool deleteAndWrite(const std::function<void()>& deleteRows,
+                        std::optional<Bookmark> shownBefore, bool raiseEvents = true);
+    void finishDelete(std::optional<Bookmark> next, bool raiseEvents, bool show);
+    bool moveBy(const std::function<void(db::Recordset&)>& move, bool confirmFirst, bool show);
+    QStringList companyConditions();
+    std::optional<Bookmark> findInRecordset(const QString& column, const db::Value& key);
+    std::optional<Bookmark> bringFromDatabase(const QString& column, const db::Value& key);
+
+    bool reacting() const;
+    bool leaveFor(Bookmark target);
+    void followNearest();
+    void resync();
+    void onValueChanged(controls::DataControl* control);
+    void onValidate(controls::DataControl* control, bool& cancel);
+    void onCurrentChanged();
+    void onRowsReset();
+    void onRowChanged(tarvello::db::Recordset::Bookmark bookmark);
+
+    template <class Emit>
+    bool raise(Emit fire);
+
+    FrameMessages m_messages;
+    QPointer<QObject> m_module;             // Not owned.
+    db::Connection* m_connection = nullptr; // Not owned.
+    db::RecordsetPtr m_recordset;           // Shared with the screen.
+    QList<QMetaObject::Connection> m_recordsetConnections;
+    QPointer<controls::Navigator> m_navigator; // Not owned.
+    QPointer<controls::Grid> m_grid;           // Not owned.
+    QList<Binding> m_bindings;
+    QPointer<controls::DataControl> m_keyField; // Not owned.
+    QList<QPointer<GestAnagrafica>> m_details;  // Not owned.
+    QString m_sql;
+    QString m_searchFilter;
+    QStringList m_lastCompany;
+
+    int m_status = FrameStatus::New;
+    std::optional<Bookmark> m_shown;
+    // The row to go back to when a new row or a search is left.
+    std::optional<Bookmark> m_returnTo;
+    db::ValueList m_snapshot;
+    bool m_changed = false;
+    bool m_rowEdited = false;
+    bool m_master = false;
+    bool m_locked = false;
+    bool m_followMoves = true;
+    bool m_attached = false;
+    bool m_terminated = false;
+    int m_bulkDepth = 0;
+    int m_quietDepth = 0;
+    bool m_loading = false;
+    bool m_writing = false;
+    quint64 m_generation = 0;
+};
+
+} // namespace tarvello::frame

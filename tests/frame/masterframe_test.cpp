@@ -1,0 +1,356 @@
+#include "framefixture.h"
+#include "platform/db/runtimeerror.h"
+
+namespace tarvello::test {
+namespace {
+
+namespace FrameStatus = frame::FrameStatus;
+
+constexpr int Yes = 6;
+constexpr int No = 7;
+constexpr int Cancel = 2;
+
+QStringList events(std::initializer_list<const char*> names)
+{
+    QStringList list;
+    for (const char* name : names)
+        list << QString::fromLatin1(name);
+    return list;
+}
+
+TEST_P(FrameTest, AnAgentGoesFromNewToSavedChangedUndoneAndDeleted)
+{
+    openAgents();
+    ASSERT_EQ(agents.status(), FrameStatus::New) << "no agent yet: ready for a new one";
+
+    ASSERT_TRUE(agents.addNew());
+    EXPECT_EQ(agentEvents.take(), events({"AfterAddNew(-1)", "ChangeStatus(2,2)"}));
+    EXPECT_EQ(percentuale->text(), QStringLiteral("0")) << "the column's default is shown";
+    EXPECT_EQ(regime->value(), db::Value(0));
+
+    agente->typeText(QStringLiteral("a001"));
+    EXPECT_EQ(agents.recordset()->value(u"MG17_AGENTE"), db::Value("A001"));
+    EXPECT_TRUE(agents.changeFlag());
+    EXPECT_TRUE(agents.secondChangeFlag());
+
+    ASSERT_TRUE(agents.save());
+    EXPECT_EQ(agentEvents.take(), events({"BeforeUpdate", "AfterUpdate(-1)", "ChangeStatus(0,5)"}));
+    ASSERT_FALSE(agentEvents.idInAfterUpdate.isBlank()) << "the identity is read back first";
+    const qint64 id = agentEvents.idInAfterUpdate.toInt64();
+    EXPECT_EQ(
+        cell(
+            QStringLiteral("SELECT MG17_AGENTE FROM MG17_AGENTI WHERE MG17_IDAGENTE = %1").arg(id)),
+        db::Value("A001"));
+    EXPECT_EQ(cell(QStringLiteral("SELECT MG17_DITTA_CG18 FROM MG17_AGENTI")), db::Value(company))
+        << "AfterAddNew's stamp was saved with the row";
+    EXPECT_EQ(agents.status(), FrameStatus::Browse);
+    EXPECT_FALSE(agents.changeFlag());
+
+    percentuale->typeText(QStringLiteral("12,5"));
+    EXPECT_TRUE(agents.isRecordChanged());
+    EXPECT_EQ(agentEvents.take(), events({"IsRecordChanged(true)"}));
+
+    ASSERT_TRUE(agents.undo());
+    EXPECT_EQ(agentEvents.take(), events({"ChangeStatus(0,7)", "AfterUndo(-1)"}));
+    EXPECT_EQ(percentuale->text(), QStringLiteral("0"));
+    EXPECT_EQ(agents.recordset()->pendingCount(), 0) << "nothing is left to write";
+    EXPECT_EQ(count(QStringLiteral("SELECT COUNT(*) FROM MG17_AGENTI WHERE MG17_PERPROV = 0")), 1);
+
+    answer(Yes);
+    ASSERT_TRUE(agents.deleteRecord());
+    EXPECT_EQ(lastPrompt().style, 292) << "Yes / No with No as default";
+    EXPECT_EQ(agentEvents.take(), events({"BeforeDelete", "AfterDelete(-1)", "ChangeStatus(2,6)"}));
+    EXPECT_EQ(count(QStringLiteral("SELECT COUNT(*) FROM MG17_AGENTI")), 0);
+    EXPECT_EQ(agents.status(), FrameStatus::New);
+    EXPECT_EQ(agente->text(), QString());
+}
+
+TEST_P(FrameTest, ARefusedBeforeUpdateLeavesTheRowUnsavedAndPending)
+{
+    openAgents();
+    agents.addNew();
+    agente->typeText(QStringLiteral("A001"));
+    agentEvents.take();
+
+    agentEvents.refuseUpdate = true;
+    EXPECT_FALSE(agents.save());
+    EXPECT_EQ(agentEvents.take(), events({"BeforeUpdate"}));
+    EXPECT_EQ(count(QStringLiteral("SELECT COUNT(*) FROM MG17_AGENTI")), 0);
+    EXPECT_EQ(agents.status(), FrameStatus::New);
+    EXPECT_EQ(agents.recordset()->pendingCount(), 1);
+    EXPECT_EQ(agents.recordset()->value(u"MG17_AGENTE"), db::Value("A001"));
+    EXPECT_TRUE(agents.isRecordChanged());
+
+    agentEvents.refuseUpdate = false;
+    EXPECT_TRUE(agents.save());
+    EXPECT_EQ(count(QStringLiteral("SELECT COUNT(*) FROM MG17_AGENTI")), 1);
+}
+
+TEST_P(FrameTest, ADeleteRefusedByThePersonOrByBeforeDeleteKeepsTheRow)
+{
+    insertAgent(QStringLiteral("A001"));
+    insertAgent(QStringLiteral("B002"));
+    insertAgent(QStringLiteral("C003"));
+    openAgents();
+    ASSERT_EQ(agente->text(), QStringLiteral("A001"));
+
+    answer(No);
+    EXPECT_FALSE(agents.deleteRecord());
+    EXPECT_TRUE(agentEvents.take().isEmpty()) << "No stops before BeforeDelete";
+
+    answer(Yes);
+    agentEvents.refuseDelete = true;
+    EXPECT_FALSE(agents.deleteRecord());
+    EXPECT_EQ(agentEvents.take(), events({"BeforeDelete"}));
+    EXPECT_EQ(count(QStringLiteral("SELECT COUNT(*) FROM MG17_AGENTI")), 3);
+    EXPECT_EQ(agente->text(), QStringLiteral("A001"));
+
+    agentEvents.refuseDelete = false;
+    answer(Yes);
+    ASSERT_TRUE(agents.deleteRecord());
+    EXPECT_EQ(agente->text(), QStringLiteral("B002")) << "the next row is shown";
+    ASSERT_TRUE(agents.moveLast());
+    answer(Yes);
+    ASSERT_TRUE(agents.deleteRecord());
+    EXPECT_EQ(agente->text(), QStringLiteral("B002")) << "after the last, the previous one";
+    EXPECT_EQ(agents.status(), FrameStatus::Browse);
+    EXPECT_EQ(count(QStringLiteral("SELECT COUNT(*) FROM MG17_AGENTI")), 1);
+}
+
+TEST_P(FrameTest, ASaveIsRefusedOnAFieldThePersonCanFixNamingItAndFocusingIt)
+{
+    openAgents();
+    agents.addNew();
+    percentuale->setFocus();
+    agentEvents.take();
+
+    EXPECT_FALSE(agents.save());
+    EXPECT_TRUE(lastPrompt().text.contains(QStringLiteral("\"Codice agente\"")))
+        << lastPrompt().text.toStdString();
+    EXPECT_EQ(lastPrompt().style, 48);
+    EXPECT_EQ(form.activeControl(), agente);
+    EXPECT_TRUE(agentEvents.take().isEmpty()) << "BeforeUpdate is not reached";
+
+    agente->typeText(QStringLiteral("A001"));
+    percentuale->setValid(false);
+    EXPECT_FALSE(agents.save());
+    EXPECT_TRUE(lastPrompt().text.contains(QStringLiteral("Percentuale di provvigione")));
+    EXPECT_EQ(form.activeControl(), percentuale);
+
+    // A disabled field is never held against the person, required or not valid.
+    percentuale->setEnabled(false);
+    ragioneSociale->setRequired(true);
+    ragioneSociale->setEnabled(false);
+    EXPECT_TRUE(agents.save());
+    EXPECT_EQ(count(QStringLiteral("SELECT COUNT(*) FROM MG17_AGENTI")), 1);
+}
+
+TEST_P(FrameTest, ANumericFieldHoldingTextIsRefusedAndNeverWritten)
+{
+    insertAgent(QStringLiteral("A001"));
+    openAgents();
+    percentuale->setFocus();
+    percentuale->setText(QStringLiteral("12x"));
+    EXPECT_EQ(agents.recordset()->value(u"MG17_PERPROV"), db::Value(0));
+
+    const qsizetype before = promptCount();
+    EXPECT_FALSE(form.focus().leave()) << "the field keeps the focus";
+    EXPECT_EQ(promptCount(), before + 1);
+    EXPECT_TRUE(lastPrompt().text.contains(QStringLiteral("numerico")));
+
+    EXPECT_FALSE(agents.save());
+    EXPECT_EQ(form.activeControl(), percentuale);
+
+    percentuale->setText(QStringLiteral("12,5"));
+    EXPECT_EQ(agents.recordset()->value(u"MG17_PERPROV"),
+              db::Value(db::Decimal::fromParts(125, 1)));
+    EXPECT_TRUE(agents.save());
+    EXPECT_EQ(cell(QStringLiteral("SELECT MG17_PERPROV FROM MG17_AGENTI")).toDecimal(),
+              db::Decimal::fromParts(125, 1));
+}
+
+TEST_P(FrameTest, ASearchByKeyLandsOnTheRowFoundOrStaysWhereItWas)
+{
+    insertAgent(QStringLiteral("A001"));
+    insertAgent(QStringLiteral("O'NEIL"));
+    insertAgent(QStringLiteral("Z999"), 2);
+    openAgents();
+    ASSERT_EQ(agente->text(), QStringLiteral("A001"));
+
+    // Code writes another agent's key into the row shown, then searches.
+    agents.recordset()->setValue(u"MG17_AGENTE", db::Value("O'NEIL"));
+    ASSERT_TRUE(agents.search(true, true));
+    EXPECT_EQ(agentEvents.take().last(), QStringLiteral("ChangeStatus(0,4)"));
+    EXPECT_EQ(agents.status(), FrameStatus::Browse);
+    EXPECT_EQ(agente->text(), QStringLiteral("O'NEIL"));
+    EXPECT_EQ(agents.recordset()->pendingCount(), 0)
+        << "the row the key was written into keeps its database values";
+    EXPECT_EQ(count(QStringLiteral("SELECT COUNT(*) FROM MG17_AGENTI WHERE MG17_AGENTE = 'A001'")),
+              1);
+
+    // A new agent whose code is not taken stays new, with its code; no one is told.
+    agents.addNew();
+    agente->typeText(QStringLiteral("N100"));
+    const qsizetype prompted = promptCount();
+    EXPECT_FALSE(agents.search(true, true));
+    EXPECT_EQ(agents.status(), FrameStatus::New);
+    EXPECT_EQ(agente->text(), QStringLiteral("N100"));
+    EXPECT_EQ(promptCount(), prompted);
+
+    // Another company's agent is not found from this company.
+    agente->typeText(QStringLiteral("Z999"));
+    EXPECT_FALSE(agents.search(true, true));
+
+    // A taken code brings up its agent and drops the new row.
+    agente->typeText(QStringLiteral("a001"));
+    ASSERT_TRUE(agents.search(true, true));
+    EXPECT_EQ(agents.status(), FrameStatus::Browse);
+    EXPECT_EQ(agents.recordset()->value(u"MG17_AGENTE"), db::Value("A001"));
+    EXPECT_EQ(agents.recordset()->recordCount(), 2);
+    EXPECT_EQ(agents.recordset()->pendingCount(), 0);
+}
+
+TEST_P(FrameTest, ASearchBringsInAnAgentTheRecordsetsQueryLeftOut)
+{
+    insertAgent(QStringLiteral("A001"));
+    const qint64 wanted = insertAgent(QStringLiteral("B002"));
+    // Narrowed to one code, as after a change of company.
+    openAgents(QStringLiteral(" AND MG17_AGENTE = 'A001'"));
+    db::RecordsetPtr given;
+    QObject::connect(&agents, &frame::GestAnagrafica::recordsetChanged,
+                     [&given](db::RecordsetPtr rows) { given = std::move(rows); });
+
+    agents.setStatus(FrameStatus::New);
+    agents.recordset()->setValue(u"MG17_AGENTE", db::Value("B002"));
+    ASSERT_TRUE(agents.search(true, true));
+    ASSERT_TRUE(given) << "the frame tells which recordset it now works on";
+    EXPECT_EQ(given, agents.recordset());
+    EXPECT_EQ(agents.recordset()->value(u"MG17_IDAGENTE").toInt64(), wanted);
+    EXPECT_EQ(agente->text(), QStringLiteral("B002"));
+}
+
+TEST_P(FrameTest, SearchEntryLooksUpTheTypedKey)
+{
+    insertAgent(QStringLiteral("A001"));
+    insertAgent(QStringLiteral("B002"));
+    openAgents();
+
+    ASSERT_TRUE(agents.searchCommand());
+    EXPECT_EQ(agents.status(), FrameStatus::Search);
+    EXPECT_EQ(agente->text(), QString());
+    EXPECT_EQ(form.activeControl(), agente);
+    agente->typeText(QStringLiteral("X"));
+    EXPECT_EQ(agents.recordset()->pendingCount(), 0) << "search entry writes nothing";
+
+    answer(1);
+    EXPECT_FALSE(agents.searchCommand());
+    EXPECT_EQ(lastPrompt().style, 64) << "the toolbar's search tells the person";
+    EXPECT_EQ(agents.status(), FrameStatus::Search);
+
+    agente->typeText(QStringLiteral("B002"));
+    ASSERT_TRUE(agents.searchCommand());
+    EXPECT_EQ(agents.status(), FrameStatus::Browse);
+    EXPECT_EQ(agents.recordset()->value(u"MG17_AGENTE"), db::Value("B002"));
+}
+
+TEST_P(FrameTest, ConfirmingPendingChangesAsksYesNoOrCancelWhenTold)
+{
+    insertAgent(QStringLiteral("A001"));
+    openAgents();
+    const QString perprov = QStringLiteral("SELECT MG17_PERPROV FROM MG17_AGENTI");
+
+    qsizetype prompted = promptCount();
+    EXPECT_TRUE(agents.confirmPendingChanges(true, false, true));
+    EXPECT_EQ(promptCount(), prompted) << "nothing to confirm, nothing asked";
+
+    percentuale->typeText(QStringLiteral("5"));
+    answer(Cancel);
+    EXPECT_FALSE(agents.confirmPendingChanges(true, false, true));
+    EXPECT_EQ(lastPrompt().style, 35);
+    EXPECT_EQ(percentuale->text(), QStringLiteral("5"));
+    EXPECT_TRUE(agents.isRecordChanged()) << "Cancel keeps the changes";
+
+    answer(No);
+    EXPECT_TRUE(agents.confirmPendingChanges(true, false, true));
+    EXPECT_EQ(percentuale->text(), QStringLiteral("0")) << "No drops them";
+    EXPECT_EQ(cell(perprov).toInt64(), 0);
+
+    percentuale->typeText(QStringLiteral("5"));
+    answer(Yes);
+    EXPECT_TRUE(agents.confirmPendingChanges(true, false, true));
+    EXPECT_EQ(cell(perprov).toInt64(), 5) << "Yes saves them";
+
+    // Without asking the changes are saved, and a row that fails its checks is not safe.
+    percentuale->typeText(QStringLiteral("7"));
+    ragioneSociale->setRequired(true);
+    prompted = promptCount();
+    EXPECT_FALSE(agents.confirmPendingChanges(true, false, false));
+    EXPECT_EQ(promptCount(), prompted + 1);
+    EXPECT_EQ(lastPrompt().style, 48) << "only the check's message, no question";
+    EXPECT_EQ(cell(perprov).toInt64(), 5);
+}
+
+TEST_P(FrameTest, IsRecordChangedLetsTheScreenAddWhatTheFrameCannotSee)
+{
+    insertAgent(QStringLiteral("A001"));
+    openAgents();
+    bool detailsChanged = true;
+    QObject::connect(&agents, &frame::GestAnagrafica::IsRecordChanged,
+                     [&detailsChanged](frame::RecordChangedArgs& args) {
+                         args.fbol_isRecordChanged = args.fbol_isRecordChanged || detailsChanged;
+                     });
+    EXPECT_TRUE(agents.isRecordChanged());
+    detailsChanged = false;
+    EXPECT_FALSE(agents.isRecordChanged());
+    agents.setSecondChangeFlag(true);
+    EXPECT_TRUE(agents.isRecordChanged());
+}
+
+TEST_P(FrameTest, MovesShowTheRowReachedAndStopAtTheEnds)
+{
+    insertAgent(QStringLiteral("A001"));
+    insertAgent(QStringLiteral("B002"));
+    insertAgent(QStringLiteral("C003"));
+    openAgents();
+
+    EXPECT_FALSE(agents.movePrevious()) << "nothing before the first row";
+    agentEvents.take();
+    ASSERT_TRUE(agents.moveNext());
+    EXPECT_EQ(agente->text(), QStringLiteral("B002"));
+    EXPECT_EQ(agentEvents.take(), events({"IsRecordChanged(false)", "ChangeStatus(0,1)"}));
+    ASSERT_TRUE(agents.moveLast());
+    EXPECT_FALSE(agents.moveNext());
+    EXPECT_EQ(agente->text(), QStringLiteral("C003"));
+
+    const db::Recordset::Bookmark first = agents.recordset()->clone()->bookmark();
+    ASSERT_TRUE(agents.moveToBookmark(first));
+    EXPECT_EQ(agente->text(), QStringLiteral("A001"));
+
+    // Unsaved edits are asked about before a master moves.
+    percentuale->typeText(QStringLiteral("3"));
+    answer(Cancel);
+    EXPECT_FALSE(agents.moveNext());
+    EXPECT_EQ(agente->text(), QStringLiteral("A001"));
+}
+
+TEST_P(FrameTest, TheNavigatorsButtonsActOnTheFrame)
+{
+    insertAgent(QStringLiteral("A001"));
+    openAgents();
+    ASSERT_EQ(internav->target(), &agents);
+
+    ASSERT_TRUE(internav->press(controls::NavigatorKey::New));
+    EXPECT_EQ(agents.status(), FrameStatus::New);
+    agente->typeText(QStringLiteral("B002"));
+    ASSERT_TRUE(agents.save());
+    EXPECT_EQ(count(QStringLiteral("SELECT COUNT(*) FROM MG17_AGENTI")), 2);
+    agents.terminate();
+    EXPECT_EQ(internav->target(), nullptr);
+    EXPECT_FALSE(agents.addNew());
+}
+
+INSTANTIATE_TEST_SUITE_P(Targets, FrameTest, ::testing::ValuesIn(databaseTargets()),
+                         [](const auto& info) { return targetName(info.param); });
+
+} // namespace
+} // namespace tarvello::test
