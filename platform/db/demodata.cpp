@@ -114,6 +114,8 @@ constexpr RegistryEntry registryEntries[] = {
 
 constexpr int supplierKind = 1;
 constexpr int customerKind = 0;
+// Divisional entities of kind 3 are agents.
+constexpr int agentEntity = 3;
 
 // Account codes: a customer is 1000 + its registry code, a supplier 2000 + its registry code.
 int customerCode(int registry)
@@ -399,7 +401,7 @@ struct DetailWriters {
     void addDivisional(int company, qint64 agent, const QString& description,
                        const QList<std::pair<const char*, Decimal>>& divisions)
     {
-        const qint64 entity = entities.insertReturningId({company, 3, agent, description},
+        const qint64 entity = entities.insertReturningId({company, agentEntity, agent, description},
                                                          QStringLiteral("CO1C_IDENTITADIV"));
         for (const auto& [division, percentage] : divisions)
             entityDetail.insert({entity, division, percentage});
