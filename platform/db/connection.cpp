@@ -214,11 +214,15 @@ ResultSet Connection::run(const QString& sql, const ValueList& parameters)
 {
     if (m_log.isEnabled())
         m_log.append(sql, true);
+    ResultSet result;
     try {
-        return engine().run(sql, parameters);
+        result = engine().run(sql, parameters);
     } catch (const EngineError& e) {
         raise(e, sql, sql);
     }
+    if (m_engine->refinesKinds() && result.hasColumns())
+        refineColumnKinds(result);
+    return result;
 }
 
 Value Connection::insertRow(const QString& table, const QStringList& columns,
