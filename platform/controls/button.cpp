@@ -1,0 +1,13 @@
+#include "platform/controls/button.h"
+
+namespace tarvello::controls {
+
+bool Button::click()
+{
+    if (!canReceiveFocus())
+        return false;
+    Q_EMIT clicked();
+    return true;
+}
+
+} // namespace tarvello::controls

@@ -1,0 +1,29 @@
+#include "platform/controls/datacontrol.h"
+
+namespace tarvello::controls {
+
+void DataControl::setDataField(const QString& column)
+{
+    if (m_dataField == column)
+        return;
+    m_dataField = column;
+    Q_EMIT dataFieldChanged(column);
+}
+
+void DataControl::setRequired(bool required)
+{
+    if (m_required == required)
+        return;
+    m_required = required;
+    Q_EMIT requiredChanged(required);
+}
+
+void DataControl::setValid(bool valid)
+{
+    if (m_valid == valid)
+        return;
+    m_valid = valid;
+    Q_EMIT validChanged(valid);
+}
+
+} // namespace tarvello::controls

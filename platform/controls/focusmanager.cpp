@@ -1,0 +1,114 @@
+#include "platform/controls/focusmanager.h"
+
+#include "platform/controls/control.h"
+#include "platform/controls/form.h"
+
+namespace tarvello::controls {
+
+namespace {
+// Handlers that keep sending the focus elsewhere from their focus events would otherwise
+// bounce it around for ever.
+constexpr int maxChainedMoves = 16;
+} // namespace
+
+FocusManager::FocusManager(Form& form)
+    : m_form(form)
+{}
+
+bool FocusManager::moveTo(Control* target)
+{
+    if (m_moving) {
+        m_deferred = target;
+        m_hasDeferred = target != nullptr;
+        return false;
+    }
+    moveOnce(target);
+    for (int chained = 0; m_hasDeferred && chained < maxChainedMoves; ++chained) {
+        Control* next = m_deferred;
+        m_hasDeferred = false;
+        m_deferred = nullptr;
+        moveOnce(next);
+    }
+    m_hasDeferred = false;
+    m_deferred = nullptr;
+    return target && m_current == target;
+}
+
+bool FocusManager::moveOnce(Control* target)
+{
+    if (!target || target->form() != &m_form || !m_form.isLoaded() || !target->canReceiveFocus())
+        return false;
+    if (target == m_current)
+        return true;
+
+    m_moving = true;
+    Control* previous = m_current;
+    if (previous) {
+        previous->aboutToLeave();
+        CancelArgs args;
+        Q_EMIT previous->validate(args);
+        if (args.cancel) {
+            m_hasDeferred = false;
+            m_deferred = nullptr;
+            m_moving = false;
+            return false;
+        }
+        Q_EMIT previous->lostFocus();
+    }
+    // A lost-focus handler may have disabled or hidden the target.
+    if (!target->canReceiveFocus()) {
+        m_current = nullptr;
+        m_moving = false;
+        Q_EMIT focusChanged(previous, nullptr);
+        return false;
+    }
+    m_current = target;
+    Q_EMIT focusChanged(previous, target);
+    Q_EMIT target->gotFocus();
+    m_moving = false;
+    return true;
+}
+
+bool FocusManager::leave()
+{
+    Control* next = nextTabStop(true);
+    return next && moveTo(next);
+}
+
+bool FocusManager::leaveBackward()
+{
+    Control* next = nextTabStop(false);
+    return next && moveTo(next);
+}
+
+Control* FocusManager::nextTabStop(bool forward) const
+{
+    const QList<Control*> order = m_form.tabOrder();
+    const qsizetype count = order.size();
+    if (count == 0)
+        return nullptr;
+    const qsizetype start = m_current ? order.indexOf(m_current.data()) : -1;
+    for (qsizetype step = 1; step <= count; ++step) {
+        qsizetype index = 0;
+        if (start < 0)
+            index = forward ? step - 1 : count - step;
+        else
+            index = ((forward ? start + step : start - step) % count + count) % count;
+        Control* candidate = order.at(index);
+        if (candidate != m_current && candidate->isTabStop() && candidate->canReceiveFocus())
+            return candidate;
+    }
+    return nullptr;
+}
+
+void FocusManager::reset()
+{
+    Control* previous = m_current;
+    m_current = nullptr;
+    m_deferred = nullptr;
+    m_hasDeferred = false;
+    if (previous)
+        Q_EMIT focusChanged(previous, nullptr);
+}
+
+} // namespace tarvello::controls

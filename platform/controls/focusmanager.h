@@ -1,0 +1,51 @@
+#pragma once
+
+#include <QObject>
+#include <QPointer>
+
+namespace tarvello::controls {
+
+class Control;
+class Form;
+
+// Moves the focus between the controls of one form in the order a Windows form does: the
+// control losing the focus first gets its chance to decode and validate (a cancel keeps the
+// focus there, with its text as typed), then its lost focus, then the new control its got
+// focus.
+//
+// Views ask for every focus move through moveTo() and follow focusChanged(); when moveTo()
+// answers false they put the widget focus back on current().
+//
+// A handler may ask for another move while one is running. Such a request is carried out
+// when the running move has finished; the last request wins, and requests made by a
+// validation that cancels are dropped with it, so the focus stays where it was refused.
+class FocusManager : public QObject {
+    Q_OBJECT
+public:
+    explicit FocusManager(Form& form);
+
+    Control* current() const { return m_current; }
+    // True when the focus is on target afterwards.
+    bool moveTo(Control* target);
+    // To the next (previous) enabled, visible tab stop in tab order, wrapping around.
+    bool leave();
+    bool leaveBackward();
+    // The control leave() would move to; nullptr when there is none.
+    Control* nextTabStop(bool forward = true) const;
+    // Forgets the focus without raising events (the form was unloaded).
+    void reset();
+
+Q_SIGNALS:
+    void focusChanged(tarvello::controls::Control* previous, tarvello::controls::Control* current);
+
+private:
+    bool moveOnce(Control* target);
+
+    Form& m_form;                 // Not owned: the form owns this manager.
+    QPointer<Control> m_current;  // Not owned.
+    QPointer<Control> m_deferred; // Not owned.
+    bool m_moving = false;
+    bool m_hasDeferred = false;
+};
+
+} // namespace tarvello::controls

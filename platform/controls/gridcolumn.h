@@ -1,0 +1,23 @@
+#pragma once
+
+#include <QString>
+
+namespace tarvello::controls {
+
+// One column of a grid's layout. Widths are in twips. A numeric column is right-aligned.
+// A picture column shows, instead of text, the picture of its image list whose key is the
+// cell's value.
+struct GridColumn {
+    QString key;
+    QString field;
+    QString caption;
+    int width = 0;
+    QString format;
+    bool numeric = false;
+    bool visible = true;
+    QString imageList;
+
+    bool isPicture() const { return !imageList.isEmpty(); }
+};
+
+} // namespace tarvello::controls

@@ -1,0 +1,108 @@
+#include "platform/controls/navigator.h"
+
+#include "platform/controls/navigatortarget.h"
+
+#include <algorithm>
+
+namespace tarvello::controls {
+
+Navigator::Navigator(const QString& name, Form* form, const QStringList& keys)
+    : Control(name, form)
+{
+    setTabStop(false);
+    for (const QString& key : keys)
+        m_buttons.append({key, key});
+}
+
+const Navigator::Button* Navigator::button(QStringView key) const
+{
+    const auto it = std::find_if(m_buttons.cbegin(), m_buttons.cend(),
+                                 [key](const Button& b) { return b.key == key; });
+    return it == m_buttons.cend() ? nullptr : &*it;
+}
+
+Navigator::Button* Navigator::findButton(QStringView key)
+{
+    return const_cast<Button*>(std::as_const(*this).button(key));
+}
+
+void Navigator::setButtonVisible(const QString& key, bool visible)
+{
+    Button* found = findButton(key);
+    if (!found || found->visible == visible)
+        return;
+    found->visible = visible;
+    Q_EMIT buttonsChanged();
+}
+
+void Navigator::setButtonEnabled(const QString& key, bool enabled)
+{
+    Button* found = findButton(key);
+    if (!found || found->enabled == enabled)
+        return;
+    found->enabled = enabled;
+    Q_EMIT buttonsChanged();
+}
+
+bool Navigator::relabelButton(const QString& key, const QString& newKey, const QString& caption)
+{
+    Button* found = findButton(key);
+    if (!found || (newKey != key && button(newKey)))
+        return false;
+    if (found->key == newKey && found->caption == caption)
+        return true;
+    found->key = newKey;
+    found->caption = caption;
+    Q_EMIT buttonsChanged();
+    return true;
+}
+
+bool Navigator::isAvailable(QStringView key) const
+{
+    const Button* found = button(key);
+    if (!found || !found->visible || !found->enabled || !isEnabled() || !isVisible())
+        return false;
+    return key != NavigatorKey::New || m_newRowAllowed;
+}
+
+void Navigator::setNewRowAllowed(bool allowed)
+{
+    if (m_newRowAllowed == allowed)
+        return;
+    m_newRowAllowed = allowed;
+    Q_EMIT newRowAllowedChanged(allowed);
+}
+
+void Navigator::setChangeIndicator(bool changed)
+{
+    if (m_changed == changed)
+        return;
+    m_changed = changed;
+    Q_EMIT changeIndicatorChanged(changed);
+}
+
+bool Navigator::press(const QString& key)
+{
+    if (!isAvailable(key))
+        return false;
+    NavigatorButtonArgs args{key, false};
+    Q_EMIT beforeButton(args);
+    if (args.cancel)
+        return false;
+    Q_EMIT buttonClicked(key);
+    std::optional<bool> result;
+    if (m_target)
+        result = m_target->navigatorAction(*this, key);
+    if (!result)
+        result = ownAction(key);
+    const bool success = result.value_or(true);
+    Q_EMIT afterButton(success, key);
+    return success;
+}
+
+std::optional<bool> Navigator::ownAction(const QString&)
+{
+    return std::nullopt;
+}
+
+} // namespace tarvello::controls

@@ -1,0 +1,95 @@
+#pragma once
+
+#include "platform/controls/control.h"
+
+#include <QList>
+#include <QStringList>
+#include <optional>
+
+namespace tarvello::controls {
+
+class NavigatorTarget;
+
+// The key texts of navigator buttons.
+namespace NavigatorKey {
+inline const QString New = QStringLiteral("Nuovo");
+inline const QString Confirm = QStringLiteral("Conferma");
+inline const QString Cancel = QStringLiteral("Annulla");
+inline const QString Delete = QStringLiteral("Elimina");
+inline const QString First = QStringLiteral("Primo");
+inline const QString Previous = QStringLiteral("Precedente");
+inline const QString Next = QStringLiteral("Successivo");
+inline const QString Last = QStringLiteral("Ultimo");
+inline const QString Open = QStringLiteral("Apri");
+inline const QString Back = QStringLiteral("Indietro");
+inline const QString Forward = QStringLiteral("Avanti");
+inline const QString Print = QStringLiteral("Stampa");
+inline const QString Export = QStringLiteral("Esporta");
+} // namespace NavigatorKey
+
+// A bar of buttons known by key text. Pressing one (the person, or code acting for one)
+// raises beforeButton, which may cancel; then buttonClicked; then the target's action
+// (a record frame's) or the navigator's own; then afterButton with whether it succeeded.
+// A cancelled press raises nothing after beforeButton.
+//
+// The new-row switch allows or stops the "Nuovo" button; the change indicator tells that
+// rows were changed behind the target's back.
+class Navigator : public Control {
+    Q_OBJECT
+public:
+    struct Button {
+        QString key;
+        QString caption;
+        bool visible = true;
+        bool enabled = true;
+    };
+
+    Navigator(const QString& name, Form* form, const QStringList& keys);
+
+    bool isFocusable() const override { return false; }
+
+    const QList<Button>& buttons() const { return m_buttons; }
+    // nullptr when there is no button with that key.
+    const Button* button(QStringView key) const;
+    void setButtonVisible(const QString& key, bool visible);
+    void setButtonEnabled(const QString& key, bool enabled);
+    // Gives a button a new key text and caption: its presses report the new key.
+    bool relabelButton(const QString& key, const QString& newKey, const QString& caption);
+    // Whether a press of that button would act now.
+    bool isAvailable(QStringView key) const;
+
+    bool isNewRowAllowed() const { return m_newRowAllowed; }
+    void setNewRowAllowed(bool allowed);
+    bool changeIndicator() const { return m_changed; }
+    void setChangeIndicator(bool changed);
+
+    // Not owned; nullptr detaches.
+    NavigatorTarget* target() const { return m_target; }
+    void setTarget(NavigatorTarget* target) { m_target = target; }
+
+    // False when the button is not available or the press was cancelled or failed.
+    bool press(const QString& key);
+
+Q_SIGNALS:
+    void buttonsChanged();
+    void newRowAllowedChanged(bool allowed);
+    void changeIndicatorChanged(bool changed);
+
+    void beforeButton(tarvello::controls::NavigatorButtonArgs& args);
+    void buttonClicked(const QString& key);
+    void afterButton(bool success, const QString& key);
+
+protected:
+    // What the navigator does by itself for a key its target left alone.
+    virtual std::optional<bool> ownAction(const QString& key);
+
+private:
+    Button* findButton(QStringView key);
+
+    QList<Button> m_buttons;
+    bool m_newRowAllowed = true;
+    bool m_changed = false;
+    NavigatorTarget* m_target = nullptr; // Not owned.
+};
+
+} // namespace tarvello::controls

@@ -1,0 +1,58 @@
+#pragma once
+
+#include "platform/controls/grid.h"
+
+#include <QSet>
+
+namespace tarvello::controls {
+
+// A grid that shows its rows as a tree: each row hangs under the row whose key column
+// holds its parent column's value. Rows whose parent is empty, 0, itself or not among the
+// rows are roots; siblings keep the recordset's order; rows are listed depth first, and the
+// rows of a collapsed node are not shown. A cycle of parents is broken where it is first met.
+//
+// Every node starts expanded. With followDataSource on, moving the recordset to a row
+// hidden under collapsed nodes expands them, so the selection can show it.
+class TreeGrid : public Grid {
+    Q_OBJECT
+public:
+    using Grid::Grid;
+
+    QString nodeKeyColumn() const { return m_keyField; }
+    QString parentColumn() const { return m_parentField; }
+    void setTreeColumns(const QString& keyField, const QString& parentField);
+    bool followsDataSource() const { return m_follow; }
+    void setFollowDataSource(bool follow);
+
+    int depth(int row) const;
+    bool hasChildren(int row) const;
+    bool isExpanded(int row) const;
+    void setExpanded(int row, bool expanded);
+    void expandAll();
+    void collapseAll();
+
+Q_SIGNALS:
+    void treeColumnsChanged();
+    void followDataSourceChanged(bool follow);
+
+protected:
+    QList<db::Recordset::Bookmark> arrangeRows(const QList<db::Recordset::Bookmark>& rows) override;
+    bool revealRow(db::Recordset::Bookmark bookmark) override;
+
+private:
+    struct Node {
+        QString key;
+        std::optional<db::Recordset::Bookmark> parent;
+        int depth = 0;
+        bool hasChildren = false;
+    };
+    const Node* nodeAt(int row) const;
+
+    QString m_keyField;
+    QString m_parentField;
+    bool m_follow = true;
+    QSet<QString> m_collapsed;
+    QHash<db::Recordset::Bookmark, Node> m_nodes;
+};
+
+} // namespace tarvello::controls
