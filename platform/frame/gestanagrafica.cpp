@@ -6,6 +6,7 @@
 #include "platform/db/connection.h"
 #include "platform/db/runtimeerror.h"
 #include "platform/frame/columnvalue.h"
+#include "platform/frame/keylookup.h"
 
 #include <QScopedValueRollback>
 
@@ -15,9 +16,6 @@ using controls::DataControl;
 using db::Value;
 
 namespace {
-
-// The host names a company column by its table prefix and this ending.
-const QString companyColumnEnding = QStringLiteral("_DITTA_CG18");
 
 bool identical(const Value& a, const Value& b)
 {
@@ -63,7 +61,11 @@ GestAnagrafica::BulkRewrite::~BulkRewrite()
 GestAnagrafica::GestAnagrafica(services::UserPrompts& prompts, QObject* parent)
     : QObject(parent)
     , m_messages(prompts)
-{}
+    , m_fields([this](const QString& column) { return kindOf(column); })
+{
+    connect(&m_fields, &FieldBindings::edited, this, &GestAnagrafica::onEdited);
+    connect(&m_fields, &FieldBindings::validating, this, &GestAnagrafica::onValidating);
+}
 
 GestAnagrafica::~GestAnagrafica()
 {
@@ -77,12 +79,10 @@ bool GestAnagrafica::raise(Emit fire)
         fire();
         return true;
     } catch (const db::RuntimeError& error) {
-        m_messages.handlerFailed(error.number(), error.description());
+        reportHandlerError(error);
         return false;
     }
 }
-
-// Set-up.
 
 void GestAnagrafica::initialise(QObject* module, db::Connection& connection,
                                 db::RecordsetPtr recordset, const QString& sql,
@@ -107,39 +107,39 @@ void GestAnagrafica::initialise(QObject* module, db::Connection& connection,
 
 void GestAnagrafica::registerField(DataControl* control)
 {
-    if (!control || bindingOf(control))
-        return;
-    m_bindings.append({control, control->dataField(), {}});
-    connect(control, &DataControl::valueChanged, this,
-            [this, control] { onValueChanged(control); });
-    connect(control, &controls::Control::validate, this,
-            [this, control](controls::CancelArgs& args) { onValidate(control, args.cancel); });
-
-    Binding& binding = m_bindings.last();
-    if (binding.column.isEmpty() || !isOpen() || !m_recordset->hasField(binding.column))
-        return;
-    const Value value = m_shown && placeCursor()       ? shownValue(binding.column)
-                        : m_status == FrameStatus::New ? defaultOf(binding.column)
-                                                       : Value::null();
-    const QScopedValueRollback loading(m_loading, true);
-    control->setValue(value);
-    binding.shown = value;
+    if (m_fields.add(control) && (!m_shown || placeCursor()))
+        m_fields.sync(rowReader());
 }
 
 QList<DataControl*> GestAnagrafica::fields() const
 {
-    QList<DataControl*> controls;
-    for (const Binding& binding : m_bindings) {
-        if (binding.control)
-            controls << binding.control;
-    }
-    return controls;
+    return m_fields.controls();
 }
 
 void GestAnagrafica::setKeyField(DataControl* control)
 {
     registerField(control);
     m_keyField = control;
+}
+
+DataControl* GestAnagrafica::keyField() const
+{
+    return m_keyField;
+}
+
+controls::Grid* GestAnagrafica::grid() const
+{
+    return m_grid;
+}
+
+void GestAnagrafica::setGrid(controls::Grid* grid)
+{
+    m_grid = grid;
+}
+
+controls::Navigator* GestAnagrafica::navigator() const
+{
+    return m_navigator;
 }
 
 void GestAnagrafica::addDetailFrame(GestAnagrafica* detail)
@@ -211,7 +211,7 @@ void GestAnagrafica::refresh(const QString& sql)
             try {
                 setRecordset(db::Recordset::open(*connection, sql));
             } catch (const db::RuntimeError& error) {
-                m_messages.handlerFailed(error.number(), error.description());
+                reportHandlerError(error);
                 return;
             }
         }
@@ -236,11 +236,7 @@ void GestAnagrafica::terminate()
     if (m_terminated)
         return;
     detach();
-    for (const Binding& binding : std::as_const(m_bindings)) {
-        if (binding.control)
-            disconnect(binding.control, nullptr, this, nullptr);
-    }
-    m_bindings.clear();
+    m_fields.clear();
     m_keyField = nullptr;
     if (m_navigator && m_navigator->target() == this)
         m_navigator->setTarget(nullptr);
@@ -253,8 +249,6 @@ void GestAnagrafica::terminate()
     m_snapshot.clear();
     m_terminated = true;
 }
-
-// State.
 
 void GestAnagrafica::setStatus(int status)
 {
@@ -341,17 +335,6 @@ void GestAnagrafica::endBulkRewrite()
         return;
     if (--m_bulkDepth == 0)
         resync();
-}
-
-// The recordset and the row shown.
-
-GestAnagrafica::Binding* GestAnagrafica::bindingOf(const DataControl* control)
-{
-    for (Binding& binding : m_bindings) {
-        if (binding.control == control)
-            return &binding;
-    }
-    return nullptr;
 }
 
 bool GestAnagrafica::isOpen() const
@@ -452,62 +435,39 @@ void GestAnagrafica::showRow(int reason, bool raiseEvent)
     ++m_generation;
     if (m_shown && !placeCursor())
         m_shown.reset();
-    fillControls();
-    decodeFields();
+    m_fields.show(rowReader());
+    m_fields.decode([this](const db::RuntimeError& error) { reportHandlerError(error); });
     takeSnapshot();
     m_rowEdited = false;
     if (m_master)
         m_changed = false;
     if (m_shown)
-        m_lastCompany = companyConditions();
+        m_lastCompany = companyConditions(*m_recordset);
     announceState();
     if (raiseEvent)
         raise([&] { Q_EMIT ChangeStatus(m_status, reason); });
 }
 
-void GestAnagrafica::fillControls()
+FieldBindings::ColumnReader GestAnagrafica::rowReader() const
 {
-    const QScopedValueRollback loading(m_loading, true);
-    for (Binding& binding : m_bindings) {
-        if (!binding.control)
-            continue;
-        binding.control->setValid(true);
-        if (binding.column.isEmpty() || !isOpen() || !m_recordset->hasField(binding.column))
-            continue;
-        const Value value = m_shown                        ? shownValue(binding.column)
-                            : m_status == FrameStatus::New ? defaultOf(binding.column)
-                                                           : Value::null();
-        binding.control->setValue(value);
-        binding.shown = value;
-    }
+    return [this](const QString& column) -> std::optional<Value> {
+        if (!isOpen() || !m_recordset->hasField(column))
+            return std::nullopt;
+        if (m_shown)
+            return shownValue(column);
+        return m_status == FrameStatus::New ? defaultOf(column) : Value::null();
+    };
 }
 
 void GestAnagrafica::syncControls(const DataControl* except)
 {
-    if (!m_shown || !placeCursor())
-        return;
-    const QScopedValueRollback loading(m_loading, true);
-    for (Binding& binding : m_bindings) {
-        if (!binding.control || binding.control == except || binding.column.isEmpty() ||
-            !m_recordset->hasField(binding.column))
-            continue;
-        const Value value = shownValue(binding.column);
-        if (identical(value, binding.shown))
-            continue;
-        binding.control->setValue(value);
-        binding.shown = value;
-    }
+    if (m_shown && placeCursor())
+        m_fields.sync(rowReader(), except);
 }
 
-void GestAnagrafica::decodeFields()
+void GestAnagrafica::reportHandlerError(const db::RuntimeError& error) const
 {
-    const QScopedValueRollback loading(m_loading, true);
-    const QList<DataControl*> controls = fields();
-    for (DataControl* control : controls) {
-        auto* field = qobject_cast<controls::Field*>(control);
-        if (field && !field->text().trimmed().isEmpty())
-            raise([field] { field->decode(); });
-    }
+    m_messages.handlerFailed(error.number(), error.description());
 }
 
 void GestAnagrafica::takeSnapshot()
@@ -565,7 +525,8 @@ bool GestAnagrafica::addRow(bool show, const DataControl* editing)
     // holds what the person typed.
     syncControls(editing);
     takeSnapshot();
-    m_lastCompany = companyConditions();
+    if (placeCursor())
+        m_lastCompany = companyConditions(*m_recordset);
     return true;
 }
 
@@ -596,35 +557,21 @@ void GestAnagrafica::leaveShownRow()
     }
 }
 
-// Checks and writes.
-
 bool GestAnagrafica::checkFields()
 {
-    for (const Binding& binding : std::as_const(m_bindings)) {
-        DataControl* control = binding.control;
-        if (!control || !control->canReceiveFocus())
-            continue;
-        const QString caption = captionOf(control);
-        bool refused = true;
-        if (control->isRequired() && control->isBlank()) {
-            m_messages.requiredFieldEmpty(caption);
-        } else if (!control->isValid()) {
-            m_messages.fieldNotValid(caption);
-        } else if (const ColumnValue converted =
-                       binding.column.isEmpty()
-                           ? ColumnValue{Value::null()}
-                           : toColumnValue(control->value(), kindOf(binding.column));
-                   !converted.accepted()) {
-            m_messages.valueRefused(caption, converted.refusal);
-        } else {
-            refused = false;
-        }
-        if (refused) {
-            control->setFocus();
-            return false;
-        }
-    }
-    return true;
+    using Reason = FieldBindings::Refusal::Reason;
+    const std::optional<FieldBindings::Refusal> refusal = m_fields.firstRefusal();
+    if (!refusal)
+        return true;
+    const QString caption = captionOf(refusal->control);
+    if (refusal->reason == Reason::Required)
+        m_messages.requiredFieldEmpty(caption);
+    else if (refusal->reason == Reason::NotValid)
+        m_messages.fieldNotValid(caption);
+    else
+        m_messages.valueRefused(caption, refusal->value);
+    refusal->control->setFocus();
+    return false;
 }
 
 bool GestAnagrafica::save()
@@ -689,8 +636,6 @@ bool GestAnagrafica::confirmPendingChanges(bool check, bool show, bool ask)
     }
     return writeRow(check, show);
 }
-
-// Record operations.
 
 bool GestAnagrafica::addNew()
 {
@@ -863,8 +808,6 @@ void GestAnagrafica::updateBatch()
         raise([&] { Q_EMIT UpdateBatchAll(); });
 }
 
-// Search.
-
 bool GestAnagrafica::enterSearch()
 {
     if (!isOpen() || m_terminated)
@@ -889,14 +832,12 @@ bool GestAnagrafica::searchCommand()
 
 bool GestAnagrafica::search(bool fromKeyColumn, bool quiet)
 {
-    const Binding* key = bindingOf(m_keyField);
-    if (!isOpen() || m_terminated || !key || key->column.isEmpty() ||
-        !m_recordset->hasField(key->column))
+    const QString column = m_fields.columnOf(m_keyField);
+    if (!isOpen() || m_terminated || column.isEmpty() || !m_recordset->hasField(column))
         return false;
-    const QString column = key->column;
     Value wanted;
     if (m_status == FrameStatus::Search || !fromKeyColumn || !m_shown) {
-        const ColumnValue typed = toColumnValue(m_keyField->value(), kindOf(column));
+        const ColumnValue typed = m_fields.columnValue(m_keyField);
         if (!typed.accepted()) {
             if (!quiet)
                 m_messages.valueRefused(captionOf(m_keyField), typed.refusal);
@@ -945,48 +886,8 @@ bool GestAnagrafica::search(bool fromKeyColumn, bool quiet)
 std::optional<GestAnagrafica::Bookmark> GestAnagrafica::findInRecordset(const QString& column,
                                                                         const Value& key)
 {
-    // Positions are visited by number so the walk never stops on the row shown: a clone
-    // leaving a row would end the edit in progress there.
     const qsizetype skip = m_shown && placeCursor() ? m_recordset->absolutePosition() : -1;
-    const qsizetype count = m_recordset->recordCount();
-    if (count == 0 || (count == 1 && skip == 1))
-        return std::nullopt;
-    try {
-        const db::RecordsetPtr rows = m_recordset->clone();
-        if (!m_recordset->filter().isEmpty())
-            rows->setFilter(m_recordset->filter());
-        if (!m_recordset->sort().isEmpty())
-            rows->setSort(m_recordset->sort());
-        for (qsizetype position = 1; position <= rows->recordCount(); ++position) {
-            if (position == skip)
-                continue;
-            rows->setAbsolutePosition(position);
-            if (sameKey(rows->value(column), key))
-                return rows->bookmark();
-        }
-    } catch (const db::RuntimeError&) {
-        return std::nullopt;
-    }
-    return std::nullopt;
-}
-
-QStringList GestAnagrafica::companyConditions()
-{
-    if (!m_searchFilter.isEmpty())
-        return {QStringLiteral("(%1)").arg(m_searchFilter)};
-    if (!m_shown || !placeCursor())
-        return m_lastCompany;
-    QStringList conditions;
-    for (int i = 0; i < m_recordset->fieldCount(); ++i) {
-        const db::Column& field = m_recordset->field(i);
-        if (field.baseColumn.isEmpty() ||
-            !field.name.endsWith(companyColumnEnding, Qt::CaseInsensitive))
-            continue;
-        const Value company = m_recordset->value(i);
-        if (!company.isBlank())
-            conditions << field.baseColumn + QStringLiteral(" = ") + company.sqlLiteral();
-    }
-    return conditions;
+    return findKey(*m_recordset, column, key, skip);
 }
 
 std::optional<GestAnagrafica::Bookmark> GestAnagrafica::bringFromDatabase(const QString& column,
@@ -998,10 +899,12 @@ std::optional<GestAnagrafica::Bookmark> GestAnagrafica::bringFromDatabase(const 
     const QString baseColumn = index < 0 ? QString() : m_recordset->field(index).baseColumn;
     if (!connection || table.isEmpty() || baseColumn.isEmpty())
         return std::nullopt;
-    QStringList conditions = companyConditions();
-    conditions << baseColumn + QStringLiteral(" = ") + key.sqlLiteral();
-    const QString statement = QStringLiteral("SELECT * FROM %1 WHERE %2")
-                                  .arg(table, conditions.join(QStringLiteral(" AND ")));
+    QStringList conditions = m_lastCompany;
+    if (!m_searchFilter.isEmpty())
+        conditions = {QStringLiteral("(%1)").arg(m_searchFilter)};
+    else if (placeCursor())
+        conditions = companyConditions(*m_recordset);
+    const QString statement = keyLookupStatement(table, conditions, baseColumn, key);
     try {
         if (connection->query(statement).rows.isEmpty())
             return std::nullopt;
@@ -1018,12 +921,10 @@ std::optional<GestAnagrafica::Bookmark> GestAnagrafica::bringFromDatabase(const 
         setRecordset(db::Recordset::open(*connection, statement));
         return currentOrFirst();
     } catch (const db::RuntimeError& error) {
-        m_messages.handlerFailed(error.number(), error.description());
+        reportHandlerError(error);
         return std::nullopt;
     }
 }
-
-// Moves.
 
 bool GestAnagrafica::moveFirst(bool confirmFirst, bool show)
 {
@@ -1093,42 +994,33 @@ bool GestAnagrafica::moveBy(const std::function<void(db::Recordset&)>& move, boo
     return reached.has_value();
 }
 
-// Reactions.
-
-void GestAnagrafica::onValueChanged(DataControl* control)
+void GestAnagrafica::onEdited(DataControl* control)
 {
-    if (m_loading || m_terminated || !isOpen() || !m_attached || m_status == FrameStatus::Search ||
-        m_locked)
-        return;
-    Binding* binding = bindingOf(control);
-    if (!binding)
+    if (m_terminated || !isOpen() || !m_attached || m_status == FrameStatus::Search || m_locked)
         return;
     m_rowEdited = true;
     if (m_master)
         m_changed = true;
-    const QString column = binding->column;
-    if (!column.isEmpty() && m_recordset->hasField(column)) {
-        const ColumnValue converted = toColumnValue(control->value(), kindOf(column));
-        if (converted.accepted() && (m_shown || addRow(false, control)) && placeCursor()) {
-            const QScopedValueRollback writing(m_writing, true);
-            try {
-                m_recordset->setValue(column, *converted.value);
-                bindingOf(control)->shown = *converted.value;
-            } catch (const db::RuntimeError& error) {
-                m_messages.saveFailed(error.description());
-            }
+    const QString column = m_fields.columnOf(control);
+    const ColumnValue converted = m_fields.columnValue(control);
+    if (!column.isEmpty() && m_recordset->hasField(column) && converted.accepted() &&
+        (m_shown || addRow(false, control)) && placeCursor()) {
+        const QScopedValueRollback writing(m_writing, true);
+        try {
+            m_recordset->setValue(column, *converted.value);
+            m_fields.written(control, *converted.value);
+        } catch (const db::RuntimeError& error) {
+            m_messages.saveFailed(error.description());
         }
     }
     announceState();
 }
 
-void GestAnagrafica::onValidate(DataControl* control, bool& cancel)
+void GestAnagrafica::onValidating(DataControl* control, bool& cancel)
 {
-    const Binding* binding = bindingOf(control);
-    if (m_loading || m_terminated || !isOpen() || m_status == FrameStatus::Search || m_locked ||
-        !binding || binding->column.isEmpty() || !m_recordset->hasField(binding->column))
+    if (m_terminated || !isOpen() || m_status == FrameStatus::Search || m_locked)
         return;
-    const ColumnValue converted = toColumnValue(control->value(), kindOf(binding->column));
+    const ColumnValue converted = m_fields.columnValue(control);
     if (converted.accepted())
         return;
     m_messages.valueRefused(captionOf(control), converted.refusal);

@@ -2,6 +2,7 @@
 
 #include "platform/controls/navigatortarget.h"
 #include "platform/db/recordset.h"
+#include "platform/frame/fieldbindings.h"
 #include "platform/frame/frameeventargs.h"
 #include "platform/frame/framemessages.h"
 
@@ -21,7 +22,8 @@ class Navigator;
 
 namespace tarvello::db {
 class Connection;
-}
+class RuntimeError;
+} // namespace tarvello::db
 
 namespace tarvello::services {
 class UserPrompts;
@@ -104,8 +106,6 @@ public:
     explicit GestAnagrafica(services::UserPrompts& prompts, QObject* parent = nullptr);
     ~GestAnagrafica() override;
 
-    // Set-up.
-
     // Binds the frame to its recordset and shows its current row (the first when it stands
     // outside its rows; status 2 when it has none). The navigator's record buttons act on the
     // frame from now on. searchFilter, when not empty, is the condition ("MG17_DITTA_CG18 = 1")
@@ -123,7 +123,7 @@ public:
     QList<controls::DataControl*> fields() const;
     // The control whose column a search by key looks at; it must be registered.
     void setKeyField(controls::DataControl* control);
-    controls::DataControl* keyField() const { return m_keyField; }
+    controls::DataControl* keyField() const;
     bool isMaster() const { return m_master; }
     void setMaster(bool master) { m_master = master; }
     void addDetailFrame(GestAnagrafica* detail);
@@ -139,11 +139,9 @@ public:
     // Gives the frame a recordset (nullptr lets go of it) without showing anything: a refresh
     // follows. Given back the recordset it had, the frame's row is made current again.
     void setRecordset(db::RecordsetPtr recordset);
-    controls::Grid* grid() const { return m_grid; }
-    void setGrid(controls::Grid* grid) { m_grid = grid; }
-    controls::Navigator* navigator() const { return m_navigator; }
-
-    // State.
+    controls::Grid* grid() const;
+    void setGrid(controls::Grid* grid);
+    controls::Navigator* navigator() const;
 
     int status() const { return m_status; }
     // 2 adds a new row at once (code may write into it), 1 starts search entry, 0 shows the
@@ -239,15 +237,8 @@ Q_SIGNALS:
     void stateChanged(int status, bool changed);
 
 private:
-    struct Binding {
-        QPointer<controls::DataControl> control; // Not owned.
-        QString column;
-        // The column value the control shows, as last shown or written.
-        db::Value shown;
-    };
     class Quiet;
 
-    Binding* bindingOf(const controls::DataControl* control);
     bool isOpen() const;
     // A new row has been added and is being entered.
     bool entering() const;
@@ -264,9 +255,10 @@ private:
     void attach();
     void goToRow(std::optional<Bookmark> row, int reason, bool raiseEvent = true);
     void showRow(int reason, bool raiseEvent = true);
-    void fillControls();
+    // Reads the row shown, or the defaults of a new row not added yet.
+    FieldBindings::ColumnReader rowReader() const;
     void syncControls(const controls::DataControl* except);
-    void decodeFields();
+    void reportHandlerError(const db::RuntimeError& error) const;
     void takeSnapshot();
     void restoreSnapshot();
     bool addRow(bool show, const controls::DataControl* editing = nullptr);
@@ -283,7 +275,6 @@ private:
                         std::optional<Bookmark> shownBefore, bool raiseEvents = true);
     void finishDelete(std::optional<Bookmark> next, bool raiseEvents, bool show);
     bool moveBy(const std::function<void(db::Recordset&)>& move, bool confirmFirst, bool show);
-    QStringList companyConditions();
     std::optional<Bookmark> findInRecordset(const QString& column, const db::Value& key);
     std::optional<Bookmark> bringFromDatabase(const QString& column, const db::Value& key);
 
@@ -291,8 +282,8 @@ private:
     bool leaveFor(Bookmark target);
     void followNearest();
     void resync();
-    void onValueChanged(controls::DataControl* control);
-    void onValidate(controls::DataControl* control, bool& cancel);
+    void onEdited(controls::DataControl* control);
+    void onValidating(controls::DataControl* control, bool& cancel);
     void onCurrentChanged();
     void onRowsReset();
     void onRowChanged(tarvello::db::Recordset::Bookmark bookmark);
@@ -307,7 +298,7 @@ private:
     QList<QMetaObject::Connection> m_recordsetConnections;
     QPointer<controls::Navigator> m_navigator; // Not owned.
     QPointer<controls::Grid> m_grid;           // Not owned.
-    QList<Binding> m_bindings;
+    FieldBindings m_fields;
     QPointer<controls::DataControl> m_keyField; // Not owned.
     QList<QPointer<GestAnagrafica>> m_details;  // Not owned.
     QString m_sql;
@@ -328,7 +319,6 @@ private:
     bool m_terminated = false;
     int m_bulkDepth = 0;
     int m_quietDepth = 0;
-    bool m_loading = false;
     bool m_writing = false;
     quint64 m_generation = 0;
 };
