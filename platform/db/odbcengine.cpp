@@ -201,10 +201,10 @@ TableInfo OdbcEngine::tableInfo(const QString& table)
         QStringLiteral("SELECT c.name, t.name AS type_name, c.is_nullable, c.is_identity, "
                        "CASE WHEN c.default_object_id <> 0 THEN 1 ELSE 0 END AS has_default, "
                        "OBJECT_DEFINITION(c.default_object_id) AS default_text, "
-                       "CASE WHEN EXISTS (SELECT 1 FROM sys.index_columns ic JOIN sys.indexes i "
+                       "ISNULL((SELECT ic.key_ordinal FROM sys.index_columns ic JOIN sys.indexes i "
                        "ON i.object_id = ic.object_id AND i.index_id = ic.index_id "
                        "WHERE i.is_primary_key = 1 AND ic.object_id = c.object_id "
-                       "AND ic.column_id = c.column_id) THEN 1 ELSE 0 END AS is_key "
+                       "AND ic.column_id = c.column_id), 0) AS key_ordinal "
                        "FROM sys.columns c JOIN sys.types t ON t.user_type_id = c.user_type_id "
                        "WHERE c.object_id = OBJECT_ID(%1) ORDER BY c.column_id")
             .arg(literal));
@@ -216,7 +216,8 @@ TableInfo OdbcEngine::tableInfo(const QString& table)
         column.identity = row[3].toInt64() != 0;
         column.hasDefault = row[4].toInt64() != 0;
         column.defaultValue = defaultValueFromSql(row[5].toString(), column.kind);
-        column.primaryKey = row[6].toInt64() != 0;
+        column.keyPosition = int(row[6].toInt64());
+        column.primaryKey = column.keyPosition != 0;
         info.columns << column;
     }
     return info;

@@ -2,6 +2,8 @@
 
 #include "platform/db/runtimeerror.h"
 
+#include <algorithm>
+
 namespace tarvello::db {
 
 int ResultSet::columnIndex(QStringView name) const
@@ -24,12 +26,18 @@ const TableInfo::ColumnInfo* TableInfo::column(QStringView columnName) const
 
 QStringList TableInfo::primaryKey() const
 {
-    QStringList key;
+    QList<const ColumnInfo*> key;
     for (const ColumnInfo& c : columns) {
         if (c.primaryKey)
-            key << c.name;
+            key << &c;
     }
-    return key;
+    std::stable_sort(key.begin(), key.end(), [](const ColumnInfo* a, const ColumnInfo* b) {
+        return a->keyPosition < b->keyPosition;
+    });
+    QStringList names;
+    for (const ColumnInfo* c : std::as_const(key))
+        names << c->name;
+    return names;
 }
 
 QString TableInfo::identityColumn() const

@@ -36,6 +36,7 @@ struct TableInfo {
         QString name;
         ColumnKind kind = ColumnKind::Unknown;
         bool primaryKey = false;
+        int keyPosition = 0; // 1-based place in the primary key
         bool identity = false;
         bool notNull = false;
         bool hasDefault = false;

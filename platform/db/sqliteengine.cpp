@@ -251,7 +251,8 @@ TableInfo sqlitePragmaTableInfo(Engine& engine, const QString& table)
         column.notNull = row[3].toInt64() != 0;
         column.hasDefault = !row[4].isNull();
         column.defaultValue = defaultValueFromSql(row[4].toString(), column.kind);
-        column.primaryKey = row[5].toInt64() != 0;
+        column.keyPosition = int(row[5].toInt64());
+        column.primaryKey = column.keyPosition != 0;
         // An INTEGER PRIMARY KEY is the row id: the database assigns it.
         column.identity =
             column.primaryKey && declared.compare(u"INTEGER", Qt::CaseInsensitive) == 0;
