@@ -33,7 +33,8 @@ struct DecodeTarget {
 };
 
 // A code field asks how to decode its text: the handler answers the statement, the
-// controls receiving the columns of its first row, and the connection string to run it on.
+// controls receiving the columns of its first row, and the connection string to run it on;
+// or sets cancel, and nothing is decoded.
 struct DecodeArgs {
     bool cancel = false;
     QString sql;

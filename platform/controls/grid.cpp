@@ -7,12 +7,6 @@
 
 namespace tarvello::controls {
 
-Grid::~Grid()
-{
-    for (const QMetaObject::Connection& c : std::as_const(m_sourceConnections))
-        disconnect(c);
-}
-
 void Grid::setDataSource(db::RecordsetPtr recordset)
 {
     if (m_source == recordset)

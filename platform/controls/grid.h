@@ -6,6 +6,7 @@
 
 #include <QHash>
 #include <QList>
+#include <optional>
 
 namespace tarvello::controls {
 
@@ -20,7 +21,6 @@ class Grid : public Control {
     Q_OBJECT
 public:
     using Control::Control;
-    ~Grid() override;
 
     // nullptr unbinds.
     void setDataSource(db::RecordsetPtr recordset);
