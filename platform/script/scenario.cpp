@@ -1,0 +1,350 @@
+#include "platform/script/scenario.h"
+
+#include "platform/controls/datacontrol.h"
+#include "platform/controls/form.h"
+#include "platform/controls/grid.h"
+#include "platform/controls/navigator.h"
+#include "platform/db/demodata.h"
+#include "platform/frame/gestanagrafica.h"
+#include "platform/script/agentsmodule.h"
+#include "platform/script/scenariowindow.h"
+#include "platform/script/scripterror.h"
+#include "platform/script/scriptrunner.h"
+#include "platform/services/frameactions.h"
+#include "platform/services/hostcontext.h"
+#include "platform/services/hostnavigator.h"
+#include "src/host/cinterface.h"
+#include "src/host/menuentry.h"
+
+#include <QScopeGuard>
+#include <QUuid>
+
+namespace tarvello::script {
+
+// The host menu's entry for the agents module.
+class ScenarioMenuEntry final : public host::MenuEntry {
+public:
+    QString key() const override { return QStringLiteral("Anagrafica agenti"); }
+};
+
+namespace {
+
+using services::HostNavigator;
+
+// The toolbar's own work on a record frame that does not take the toolbar's actions itself.
+void actOnFrame(frame::GestAnagrafica& frame, qint32 button)
+{
+    switch (button) {
+    case HostNavigator::New:
+        frame.addNew();
+        break;
+    case HostNavigator::Save:
+        frame.save();
+        break;
+    case HostNavigator::Undo:
+        frame.undo();
+        break;
+    case HostNavigator::Delete:
+        frame.deleteRecord();
+        break;
+    case HostNavigator::Search:
+        frame.searchCommand();
+        break;
+    case HostNavigator::First:
+        frame.moveFirst();
+        break;
+    case HostNavigator::Previous:
+        frame.movePrevious();
+        break;
+    case HostNavigator::Next:
+        frame.moveNext();
+        break;
+    case HostNavigator::Last:
+        frame.moveLast();
+        break;
+    default:
+        break;
+    }
+}
+
+// A record frame the toolbar has to act on itself; nullptr for one that takes its actions.
+frame::GestAnagrafica* frameWithoutActions(QObject* object)
+{
+    auto* frame = qobject_cast<frame::GestAnagrafica*>(object);
+    return frame && !dynamic_cast<services::FrameActions*>(object) ? frame : nullptr;
+}
+
+} // namespace
+
+Scenario::Scenario(const ShellOptions& options, StepQueue& steps, Notes notes)
+    : m_notes(std::move(notes))
+    , m_steps(steps)
+    , m_signals(std::make_unique<QObject>())
+    , m_menuEntry(std::make_unique<ScenarioMenuEntry>())
+{
+    openDatabase(options);
+    const host::Company company =
+        companyFromDatabase(options.company.value_or(firstCompany()), std::nullopt);
+    m_host =
+        std::make_unique<services::HostContext>(m_prompts, m_database.connectionString(), company);
+    m_toolbar = std::make_unique<HostNavigator>(*m_host);
+    m_host->setNavigator(m_toolbar.get());
+    if (options.registerModules)
+        options.registerModules(*m_host);
+}
+
+Scenario::~Scenario()
+{
+    // A screen going away with its module must not call back into a host being dismantled.
+    m_signals.reset();
+    while (!m_windows.empty()) {
+        m_host->deregisterModule(&m_windows.back()->module());
+        m_windows.pop_back();
+    }
+}
+
+void Scenario::openDatabase(const ShellOptions& options)
+{
+    QString connectionString = options.connectionString;
+    if (connectionString.isEmpty())
+        connectionString = options.databasePath;
+    // Every connection the module opens with this string reaches the same database, which
+    // lives as long as one of them is open.
+    if (connectionString.isEmpty())
+        connectionString = QStringLiteral("file:/tarvello-scenario-%1?vfs=memdb")
+                               .arg(QUuid::createUuid().toString(QUuid::WithoutBraces));
+    m_database.open(connectionString);
+    if (!m_database.tableInfo(QStringLiteral("MG17_AGENTI")).exists())
+        db::createSchema(m_database);
+    if (options.demo && m_database.run(QStringLiteral("SELECT COUNT(*) FROM CG18_DITTE"))
+                                .rows.first()
+                                .first()
+                                .toInt64() == 0)
+        db::populateDemoData(m_database);
+}
+
+host::Company Scenario::companyFromDatabase(qint32 code, std::optional<bool> divisional)
+{
+    host::Company company;
+    company.code = code;
+    const db::ResultSet found = m_database.run(
+        QStringLiteral("SELECT CG18_RAGSOC, CG18_FLGDATIDIV FROM CG18_DITTE WHERE CG18_DITTA = ?"),
+        {code});
+    if (!found.rows.isEmpty()) {
+        const db::ValueList& row = found.rows.first();
+        company.name = row.at(0).toString();
+        company.divisionalData = !row.at(1).isBlank() && row.at(1).toInt() != 0;
+    }
+    if (divisional)
+        company.divisionalData = *divisional;
+    return company;
+}
+
+qint32 Scenario::firstCompany()
+{
+    const db::ResultSet found =
+        m_database.run(QStringLiteral("SELECT MIN(CG18_DITTA) FROM CG18_DITTE"));
+    const db::Value first = found.rows.isEmpty() ? db::Value() : found.rows.first().first();
+    return first.isBlank() ? 1 : first.toInt();
+}
+
+void Scenario::setCompany(qint32 code, std::optional<bool> divisional)
+{
+    const host::Company company = companyFromDatabase(code, divisional);
+    if (!anyWindowOpen()) {
+        m_host->setCompany(company);
+        return;
+    }
+    if (!m_toolbar->changeCompany(company))
+        note(QStringLiteral("the change to company %1 was refused").arg(code));
+}
+
+void Scenario::open(const OpenRequest& request)
+{
+    const QString identifier = agentsModuleIdentifier();
+    if (!m_host->modules().contains(identifier))
+        throw ScriptFailure(QStringLiteral("the host has no module %1 to open").arg(identifier));
+    auto created = std::make_unique<ScenarioWindow>(m_host->createModule(identifier));
+    host::Cinterface& module = created->module();
+    module.setClsGlobal(m_host.get());
+    module.setActiveNavigator(m_toolbar.get());
+    module.setClsVoceMenu(m_menuEntry.get());
+    module.setCaption(request.caption.value_or(QStringLiteral("Anagrafica agenti")));
+    module.setCanInsert(true);
+    module.setCanUpdate(true);
+    module.setCanDelete(true);
+    module.setCanQbe(true);
+    module.setWindowModal(request.modal);
+    module.setProgramMode(request.programMode);
+    if (request.modal) {
+        module.setTop(0);
+        module.setLeft(0);
+    }
+    if (request.calledCode || request.calledId) {
+        auto* agents = dynamic_cast<agenti::CLSMG_AGENTI*>(&module);
+        if (!agents)
+            throw ScriptFailure(QStringLiteral("the module %1 is not CLSMG_AGENTI: it cannot be "
+                                               "called on an agent")
+                                    .arg(identifier));
+        module.setIsCalled(true);
+        if (request.calledCode) {
+            agents->setCodiceAgente(*request.calledCode);
+        } else {
+            agents->setIDAGENTE(*request.calledId);
+            agents->setCalledById(true);
+        }
+    }
+    for (const auto& other : m_windows) {
+        if (other->isOpen())
+            deactivate(*other);
+    }
+    ScenarioWindow& window = *created;
+    m_windows.push_back(std::move(created));
+    m_steps.runFirst([this, &window] { adopt(window); });
+    ScenarioWindow* const outer = m_opening;
+    m_opening = &window;
+    const auto opened = qScopeGuard([this, outer] { m_opening = outer; });
+    module.ShowForm();
+}
+
+bool Scenario::isOpening() const
+{
+    if (!m_opening)
+        return false;
+    const controls::Form* form = m_opening->findForm();
+    return form && !(form->isShown() && form->isModal());
+}
+
+void Scenario::adopt(ScenarioWindow& window)
+{
+    if (!window.adopt(m_prompts))
+        throw ScriptFailure(QStringLiteral("the module showed no screen: its ActiveFrame is not "
+                                           "a record frame on a form"));
+    controls::Form* form = window.form();
+    QObject::connect(form, &controls::Form::unloaded, m_signals.get(),
+                     [this, &window] { windowClosed(window); });
+    if (form->isLoaded())
+        activate(window);
+}
+
+void Scenario::activate()
+{
+    ScenarioWindow& current = window();
+    current.openForm();
+    activate(current);
+}
+
+void Scenario::deactivate()
+{
+    ScenarioWindow& current = window();
+    current.openForm();
+    deactivate(current);
+}
+
+void Scenario::activate(ScenarioWindow& window)
+{
+    for (const auto& other : m_windows) {
+        if (other.get() != &window && other->isOpen() && other->form()->isActive())
+            deactivate(*other);
+    }
+    m_host->setActiveModule(&window.module());
+    window.module().setIsActive(true);
+    window.form()->activate();
+    syncToolbar();
+}
+
+void Scenario::deactivate(ScenarioWindow& window)
+{
+    window.form()->deactivate();
+    window.module().setIsActive(false);
+    if (m_host->activeModule() == &window.module())
+        m_host->setActiveModule(nullptr);
+}
+
+void Scenario::windowClosed(ScenarioWindow& window)
+{
+    window.module().setIsActive(false);
+    if (m_host->activeModule() == &window.module())
+        m_host->setActiveModule(nullptr);
+}
+
+void Scenario::close()
+{
+    controls::Form& form = window().openForm();
+    if (!form.requestClose(controls::CloseMode::User))
+        note(QStringLiteral("the window refused to close"));
+}
+
+bool Scenario::anyWindowOpen() const
+{
+    return std::any_of(m_windows.begin(), m_windows.end(),
+                       [](const auto& window) { return window->isOpen(); });
+}
+
+void Scenario::closeAll()
+{
+    for (auto window = m_windows.rbegin(); window != m_windows.rend(); ++window) {
+        if (!(*window)->isOpen())
+            continue;
+        try {
+            (*window)->form()->unload();
+        } catch (const std::exception& error) {
+            note(QStringLiteral("closing the window at the end of the run failed: %1")
+                     .arg(QString::fromUtf8(error.what())));
+        }
+    }
+}
+
+ScenarioWindow& Scenario::window() const
+{
+    if (m_windows.empty())
+        throw ScriptFailure(QStringLiteral("no window was opened"));
+    return *m_windows.back();
+}
+
+QObject* Scenario::activeFrame() const
+{
+    const host::Cinterface* module = m_host->activeModule();
+    return module ? module->ActiveFrame() : nullptr;
+}
+
+void Scenario::syncToolbar()
+{
+    if (const frame::GestAnagrafica* frame = frameWithoutActions(activeFrame())) {
+        m_toolbar->setFrameStatus(short(frame->status()));
+        m_toolbar->refresh();
+    } else {
+        m_toolbar->update();
+    }
+}
+
+void Scenario::pressToolbar(qint32 button)
+{
+    syncToolbar();
+    switch (m_toolbar->press(button)) {
+    case HostNavigator::Press::Disabled:
+        note(QStringLiteral("the toolbar button %1 is disabled: nothing happens").arg(button));
+        return;
+    case HostNavigator::Press::TakenOver:
+        return;
+    case HostNavigator::Press::Done:
+        break;
+    }
+    if (frame::GestAnagrafica* frame = frameWithoutActions(activeFrame())) {
+        actOnFrame(*frame, button);
+        syncToolbar();
+    }
+}
+
+void Scenario::noteDefaultedPrompts()
+{
+    const QList<services::PromptRecord>& shown = m_prompts.history();
+    for (; m_promptsNoted < shown.size(); ++m_promptsNoted) {
+        const services::PromptRecord& prompt = shown.at(m_promptsNoted);
+        if (prompt.defaulted)
+            note(QStringLiteral("the %1 \"%2\" took its default answer (%3): no answer was queued")
+                     .arg(services::promptKindName(prompt.kind), prompt.text, prompt.answer));
+    }
+}
+
+} // namespace tarvello::script
