@@ -1,0 +1,659 @@
+#include "src/screen/frmmg_agenti.h"
+
+#include "platform/controls/archivelinkfield.h"
+#include "platform/controls/combobox.h"
+#include "platform/controls/field.h"
+#include "platform/controls/grid.h"
+#include "platform/controls/gridnavigator.h"
+#include "platform/controls/menubutton.h"
+#include "platform/controls/navigatorbar.h"
+#include "platform/controls/panel.h"
+#include "platform/controls/tabstrip.h"
+#include "platform/db/connection.h"
+#include "platform/db/runtimeerror.h"
+#include "platform/frame/gestanagrafica.h"
+#include "src/common/errorstyles.h"
+#include "src/common/valuehelpers.h"
+#include "src/data/sqlagenti.h"
+#include "src/detail/grigliedettaglio.h"
+#include "src/host/clsmg_agenti.h"
+#include "src/host/errorlog.h"
+#include "src/host/globalcontext.h"
+#include "src/host/hostobjects.h"
+#include "src/host/lookupdecoder.h"
+#include "src/host/menuentry.h"
+#include "src/host/navigator.h"
+#include "src/screen/codiciagente.h"
+#include "src/screen/layoutagenti.h"
+#include "src/screen/listecodificate.h"
+#include "src/tree/alberoagenti.h"
+
+#include <QEventLoop>
+
+namespace tarvello::agenti {
+
+namespace {
+
+constexpr long ObjectVariableNotSet = 91;
+constexpr long ObjectWasUnloaded = 364;
+
+// The size the screen was designed at, in twips; a modal screen opens at it.
+constexpr int LarghezzaProgetto = 14865;
+constexpr int AltezzaProgetto = 9195;
+
+// The setting of the archive-link field that names the kind of archive entry: agents.
+constexpr int ArchivioAgenti = 9;
+
+const QString EventoApertura = QStringLiteral("tsOpen");
+const QString EventoChiusura = QStringLiteral("tsClose");
+
+template <class T>
+T& richiesto(T* oggetto, const char* nome)
+{
+    if (!oggetto)
+        throw db::RuntimeError(ObjectVariableNotSet,
+                               QStringLiteral("Object variable or With block variable not set"),
+                               QString::fromUtf8(nome));
+    return *oggetto;
+}
+
+controls::Form::WindowState statoFinestra(short stato)
+{
+    switch (stato) {
+    case 1:
+        return controls::Form::WindowState::Minimized;
+    case 2:
+        return controls::Form::WindowState::Maximized;
+    default:
+        return controls::Form::WindowState::Normal;
+    }
+}
+
+} // namespace
+
+FRMMG_AGENTI::FRMMG_AGENTI(QObject* parent)
+    : controls::Form(QStringLiteral("FRMMG_AGENTI"), parent)
+    , m_albero(std::make_unique<AlberoAgenti>(*this))
+{
+    creaControlliAgenti(*this);
+    m_errori.setScreenTitle([this] { return caption(); });
+    connect(this, &Form::loaded, this, &FRMMG_AGENTI::Form_Load);
+    connect(this, &Form::activated, this, &FRMMG_AGENTI::Form_Activate);
+    connect(this, &Form::queryClose, this, &FRMMG_AGENTI::Form_QueryUnload);
+    connect(this, &Form::unloaded, this, &FRMMG_AGENTI::Form_Unload);
+    connect(&controllo<controls::TabStrip>(u"TAB_AGENTI"), &controls::TabStrip::currentPageChanged,
+            this, [this](int pagina) { TAB_AGENTI_Click(pagina); });
+}
+
+FRMMG_AGENTI::~FRMMG_AGENTI() = default;
+
+AgentiScreenFactory FRMMG_AGENTI::fabbrica()
+{
+    return [] { return std::make_unique<FRMMG_AGENTI>(); };
+}
+
+void FRMMG_AGENTI::setWindowState(short state)
+{
+    load();
+    Form::setWindowState(statoFinestra(state));
+}
+
+void FRMMG_AGENTI::show(bool modal)
+{
+    if (m_scaricata)
+        throw db::RuntimeError(ObjectWasUnloaded, QStringLiteral("Object was unloaded"));
+    Form::show(modal);
+    if (!modal || !isLoaded())
+        return;
+    QEventLoop attesa;
+    connect(this, &Form::unloaded, &attesa, &QEventLoop::quit);
+    attesa.exec();
+}
+
+host::Cinterface& FRMMG_AGENTI::modulo() const
+{
+    return richiesto(m_activeInterface, "ActiveInterface");
+}
+
+host::GlobalContext& FRMMG_AGENTI::globale() const
+{
+    return richiesto(modulo().ClsGlobal(), "ClsGlobal");
+}
+
+host::Navigator& FRMMG_AGENTI::navigatore() const
+{
+    return richiesto(modulo().ActiveNavigator(), "ActiveNavigator");
+}
+
+db::Connection& FRMMG_AGENTI::connessione() const
+{
+    return richiesto(m_connessione.get(), "Gcon_Connect");
+}
+
+frame::GestAnagrafica* FRMMG_AGENTI::FME_GestAnagrafica(int numero) const
+{
+    return numero >= Agenti && numero <= DettaglioGiri ? m_gestioni.at(numero - 1).data() : nullptr;
+}
+
+frame::GestAnagrafica& FRMMG_AGENTI::gestione(int numero) const
+{
+    return richiesto(FME_GestAnagrafica(numero), "FME_GestAnagrafica");
+}
+
+db::RecordsetPtr FRMMG_AGENTI::Grst_GestAnagrafica(int numero) const
+{
+    return numero >= Agenti && numero <= DettaglioGiri ? m_recordset.at(numero - 1) : nullptr;
+}
+
+QString FRMMG_AGENTI::Gstr_GestAnagrafica(int numero) const
+{
+    return numero >= Agenti && numero <= DettaglioGiri ? m_sql.at(numero - 1) : QString();
+}
+
+ImpostazioniCampoId FRMMG_AGENTI::impostazioniCampoId(QStringView nome) const
+{
+    if (nome == u"TXT_CAPOAREA")
+        return m_capoArea;
+    if (nome == u"TXT_CAPOZONA")
+        return m_capoZona;
+    return {};
+}
+
+// The record frames are part of the screen as it is designed: they exist from its load, and
+// the load binds them one by one.
+void FRMMG_AGENTI::creaGestioni()
+{
+    host::HostObjects& oggetti = globale().objects();
+    for (int numero = Agenti; numero <= DettaglioGiri; ++numero) {
+        QPointer<frame::GestAnagrafica>& gestione = m_gestioni.at(numero - 1);
+        if (gestione)
+            continue;
+        gestione = oggetti.newRecordFrame(this);
+        richiesto(gestione.data(), "FME_GestAnagrafica")
+            .setObjectName(QStringLiteral("FME_GestAnagrafica") + QString::number(numero));
+    }
+}
+
+void FRMMG_AGENTI::apriGestione(int numero, const QString& sql, const QString& navigatore,
+                                const QString& griglia)
+{
+    m_sql.at(numero - 1) = sql;
+    db::RecordsetPtr& recordset = m_recordset.at(numero - 1);
+    recordset = db::Recordset::open(connessione(), sql);
+    gestione(numero).initialise(nullptr, connessione(), recordset, sql, {},
+                                navigatore.isEmpty() ? nullptr
+                                                     : &controllo<controls::Navigator>(navigatore),
+                                griglia.isEmpty() ? nullptr : &controllo<controls::Grid>(griglia));
+}
+
+void FRMMG_AGENTI::registraCampi(int numero, const QStringList& campi)
+{
+    for (const QString& campo : campi)
+        gestione(numero).registerField(&controllo<controls::DataControl>(campo));
+}
+
+std::unique_ptr<host::LookupDecoder> FRMMG_AGENTI::nuovoDecodificatore() const
+{
+    std::unique_ptr<host::LookupDecoder> decodificatore = globale().objects().newLookupDecoder();
+    richiesto(decodificatore.get(), "LookupDecoder").bind(m_activeInterface);
+    return decodificatore;
+}
+
+void FRMMG_AGENTI::impostaCampoId(const QString& nome, const QString& colonnaLegata)
+{
+    ImpostazioniCampoId& impostazioni = nome == u"TXT_CAPOAREA" ? m_capoArea : m_capoZona;
+    impostazioni.modulo = m_activeInterface;
+    impostazioni.colonnaDitta = QStringLiteral("MG17_DITTA_CG18");
+    impostazioni.ditta = globale().company().code;
+    impostazioni.filtroDitta = true;
+    impostazioni.colonnaLegata = colonnaLegata;
+    impostazioni.tabella = QStringLiteral("MG17_AGENTI");
+    impostazioni.colonnaId = QStringLiteral("MG17_IDAGENTE");
+    impostazioni.colonnaCodice = QStringLiteral("MG17_AGENTE");
+}
+
+void FRMMG_AGENTI::Form_Load()
+{
+    const QStringList campiAgente{
+        QStringLiteral("TXT_AGENTE"),
+        QStringLiteral("TXT_RAGSOANAG"),
+        QStringLiteral("CBO_REGPROV"),
+        QStringLiteral("CHK_PROVCLIE"),
+        QStringLiteral("CHK_PROVART"),
+        QStringLiteral("CBO_INDPRIORCLIART"),
+        QStringLiteral("TXT_PERPROV"),
+        QStringLiteral("TXT_CODTABPROV"),
+        QStringLiteral("TXT_RCPROV"),
+        QStringLiteral("CBO_TIPOAGENTE"),
+        QStringLiteral("TXT_CAPOAREA"),
+        QStringLiteral("TXT_CAPOZONA"),
+        QStringLiteral("TXT_CODPROVSC"),
+        QStringLiteral("CHK_FLGADEGUAMSCMAG"),
+        QStringLiteral("CBO_INDCALCSCMAG"),
+        QStringLiteral("CBO_INDBASEIMPSC"),
+        QStringLiteral("CBO_INDBASEIMPMAG"),
+        QStringLiteral("CHK_ADEGDELTA"),
+        QStringLiteral("DAT_INRAPP"),
+        QStringLiteral("DAT_INMAN"),
+        QStringLiteral("DAT_FINEMAN"),
+        QStringLiteral("TXT_MATRENASARCO"),
+        QStringLiteral("CBO_INDSTDISTENAS"),
+        QStringLiteral("DAT_ISCR"),
+        QStringLiteral("DAT_CANC"),
+        QStringLiteral("CBO_TIPOMAND"),
+        QStringLiteral("CBO_TIPORAPP"),
+        QStringLiteral("CBO_TIPOSOC"),
+        QStringLiteral("CBO_INDPREFSTDOC"),
+        QStringLiteral("CBO_INDTIPOLIQ"),
+        QStringLiteral("TXT_NUMSOCI"),
+        QStringLiteral("TXT_FOR"),
+        QStringLiteral("TXT_TIPOLOGIAAGENTE"),
+        QStringLiteral("TXT_AGERIF"),
+        QStringLiteral("TXT_IMPMINFATT"),
+        QStringLiteral("TXT_MACROAREA"),
+        QStringLiteral("TXT_AREA"),
+        QStringLiteral("TXT_ZONA"),
+        QStringLiteral("TXT_MACROCAT"),
+        QStringLiteral("TXT_CATEGORIA"),
+        QStringLiteral("TXT_SOTTOCAT"),
+        QStringLiteral("TXT_RAGGR1"),
+        QStringLiteral("TXT_RAGGR2"),
+        QStringLiteral("TXT_RAGGR3"),
+    };
+    const auto gruppoDettaglio = [this](int numero, const QString& sql, const QString& navigatore,
+                                        const QString& griglia, const QStringList& campi,
+                                        const QString& chiave) {
+        apriGestione(numero, sql, navigatore, griglia);
+        registraCampi(numero, campi);
+        if (!chiave.isEmpty())
+            gestione(numero).setKeyField(&controllo<controls::DataControl>(chiave));
+        gestione(numero).setMaster(false);
+    };
+
+    const Outcome esito = reportModuleError(
+        m_errori, QStringLiteral("FRMMG_FME_GestAnagrafica1.Form_Load"),
+        {
+            [&] {
+                if (modulo().WindowModal())
+                    setBounds(QRect(modulo().Left().toInt(), modulo().Top().toInt(),
+                                    LarghezzaProgetto, AltezzaProgetto));
+            },
+            [&] { m_stringaConnessione = globale().connectionString(); },
+            [&] {
+                if (m_connessione)
+                    return Flow::Next;
+                m_log = globale().objects().newErrorLog();
+                richiesto(m_log.get(), "Gcls_Log").bind(m_activeInterface);
+                m_errori.setLog(m_log.get());
+                return Flow::Next;
+            },
+            [&] {
+                if (m_connessione)
+                    return;
+                auto connessione = std::make_unique<db::Connection>();
+                connessione->open(m_stringaConnessione);
+                m_connessione = std::move(connessione);
+                m_errori.setConnection(m_connessione.get());
+            },
+            [&] { creaGestioni(); },
+            [&] { modulo().setConnection(m_connessione.get()); },
+            [&] { modulo().setActiveFrame(FME_GestAnagrafica(Agenti)); },
+            [&] { navigatore().registerModule(m_activeInterface); },
+            [&] {
+                impostaCampoId(QStringLiteral("TXT_CAPOAREA"),
+                               QStringLiteral("MG17_IDCAPOAREA_MG17"));
+            },
+            [&] {
+                impostaCampoId(QStringLiteral("TXT_CAPOZONA"),
+                               QStringLiteral("MG17_IDCAPOZONA_MG17"));
+            },
+            [&] {
+                m_oggetti.classificazioni = nuovoDecodificatore();
+                m_oggetti.agenti = nuovoDecodificatore();
+                m_oggetti.fornitori = nuovoDecodificatore();
+                m_oggetti.clienti = nuovoDecodificatore();
+                m_oggetti.giri = nuovoDecodificatore();
+                m_oggetti.listini = nuovoDecodificatore();
+            },
+            [&] {
+                if (!m_oggetti.priorita)
+                    m_oggetti.priorita = nuovoDecodificatore();
+            },
+            [&] { m_liste = std::make_unique<ListeCodificate>(*this, globale().objects()); },
+            [&] { m_liste->CaricaCombo_CBO_REGPROV(); },
+            [&] { m_liste->CaricaCombo_CBO_INDTIPOLISFIX(); },
+            [&] { m_liste->CaricaCombo_CBO_IDENTIFCOL(); },
+            [&] { m_liste->CaricaCombo_CBO_IDENTIFRIGA(); },
+            [&] { m_liste->CaricaCombo_CBO_IDENTIFTAB(); },
+            [&] { m_liste->CaricaCombo_CBO_INDBASEIMPMAG(); },
+            [&] { m_liste->CaricaCombo_CBO_INDBASEIMPSC(); },
+            [&] { m_liste->CaricaCombo_CBO_INDCALCSCMAG(); },
+            [&] { m_liste->CaricaCombo_CBO_INDPRIORCLIART(); },
+            [&] { m_liste->CaricaCombo_CBO_TIPOAGENTE(); },
+            [&] { m_liste->CaricaCombo_CBO_TIPOEFF(); },
+            [&] { m_liste->CaricaCombo_CBO_INDSTDISTENAS(); },
+            [&] { m_liste->CaricaCombo_CBO_TIPOMAND(); },
+            [&] { m_liste->CaricaCombo_CBO_TIPORAPP(); },
+            [&] { m_liste->CaricaCombo_CBO_TIPOSOC(); },
+            [&] { m_liste->CaricaCombo_CBO_INDPREFSTDOC(); },
+            [&] { m_liste->CaricaCombo_CBO_INDTIPOLIQ(); },
+            [&] {
+                apriGestione(Agenti, sql::agentiDitta(globale().company().code),
+                             QStringLiteral("INTERNAV"), {});
+                gestione(Agenti).setDescription(QStringLiteral("la gestione anagrafica agenti"));
+            },
+            [&] {
+                controllo<controls::ArchiveLinkField>(u"TXT_ARCHELESOS1")
+                    .setArchiveKind(ArchivioAgenti);
+                registraCampi(Agenti, campiAgente + QStringList{QStringLiteral("TXT_ARCHELESOS1")});
+            },
+            [&] { gestione(Agenti).setKeyField(&controllo<controls::DataControl>(u"TXT_AGENTE")); },
+            [&] { gestione(Agenti).setMaster(true); },
+            [&] {
+                gruppoDettaglio(Soci, sql::sociVuoto(), QStringLiteral("GRIDNAV_AGENTISOCI"),
+                                QStringLiteral("GRID_AGENTISOCI"),
+                                {QStringLiteral("TXT_CODSOCIO"), QStringLiteral("TXT_NOMECOGN"),
+                                 QStringLiteral("TXT_MATRSOCIO"), QStringLiteral("TXT_CODFISOCIO"),
+                                 QStringLiteral("TXT_PERQUOTA"), QStringLiteral("TXT_DATAINRAPP"),
+                                 QStringLiteral("TXT_DATACESS")},
+                                QStringLiteral("TXT_CODSOCIO"));
+            },
+            [&] {
+                gruppoDettaglio(Maturazione, sql::maturazioneVuoto(),
+                                QStringLiteral("GRIDNAV_AGENTIMAT"),
+                                QStringLiteral("GRID_AGENTIMAT"),
+                                {QStringLiteral("CBO_TIPOEFF"), QStringLiteral("TXT_GGMAT")},
+                                QStringLiteral("CBO_TIPOEFF"));
+            },
+            [&] {
+                gruppoDettaglio(TentataVendita, sql::tentataVenditaVuoto(), {}, {},
+                                {QStringLiteral("TXT_TVTARGA"), QStringLiteral("TXT_TVTARA"),
+                                 QStringLiteral("TXT_TVDEP"), QStringLiteral("TXT_TVSEZ"),
+                                 QStringLiteral("CHK_TVINDXH")},
+                                {});
+            },
+            [&] { m_ditta = globale().company().code; },
+            [&] { m_tipiEffetti = StringaTipiEffetti().split(u'|'); },
+            [&] {
+                controllo<controls::GridNavigator>(u"GRIDNAV_AGENTISOCI")
+                    .setGrid(&controllo<controls::Grid>(u"GRID_AGENTISOCI"));
+                controllo<controls::GridNavigator>(u"GRIDNAV_AGENTIMAT")
+                    .setGrid(&controllo<controls::Grid>(u"GRID_AGENTIMAT"));
+            },
+            [&] { m_oggetti.destinatari = nuovoDecodificatore(); },
+            [&] {
+                for (int numero : {Soci, Maturazione, TentataVendita})
+                    gestione(Agenti).addDetailFrame(&gestione(numero));
+            },
+            [&] {
+                apriGestione(DettaglioGiri, sql::dettaglioGiriDitta(globale().company().code),
+                             QStringLiteral("GRIDNAV_GIRI"), QStringLiteral("GRD_DETTAGLIOGIRI"));
+                registraCampi(DettaglioGiri, {QStringLiteral("TXT_CLIENTE"),
+                                              QStringLiteral("TXT_MG1I_CODDEST_MG22"),
+                                              QStringLiteral("TXT_NOTE")});
+            },
+            [&] { gestione(DettaglioGiri).setStatus(frame::FrameStatus::New); },
+            [&] { gestione(DettaglioGiri).setMaster(false); },
+            [&] { gestione(Agenti).addDetailFrame(&gestione(DettaglioGiri)); },
+            [&] {
+                controllo<controls::Field>(u"TXT_RAGSOANAG")
+                    .addMenuItem(QStringLiteral("1"), QStringLiteral("Solo anagrafiche generali"),
+                                 true);
+            },
+            [&] {
+                auto& gestioniCollegate = controllo<controls::MenuButton>(u"CMD_GESTCOLL");
+                gestioniCollegate.clearItems();
+                gestioniCollegate.addItem(QStringLiteral("key_anagrafica"),
+                                          QStringLiteral("Varia dati anagrafici"));
+                if (globale().company().divisionalData)
+                    gestioniCollegate.addItem(QStringLiteral("Key_DatiDivisionali"),
+                                              QStringLiteral("Dati divisionali"));
+            },
+        });
+    if (esito == Outcome::Abandoned)
+        unload();
+}
+
+void FRMMG_AGENTI::posizionaSuAgenteRichiesto()
+{
+    auto& internav = controllo<controls::NavigatorBar>(u"INTERNAV");
+    frame::GestAnagrafica& agenti = gestione(Agenti);
+    QString codice;
+    reportWithChoice(
+        m_errori, QStringLiteral("Form_Activate"),
+        {
+            [&] { internav.setCalledMode(true); },
+            [&] {
+                internav.relabelButton(controls::NavigatorKey::Print, QStringLiteral("Esporta"),
+                                       QStringLiteral("Esporta"));
+            },
+            [&] { agenti.setStatus(frame::FrameStatus::New); },
+            [&] {
+                CLSMG_AGENTI& chiamante = richiesto(m_activeClass, "ActiveClass");
+                codice = chiamante.CalledById()
+                             ? CodiceAgenteDaId(connessione(), chiamante.IDAGENTE().toInt())
+                             : chiamante.CodiceAgente().toString();
+            },
+            [&] {
+                auto& campoAgente = controllo<controls::Field>(u"TXT_AGENTE");
+                campoAgente.setText(codice);
+                richiesto(m_recordset.at(Agenti - 1).get(), "Grst_GestAnagrafica1")
+                    .setValue(campoAgente.dataField(), codice);
+            },
+            [&] { agenti.search(true, true); },
+            [&] {
+                const QString richiesto = RTrimN(codice).toString();
+                if (agenti.status() == frame::FrameStatus::Browse && !richiesto.isEmpty())
+                    m_albero->posizionaSuAgente(codice);
+            },
+        });
+}
+
+void FRMMG_AGENTI::Form_Activate()
+{
+    const bool chiamato = m_activeInterface && m_activeInterface->IsCalled();
+    reportWithChoice(m_errori, QStringLiteral("Form_Activate"),
+                     {
+                         [&] { modulo().setActiveFrame(FME_GestAnagrafica(Agenti)); },
+                         [&] { AggiornaNavigatore(); },
+                         [&] {
+                             if (m_giaCaricata)
+                                 return Flow::Leave;
+                             m_giaCaricata = true;
+                             return Flow::Next;
+                         },
+                         [&] { m_albero->INIT_GRD_AGENTI(); },
+                         [&] { m_albero->CaricaTabTreeview(); },
+                         [&] { m_albero->CaricaAlberoAgenti(); },
+                         [&] {
+                             if (chiamato)
+                                 posizionaSuAgenteRichiesto();
+                             else
+                                 controllo<controls::NavigatorBar>(u"INTERNAV")
+                                     .relabelButton(controls::NavigatorKey::Print,
+                                                    controls::NavigatorKey::Confirm,
+                                                    controls::NavigatorKey::Confirm);
+                         },
+                         [&] {
+                             const qint32 modo = modulo().ProgramMode();
+                             if (modo >= frame::FrameStatus::Browse &&
+                                 modo <= frame::FrameStatus::New)
+                                 gestione(Agenti).setStatus(modo);
+                         },
+                         [&] {
+                             auto& pannello = controllo<controls::Panel>(u"FRAME_MESSAGGIO");
+                             pannello.setVisible(false);
+                             pannello.setEnabled(false);
+                         },
+                         [&] { INIT_GRD_DETTAGLIOGIRI(*this); },
+                         [&] { INIT_GRD_GIRI(*this); },
+                         [&] { INIT_GRID_AGENTIMAT(*this); },
+                         [&] { INIT_GRID_AGENTISOCI(*this); },
+                         [&] {
+                             auto& agente = controllo<controls::Field>(u"TXT_AGENTE");
+                             if (agente.isEnabled())
+                                 agente.setFocus();
+                             else
+                                 controllo<controls::Control>(u"CBO_REGPROV").setFocus();
+                         },
+                         [&] { ExecuteFormEvent(EventoApertura); },
+                         [&] {
+                             globale().registerApplication({QStringLiteral("Anagrafica agenti"),
+                                                            ErrorReporter::moduleName()});
+                         },
+                     });
+}
+
+void FRMMG_AGENTI::AggiornaNavigatore()
+{
+    ignoreEachStep({
+        [&] { globale().setActiveModule(m_activeInterface); },
+        [&] {
+            QObject* attivo = modulo().ActiveFrame();
+            if (!attivo)
+                return;
+            auto* gestione = qobject_cast<frame::GestAnagrafica*>(attivo);
+            if (!gestione)
+                throw db::RuntimeError(db::RuntimeError::TypeMismatch,
+                                       QStringLiteral("Type mismatch"));
+            navigatore().setFrameStatus(db::Value(gestione->status()).toShort());
+        },
+        [&] { navigatore().refresh(); },
+    });
+}
+
+void FRMMG_AGENTI::ExecuteFormEvent(const db::Value& evento)
+{
+    const QString nome = evento.toString();
+    const bool apertura = nome == EventoApertura;
+    if (!apertura && nome != EventoChiusura)
+        return;
+    reportWithChoice(m_errori, QStringLiteral("ExecuteFormEvent"),
+                     {
+                         [&] {
+                             if (apertura)
+                                 navigatore().update();
+                         },
+                         [&] {
+                             if (host::NavigatorScript* script = navigatore().scriptObject())
+                                 script->formEvent(objectName(), 0, apertura, objectName());
+                         },
+                     });
+}
+
+void FRMMG_AGENTI::SelezionaTab(short pagina)
+{
+    m_cambioTabDaCodice = true;
+    controllo<controls::TabStrip>(u"TAB_AGENTI").selectPage(pagina);
+    m_cambioTabDaCodice = false;
+}
+
+void FRMMG_AGENTI::TAB_AGENTI_Click(int pagina)
+{
+    if (m_cambioTabDaCodice && pagina >= Pagina::Soci && pagina <= Pagina::Giri)
+        return;
+    QString destinazione;
+    switch (pagina) {
+    case Pagina::DatiGenerali:
+        destinazione = QStringLiteral("CBO_REGPROV");
+        break;
+    case Pagina::Soci: {
+        const db::RecordsetPtr soci = m_recordset.at(Soci - 1);
+        const bool conSoci =
+            soci && soci->recordCount() > 0 &&
+            CDecN(controllo<controls::Field>(u"TXT_CODSOCIO").text()) != db::Value(0);
+        destinazione = conSoci ? QStringLiteral("GRID_AGENTISOCI") : QStringLiteral("TXT_CODSOCIO");
+        break;
+    }
+    case Pagina::Maturazione: {
+        const db::RecordsetPtr maturazione = m_recordset.at(Maturazione - 1);
+        const bool vuota = !maturazione || maturazione->recordCount() == 0;
+        destinazione = vuota ? QStringLiteral("CBO_TIPOEFF") : QStringLiteral("GRID_AGENTIMAT");
+        break;
+    }
+    case Pagina::TentataVendita:
+        destinazione = QStringLiteral("TXT_TVTARGA");
+        break;
+    case Pagina::Giri:
+        destinazione = QStringLiteral("TXT_GIRO");
+        break;
+    default:
+        return;
+    }
+    controllo<controls::Control>(destinazione).setFocus();
+}
+
+void FRMMG_AGENTI::Form_QueryUnload(controls::CloseArgs& args)
+{
+    ignoreEachStep({
+        [&] { AggiornaNavigatore(); },
+        [&] { return args.cancel ? Flow::Leave : Flow::Next; },
+        [&] { ExecuteFormEvent(EventoChiusura); },
+        [&] {
+            if (!gestione(Agenti).confirmPendingChanges(true, false, true))
+                args.cancel = true;
+        },
+    });
+}
+
+void FRMMG_AGENTI::rilasciaGestioni()
+{
+    for (QPointer<frame::GestAnagrafica>& gestione : m_gestioni) {
+        if (!gestione)
+            continue;
+        gestione->terminate();
+        // A frame may be the one whose event brought the screen down: it goes once the event
+        // is over.
+        gestione->deleteLater();
+        gestione.clear();
+    }
+}
+
+void FRMMG_AGENTI::Form_Unload()
+{
+    m_scaricata = true;
+    ignoreEachStep({
+        [&] { m_capoArea = {}; },
+        [&] { m_capoZona = {}; },
+        [&] {
+            const QString chiave = richiesto(modulo().ClsVoceMenu(), "ClsVoceMenu").key();
+            richiesto(navigatore().scriptObject(), "ScriptObject").key(chiave);
+        },
+        [&] { navigatore().setSecondObject(nullptr); },
+        [&] { navigatore().setScriptObject(nullptr); },
+        [&] { globale().deregisterModule(m_activeInterface); },
+        [&] { rilasciaGestioni(); },
+        [&] { m_oggetti.priorita.reset(); },
+        [&] { m_albero->rilascia(); },
+        [&] {
+            for (const char* nome : {"GRIDNAV_AGENTISOCI", "GRIDNAV_AGENTIMAT", "GRIDNAV_GIRI"})
+                controllo<controls::GridNavigator>(QString::fromUtf8(nome)).setGrid(nullptr);
+            controllo<controls::NavigatorBar>(u"INTERNAV").setTarget(nullptr);
+        },
+        [&] { globale().deregisterModule(m_activeInterface); },
+        [&] { globale().setActiveModule(nullptr); },
+        [&] { globale().setSecondModule(nullptr); },
+        [&] { richiesto(m_log.get(), "Gcls_Log").end(); },
+        [&] {
+            m_errori.setLog(nullptr);
+            m_log.reset();
+        },
+        [&] { connessione().close(); },
+        [&] {
+            m_errori.setConnection(nullptr);
+            m_connessione.reset();
+        },
+        [&] {
+            for (db::RecordsetPtr& recordset : m_recordset)
+                recordset.reset();
+        },
+        [&] { m_oggetti = {}; },
+        [&] { modulo().setActiveDll(nullptr); },
+        [&] {
+            m_activeClass = nullptr;
+            m_activeInterface = nullptr;
+        },
+    });
+}
+
+} // namespace tarvello::agenti

@@ -1,0 +1,170 @@
+#pragma once
+
+#include "platform/controls/control.h"
+#include "platform/controls/form.h"
+#include "platform/db/recordset.h"
+#include "platform/db/value.h"
+#include "src/common/errorreporter.h"
+#include "src/host/agentiscreen.h"
+#include "src/screen/controlli.h"
+
+#include <QPointer>
+#include <QStringList>
+#include <array>
+#include <memory>
+
+namespace tarvello::db {
+class Connection;
+}
+
+namespace tarvello::frame {
+class GestAnagrafica;
+}
+
+namespace tarvello::host {
+class ErrorLog;
+class GlobalContext;
+class LookupDecoder;
+class Navigator;
+} // namespace tarvello::host
+
+namespace tarvello::agenti {
+
+class AlberoAgenti;
+class ListeCodificate;
+
+// How the host's id field finds the agent behind the id it holds (TXT_CAPOAREA and
+// TXT_CAPOZONA): set at load, let go at unload.
+struct ImpostazioniCampoId {
+    host::Cinterface* modulo = nullptr; // Not owned.
+    QString colonnaDitta;
+    qint32 ditta = 0;
+    bool filtroDitta = false;
+    QString colonnaLegata;
+    QString tabella;
+    QString colonnaId;
+    QString colonnaCodice;
+};
+
+// The agents screen: the header of the agent, the agents tree, the six pages of TAB_AGENTI
+// and the inner navigator, with the five record frames FME_GestAnagrafica1 (agents) to 5
+// (route detail) over the screen's own connection.
+//
+// The screen loads at the first use of its window (CLSMG_AGENTI sets its window state), does
+// its one-off work at the first activation, and lets everything go at unload, in the order
+// the host expects. Every record frame is a child of the form, known by its name.
+class FRMMG_AGENTI final : public controls::Form, public AgentiScreen {
+    Q_OBJECT
+public:
+    // The record frames by number, as the screen's members are named.
+    enum Gestione { Agenti = 1, Soci, Maturazione, TentataVendita, DettaglioGiri };
+
+    explicit FRMMG_AGENTI(QObject* parent = nullptr);
+    ~FRMMG_AGENTI() override;
+
+    // What the module object creates its screens with.
+    static AgentiScreenFactory fabbrica();
+
+    void setActiveInterface(host::Cinterface* module) override { m_activeInterface = module; }
+    void setActiveClass(CLSMG_AGENTI* module) override { m_activeClass = module; }
+    void setWindowState(short state) override;
+    using controls::Form::setWindowState;
+    void setTitle(const QString& title) override { setCaption(title); }
+    // Modal: waits in an event loop of its own until the screen has unloaded.
+    void show(bool modal) override;
+
+    host::Cinterface* ActiveInterface() const { return m_activeInterface; }
+    CLSMG_AGENTI* ActiveClass() const { return m_activeClass; }
+
+    // Selects a page without the focus moves a person's click brings (page 0 excepted).
+    void SelezionaTab(short pagina);
+    // Brings the host's navigator in line with the active record frame.
+    void AggiornaNavigatore();
+    // Tells the navigator's script object that the screen opens ("tsOpen") or closes
+    // ("tsClose").
+    void ExecuteFormEvent(const db::Value& evento);
+
+    // What the screen holds from load to unload.
+    db::Connection* Gcon_Connect() const { return m_connessione.get(); }
+    const QString& Gstr_Connect() const { return m_stringaConnessione; }
+    host::ErrorLog* Gcls_Log() const { return m_log.get(); }
+    const ErrorReporter& errori() const { return m_errori; }
+    qint32 Codice_Ditta() const { return m_ditta; }
+    frame::GestAnagrafica* FME_GestAnagrafica(int gestione) const;
+    db::RecordsetPtr Grst_GestAnagrafica(int gestione) const;
+    QString Gstr_GestAnagrafica(int gestione) const;
+    // The payment-type names, index 0 "Contanti" to 16 "Solo descrittivo".
+    const QStringList& tipiEffetti() const { return m_tipiEffetti; }
+    bool CambioTabDaCodice() const { return m_cambioTabDaCodice; }
+    bool Gbol_AlreadyLoaded() const { return m_giaCaricata; }
+    ListeCodificate& liste() const { return *m_liste; }
+    AlberoAgenti& albero() const { return *m_albero; }
+    // The settings of TXT_CAPOAREA or TXT_CAPOZONA; empty ones for any other name.
+    ImpostazioniCampoId impostazioniCampoId(QStringView nome) const;
+
+    template <class T>
+    T& controllo(QStringView nome) const
+    {
+        return controlloDi<T>(*this, nome);
+    }
+
+    // The contract of the module, the host's context and navigator: a run-time error when the
+    // module has not given them (or has let them go).
+    host::Cinterface& modulo() const;
+    host::GlobalContext& globale() const;
+    host::Navigator& navigatore() const;
+    db::Connection& connessione() const;
+
+private:
+    // The lookup-and-decode objects of the host the screen works with.
+    struct OggettiHost {
+        std::unique_ptr<host::LookupDecoder> classificazioni;
+        std::unique_ptr<host::LookupDecoder> agenti;
+        std::unique_ptr<host::LookupDecoder> fornitori;
+        std::unique_ptr<host::LookupDecoder> clienti;
+        std::unique_ptr<host::LookupDecoder> giri;
+        std::unique_ptr<host::LookupDecoder> listini;
+        // Created only when a previous load left none.
+        std::unique_ptr<host::LookupDecoder> priorita;
+        std::unique_ptr<host::LookupDecoder> destinatari;
+    };
+
+    void Form_Load();
+    void Form_Activate();
+    void Form_QueryUnload(controls::CloseArgs& args);
+    void Form_Unload();
+    void TAB_AGENTI_Click(int pagina);
+
+    void creaGestioni();
+    frame::GestAnagrafica& gestione(int numero) const;
+    void apriGestione(int numero, const QString& sql, const QString& navigatore,
+                      const QString& griglia);
+    void registraCampi(int numero, const QStringList& campi);
+    std::unique_ptr<host::LookupDecoder> nuovoDecodificatore() const;
+    void impostaCampoId(const QString& nome, const QString& colonnaLegata);
+    void posizionaSuAgenteRichiesto();
+    void rilasciaGestioni();
+
+    host::Cinterface* m_activeInterface = nullptr; // Not owned.
+    CLSMG_AGENTI* m_activeClass = nullptr;         // Not owned.
+    bool m_giaCaricata = false;
+    // The screen has been unloaded: it is not shown again.
+    bool m_scaricata = false;
+    std::unique_ptr<host::ErrorLog> m_log;
+    std::unique_ptr<db::Connection> m_connessione;
+    QString m_stringaConnessione;
+    std::array<QPointer<frame::GestAnagrafica>, 5> m_gestioni; // Owned as QObject children.
+    std::array<db::RecordsetPtr, 5> m_recordset;
+    std::array<QString, 5> m_sql;
+    qint32 m_ditta = 0;
+    QStringList m_tipiEffetti;
+    OggettiHost m_oggetti;
+    ImpostazioniCampoId m_capoArea;
+    ImpostazioniCampoId m_capoZona;
+    bool m_cambioTabDaCodice = false;
+    ErrorReporter m_errori;
+    std::unique_ptr<ListeCodificate> m_liste;
+    std::unique_ptr<AlberoAgenti> m_albero;
+};
+
+} // namespace tarvello::agenti
