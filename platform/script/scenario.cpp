@@ -18,6 +18,7 @@
 
 #include <QScopeGuard>
 #include <QUuid>
+#include <algorithm>
 
 namespace tarvello::script {
 

@@ -18,6 +18,7 @@
 #include "src/host/errorlog.h"
 #include "src/host/globalcontext.h"
 #include "src/host/hostobjects.h"
+#include "src/host/registrysearch.h"
 
 #include <QEventLoop>
 
@@ -113,6 +114,21 @@ void AgentsTestScreen::createControls()
     agent->setUpperCase(true);
     agent->setMaxLength(20);
     agent->setRequired(true);
+    agent->addMenuItem(QStringLiteral("1"), QStringLiteral("Cerca in anagrafica"));
+    QObject::connect(agent, &Field::managementKeyPressed, [this](const QString& key) {
+        if (key != u"Kpers1")
+            return;
+        const std::unique_ptr<host::GeneralRegistrySearch> search =
+            m_module->ClsGlobal()->objects().newRegistrySearch();
+        search->setContext(m_module->ClsGlobal());
+        search->setConnection(&m_connection, m_connection.connectionString());
+        search->setCompany(m_module->ClsGlobal()->company().code);
+        search->setTitle(QStringLiteral("Ricerca agenti"));
+        search->setKind(host::GeneralRegistrySearch::AgentsAndFreeEntries);
+        search->run();
+        if (!search->selectedAgent().isEmpty())
+            showAgent(search->selectedAgent());
+    });
 
     auto* registry = m_form.add<Field>(QStringLiteral("TXT_ANAGEN"), Field::Kind::Numeric);
     registry->setCaption(QStringLiteral("Anagrafica generale"));

@@ -33,7 +33,8 @@ namespace tarvello::test {
 // opens its own connection at load and publishes it, its agent record frame
 // FME_GestAnagrafica1 sits on the form and is the module's ActiveFrame, and a modal show
 // waits until the form is unloaded. Its controls cover every kind the scenario commands
-// drive: a code field decoding a registry name (with a lookup list and a management key),
+// drive: the agent code (its extra menu item searches the general registry for an agent), a
+// code field decoding a registry name (with a lookup list and a management key),
 // a list, a check box, a numeric field refusing more than 100 with a message, a button
 // asking a question, the tab strip TAB_AGENTI, a menu button, the agents tree GRD_AGENTI
 // with a collapse picture, and INTERNAV, whose "Avanti" hands the agent back to a caller.

@@ -134,6 +134,47 @@ expect active no
               QStringLiteral("story.scenario: passed, 68 commands run"));
 }
 
+TEST_F(Scenarios, KeysSettingsAndTheActiveWindow)
+{
+    EXPECT_EQ(run(R"S(open
+key TXT_AGENTE Tab
+expect focus TXT_ANAGEN
+key TXT_ANAGEN Tab shift
+expect focus TXT_AGENTE
+key TXT_AGENTE Enter
+expect focus TXT_ANAGEN
+
+# A code that decodes to nothing is not valid, and the save is refused on it.
+type TXT_ANAGEN "999"
+leave
+expect valid TXT_ANAGEN no
+expect text LBL_RAGSOANAG ""
+toolbar save
+expect prompt "*"
+expect focus TXT_ANAGEN
+toolbar undo
+expect valid TXT_ANAGEN yes
+
+# The registry search of the agent code's extra item, and a row of the tree.
+answer agent "A003"
+mgmtkey TXT_AGENTE Kpers1
+expect prompt "Ricerca agenti"
+expect text TXT_AGENTE "A003"
+expect grid GRD_AGENTI row 1 MG17_AGENTE "A099"
+click GRD_AGENTI row 1
+expect text TXT_AGENTE "A099"
+expect tree current "A099"
+
+# The window stops and starts being the one the toolbar serves.
+deactivate
+expect active no
+activate
+expect active yes
+)S"),
+              0)
+        << all(failures) << all(notes);
+}
+
 TEST_F(Scenarios, AFailingCheckIsReportedWithItsLineAndWhatWasFoundAndStopsTheRun)
 {
     const int result = run(R"S(open
@@ -212,11 +253,18 @@ TEST_F(Scenarios, APromptWithNoQueuedAnswerTakesItsDefaultAndIsNoted)
 click CMD_DOMANDA
 expect text LBL_RISPOSTA "si"
 expect prompt "Procedere?" title "Conferma" style 36
+toolbar delete
+expect rows "SELECT * FROM MG17_AGENTI WHERE MG17_DITTA_CG18 = 1 AND MG17_AGENTE = 'A001'" 1
 )S");
     EXPECT_EQ(result, 0) << all(failures);
     EXPECT_TRUE(notes.contains(QStringLiteral(
         "story.scenario:2: note: the message box \"Procedere?\" took its default answer (yes): no "
         "answer was queued")))
+        << all(notes);
+    // The delete confirmation's default is No: the agent stays.
+    EXPECT_TRUE(notes.filter(QStringLiteral("story.scenario:5: note: the message box"))
+                    .value(0)
+                    .endsWith(QStringLiteral("took its default answer (no): no answer was queued")))
         << all(notes);
 }
 
