@@ -50,7 +50,6 @@ public:
     db::Connection& database() { return m_database; }
     services::ScriptedPrompts& prompts() { return m_prompts; }
     services::HostContext& host() { return *m_host; }
-    services::HostNavigator& toolbar() { return *m_toolbar; }
     void note(const QString& text) const { m_notes(text); }
 
     // Before any window opened, the host simply works for that company; afterwards the

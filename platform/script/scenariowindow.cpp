@@ -45,7 +45,6 @@ controls::Form* ScenarioWindow::findForm() const
 
 bool ScenarioWindow::adopt(services::UserPrompts& prompts)
 {
-    m_adopted = true;
     m_form = findForm();
     if (!m_form)
         return false;

@@ -49,13 +49,11 @@ public:
     ScenarioWindow& operator=(const ScenarioWindow&) = delete;
 
     host::Cinterface& module() const { return m_module->contract(); }
-    host::CalledModule& calledModule() const { return *m_module; }
 
     // The form the module's ActiveFrame sits on; nullptr when it has none.
     controls::Form* findForm() const;
     // Takes the screen the module showed as this window; false when it showed none.
     bool adopt(services::UserPrompts& prompts);
-    bool isAdopted() const { return m_adopted; }
     // The screen; nullptr before it was adopted or once its form was destroyed.
     controls::Form* form() const { return m_form; }
     bool isOpen() const;
@@ -93,7 +91,6 @@ private:
     QPointer<controls::Form> m_form;                         // Not owned: the screen's.
     std::unique_ptr<PromptLookups> m_lookups;                // Owned.
     std::unique_ptr<controls::ConnectionPool> m_connections; // Owned.
-    bool m_adopted = false;
     qsizetype m_statementsMatched = 0;
     std::optional<db::Value> m_transfer;
 };

@@ -66,8 +66,8 @@ private:
     struct Step {
         int line = 0;
         std::function<void()> run;
-        // The step may not return before its screen closes: the steps after it are started
-        // before it.
+        // The step may not return before its screen closes: the next step is scheduled before
+        // it runs, so the commands after it run while it waits.
         bool mayWait = false;
     };
     class Queue;
@@ -89,6 +89,7 @@ private:
     QList<Step> m_inserted;
     std::unique_ptr<Queue> m_queue;       // Owned.
     std::unique_ptr<Scenario> m_scenario; // Owned.
+    // The context of the queued steps: they are dropped with the runner.
     QObject m_events;
     bool m_scheduled = false;
     bool m_finished = false;
