@@ -13,7 +13,8 @@ HostContext::HostContext(UserPrompts& prompts, const QString& connectionString,
     , m_connectionString(connectionString)
     , m_company(company)
     , m_lookups(LookupCatalogue::standard())
-    , m_objects(prompts, m_lookups, *this) {
+    , m_objects(prompts, m_lookups, *this)
+{
     const std::pair<const char*, const char*> siblings[] = {
         {"Dorvanti.CLSCO_TABANAGGEN", "Anagrafiche generali"},
         {"Brendolo.CLSMG_STAGENTI", "Stampa agenti"},
@@ -26,15 +27,18 @@ HostContext::HostContext(UserPrompts& prompts, const QString& connectionString,
     }
 }
 
-void HostContext::setConnectionString(const QString& connectionString) {
+void HostContext::setConnectionString(const QString& connectionString)
+{
     m_connectionString = connectionString;
 }
 
-host::Cinterface* HostContext::parentWindowModule() const {
+host::Cinterface* HostContext::parentWindowModule() const
+{
     return m_parentWindowModule ? m_parentWindowModule : m_activeModule;
 }
 
-void HostContext::deregisterModule(host::Cinterface* module) {
+void HostContext::deregisterModule(host::Cinterface* module)
+{
     if (!module)
         return;
     for (host::Cinterface** held : {&m_activeModule, &m_secondModule, &m_parentWindowModule}) {
@@ -43,18 +47,20 @@ void HostContext::deregisterModule(host::Cinterface* module) {
     }
 }
 
-void HostContext::registerApplication(const host::ApplicationInfo& application) {
+void HostContext::registerApplication(const host::ApplicationInfo& application)
+{
     m_application = application;
 }
 
-std::unique_ptr<host::CalledModule>
-HostContext::createModule(const QString& programmaticIdentifier) {
+std::unique_ptr<host::CalledModule> HostContext::createModule(const QString& programmaticIdentifier)
+{
     return m_modules.create(programmaticIdentifier);
 }
 
 db::Value HostContext::startModule(host::Cinterface* reference,
                                    const QString& programmaticIdentifier,
-                                   const db::ValueList& arguments) {
+                                   const db::ValueList& arguments)
+{
     m_starts.append({programmaticIdentifier, reference != nullptr, arguments});
     std::unique_ptr<host::CalledModule> created;
     host::Cinterface* module = reference ? reference : m_secondModule;
@@ -69,7 +75,8 @@ db::Value HostContext::startModule(host::Cinterface* reference,
     return {};
 }
 
-std::unique_ptr<host::ManagementLauncher> HostContext::newManagementLauncher() {
+std::unique_ptr<host::ManagementLauncher> HostContext::newManagementLauncher()
+{
     return std::make_unique<HostLauncher>(m_prompts);
 }
 

@@ -11,11 +11,13 @@ constexpr int ModuleErrorStyle = 1 + 16;
 
 } // namespace
 
-void HostErrorLog::takeProviderErrors(const QList<db::ProviderError>& errors) {
+void HostErrorLog::takeProviderErrors(const QList<db::ProviderError>& errors)
+{
     m_providerErrors = errors;
 }
 
-QStringList HostErrorLog::takeErrorLines() {
+QStringList HostErrorLog::takeErrorLines()
+{
     QStringList lines;
     if (m_error) {
         lines << QStringLiteral("Errore n. %1: %2")
@@ -34,7 +36,8 @@ QStringList HostErrorLog::takeErrorLines() {
 }
 
 int HostErrorLog::reportWithChoice(const QString& applicationText, const QString& screenTitle,
-                                   const QString& procedure, int style, int& /*argument*/) {
+                                   const QString& procedure, int style, int& /*argument*/)
+{
     QStringList lines = takeErrorLines();
     lines << QStringLiteral("Procedura: %1").arg(procedure);
     if (!screenTitle.isEmpty())
@@ -46,7 +49,8 @@ int HostErrorLog::reportWithChoice(const QString& applicationText, const QString
 }
 
 void HostErrorLog::reportModuleError(const QString& module, const QString& location,
-                                     const QString& position, short& result) {
+                                     const QString& position, short& result)
+{
     QStringList lines{QStringLiteral("Errore nel modulo %1").arg(module),
                       QStringLiteral("Posizione: %1 (%2)").arg(location, position)};
     lines << takeErrorLines()
@@ -57,7 +61,8 @@ void HostErrorLog::reportModuleError(const QString& module, const QString& locat
     result = short(answer);
 }
 
-int HostErrorLog::message(const QString& text, int style, const QString& title) {
+int HostErrorLog::message(const QString& text, int style, const QString& title)
+{
     const int answer = m_prompts.messageBox(text, style, title);
     m_entries.append({text, style, title, answer});
     return answer;

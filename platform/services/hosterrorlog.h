@@ -20,7 +20,8 @@ public:
     };
 
     explicit HostErrorLog(UserPrompts& prompts)
-        : m_prompts(prompts) {}
+        : m_prompts(prompts)
+    {}
 
     void bind(host::Cinterface* module) override { m_module = module; }
     void takeRuntimeError(const db::RuntimeError& error) override { m_error = error; }

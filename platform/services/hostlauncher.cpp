@@ -9,7 +9,8 @@ namespace tarvello::services {
 
 namespace {
 
-QString programName(int program) {
+QString programName(int program)
+{
     if (program == HostLauncher::ClassificationTables)
         return QStringLiteral("Tabelle di classificazione agenti");
     return QStringLiteral("Programma %1").arg(program);
@@ -17,7 +18,8 @@ QString programName(int program) {
 
 // What the classification tables hand back when the person leaves without choosing: the
 // codes they were opened with, the table's own level first.
-db::ValueList openingCodes(const QString& parameters) {
+db::ValueList openingCodes(const QString& parameters)
+{
     db::ValueList codes;
     for (const auto& [name, value] : readParameters(parameters)) {
         if (name != QStringLiteral("CalledRamo"))
@@ -30,11 +32,13 @@ db::ValueList openingCodes(const QString& parameters) {
 } // namespace
 
 QString HostLauncher::addParameter(const QString& parameters, const QString& name,
-                                   const db::Value& value) const {
+                                   const db::Value& value) const
+{
     return appendParameter(parameters, name, value.toString());
 }
 
-db::Value HostLauncher::runProgram(int program, const QString& parameters, bool modal) {
+db::Value HostLauncher::runProgram(int program, const QString& parameters, bool modal)
+{
     QString details = parameters;
     if (!modal)
         details += QStringLiteral("\n(non modale)");

@@ -15,7 +15,8 @@ public:
     static constexpr int ClassificationTables = 2847;
 
     explicit HostLauncher(UserPrompts& prompts)
-        : m_prompts(prompts) {}
+        : m_prompts(prompts)
+    {}
 
     QString addParameter(const QString& parameters, const QString& name,
                          const db::Value& value) const override;

@@ -7,12 +7,14 @@
 
 namespace tarvello::services {
 
-void HostLookup::setParameter(const QString& name, const db::Value& value) {
+void HostLookup::setParameter(const QString& name, const db::Value& value)
+{
     m_parameters.insert(name.toUpper(), value);
 }
 
 QString HostLookup::bind(const LookupDefinition& definition, const QString& sql,
-                         const db::Value& code) const {
+                         const db::Value& code) const
+{
     if (sql.isEmpty())
         throw db::RuntimeError(
             db::RuntimeError::InvalidProcedureCall,
@@ -34,14 +36,16 @@ QString HostLookup::bind(const LookupDefinition& definition, const QString& sql,
     });
 }
 
-void HostLookup::describe(const LookupDefinition& definition) {
+void HostLookup::describe(const LookupDefinition& definition)
+{
     m_columns = definition.headings;
     m_title = definition.title;
     m_lookupId = definition.lookupId;
 }
 
 void HostLookup::prepareDecoding(const QString& definition, const db::Value& code,
-                                 const QString& descriptionControl) {
+                                 const QString& descriptionControl)
+{
     const LookupDefinition& d = m_catalogue.definition(definition);
     m_query = bind(d, d.decodeSql, code);
     m_targets.clear();
@@ -50,7 +54,8 @@ void HostLookup::prepareDecoding(const QString& definition, const db::Value& cod
     describe(d);
 }
 
-void HostLookup::prepareLookup(const QString& definition, int /*option*/) {
+void HostLookup::prepareLookup(const QString& definition, int /*option*/)
+{
     const LookupDefinition& d = m_catalogue.definition(definition);
     m_query = bind(d, d.listSql, {});
     m_targets.clear();

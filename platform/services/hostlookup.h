@@ -20,7 +20,8 @@ class HostLookup final : public host::LookupDecoder {
 public:
     HostLookup(const LookupCatalogue& catalogue, const host::GlobalContext& context)
         : m_catalogue(catalogue)
-        , m_context(context) {}
+        , m_context(context)
+    {}
 
     void bind(host::Cinterface* module) override { m_module = module; }
     void setParameter(const QString& name, const db::Value& value) override;

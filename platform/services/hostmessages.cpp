@@ -7,7 +7,8 @@ namespace tarvello::services {
 namespace {
 
 // Puts each parameter in its place in one pass, so a parameter holding "%2" stays as it is.
-QString placeParameters(const QString& text, const db::ValueList& parameters) {
+QString placeParameters(const QString& text, const db::ValueList& parameters)
+{
     QString result;
     result.reserve(text.size());
     for (qsizetype i = 0; i < text.size(); ++i) {
@@ -48,9 +49,11 @@ HostMessages::HostMessages()
           // customer code, customer
           {71476, QStringLiteral("L'agente non è tra gli agenti del cliente %1 - %2. "
                                  "Inserirlo comunque nel giro?")},
-      } {}
+      }
+{}
 
-QString HostMessages::message(int number, const db::ValueList& parameters) const {
+QString HostMessages::message(int number, const db::ValueList& parameters) const
+{
     const auto found = m_messages.constFind(number);
     if (found == m_messages.constEnd())
         throw db::RuntimeError(db::RuntimeError::InvalidProcedureCall,

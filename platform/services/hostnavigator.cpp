@@ -6,25 +6,30 @@
 namespace tarvello::services {
 
 HostNavigator::HostNavigator(HostContext& context)
-    : m_context(context) {}
+    : m_context(context)
+{}
 
-void HostNavigator::registerModule(host::Cinterface* module) {
+void HostNavigator::registerModule(host::Cinterface* module)
+{
     if (module && !m_modules.contains(module))
         m_modules.append(module);
 }
 
-FrameActions* HostNavigator::activeFrame() const {
+FrameActions* HostNavigator::activeFrame() const
+{
     const host::Cinterface* module = m_context.activeModule();
     return module ? dynamic_cast<FrameActions*>(module->ActiveFrame()) : nullptr;
 }
 
-void HostNavigator::update() {
+void HostNavigator::update()
+{
     if (const FrameActions* frame = activeFrame())
         setFrameStatus(frame->frameStatus());
     refresh();
 }
 
-bool HostNavigator::isEnabled(qint32 button) const {
+bool HostNavigator::isEnabled(qint32 button) const
+{
     switch (button) {
     case New:
     case Search:
@@ -38,7 +43,8 @@ bool HostNavigator::isEnabled(qint32 button) const {
     }
 }
 
-HostNavigator::Press HostNavigator::press(qint32 button) {
+HostNavigator::Press HostNavigator::press(qint32 button)
+{
     if (!isEnabled(button))
         return Press::Disabled;
     bool cancel = false;
@@ -49,7 +55,8 @@ HostNavigator::Press HostNavigator::press(qint32 button) {
     return Press::Done;
 }
 
-void HostNavigator::act(qint32 button) {
+void HostNavigator::act(qint32 button)
+{
     FrameActions* frame = activeFrame();
     if (!frame)
         return;
@@ -88,7 +95,8 @@ void HostNavigator::act(qint32 button) {
     update();
 }
 
-bool HostNavigator::changeCompany(const host::Company& company) {
+bool HostNavigator::changeCompany(const host::Company& company)
+{
     bool cancel = false;
     m_events.raise(&host::NavigatorEvents::BeforeChangeDitta, cancel);
     if (cancel)
@@ -98,17 +106,20 @@ bool HostNavigator::changeCompany(const host::Company& company) {
     return true;
 }
 
-QString HostNavigator::exportToOffice() {
+QString HostNavigator::exportToOffice()
+{
     OfficeExport exporter;
     m_events.raise(&host::NavigatorEvents::BeforeExportToOffice, exporter);
     return exporter.titoloMaster();
 }
 
-void HostNavigator::initializeLayoutObjectModel(ObjectModel& layout) {
+void HostNavigator::initializeLayoutObjectModel(ObjectModel& layout)
+{
     m_events.raise(&host::NavigatorEvents::InitializeLayoutObjectModel, layout);
 }
 
-void HostNavigator::initializeScriptObjectModel(ObjectModel& script) {
+void HostNavigator::initializeScriptObjectModel(ObjectModel& script)
+{
     m_events.raise(&host::NavigatorEvents::InitializeScriptObjectModel, script);
 }
 

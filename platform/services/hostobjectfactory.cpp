@@ -9,27 +9,33 @@
 
 namespace tarvello::services {
 
-std::unique_ptr<host::ErrorLog> HostObjectFactory::newErrorLog() {
+std::unique_ptr<host::ErrorLog> HostObjectFactory::newErrorLog()
+{
     return std::make_unique<HostErrorLog>(m_prompts);
 }
 
-std::unique_ptr<host::LookupDecoder> HostObjectFactory::newLookupDecoder() {
+std::unique_ptr<host::LookupDecoder> HostObjectFactory::newLookupDecoder()
+{
     return std::make_unique<HostLookup>(m_lookups, m_context);
 }
 
-std::unique_ptr<host::GeneralRegistrySearch> HostObjectFactory::newRegistrySearch() {
+std::unique_ptr<host::GeneralRegistrySearch> HostObjectFactory::newRegistrySearch()
+{
     return std::make_unique<RegistrySearch>(m_prompts);
 }
 
-std::unique_ptr<host::HyperMedia> HostObjectFactory::newHyperMedia() {
+std::unique_ptr<host::HyperMedia> HostObjectFactory::newHyperMedia()
+{
     return std::make_unique<MediaArchive>(m_prompts);
 }
 
-std::unique_ptr<host::DocumentPrintModes> HostObjectFactory::newDocumentPrintModes() {
+std::unique_ptr<host::DocumentPrintModes> HostObjectFactory::newDocumentPrintModes()
+{
     return std::make_unique<DocumentPrintModeTable>();
 }
 
-frame::GestAnagrafica* HostObjectFactory::newRecordFrame(QObject* parent) {
+frame::GestAnagrafica* HostObjectFactory::newRecordFrame(QObject* parent)
+{
     return new frame::GestAnagrafica(m_prompts, parent);
 }
 

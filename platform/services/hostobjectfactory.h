@@ -18,7 +18,8 @@ public:
                       const host::GlobalContext& context)
         : m_prompts(prompts)
         , m_lookups(lookups)
-        , m_context(context) {}
+        , m_context(context)
+    {}
 
     std::unique_ptr<host::ErrorLog> newErrorLog() override;
     std::unique_ptr<host::LookupDecoder> newLookupDecoder() override;

@@ -17,7 +17,8 @@ struct ParentLevel {
 
 LookupDefinition classification(const QString& name, const QString& title, const QString& lookupId,
                                 const QString& table, const QString& codeColumn,
-                                const QList<ParentLevel>& parents) {
+                                const QList<ParentLevel>& parents)
+{
     const QString prefix = table.left(table.indexOf(u'_'));
     const QString description = prefix + QStringLiteral("_DESCRIZIONE");
     QString filter = QStringLiteral(" FROM %1 WHERE %2_DITTA_CG18 = @DITTA").arg(table, prefix);
@@ -38,7 +39,8 @@ LookupDefinition classification(const QString& name, const QString& title, const
     return d;
 }
 
-QList<LookupDefinition> classifications() {
+QList<LookupDefinition> classifications()
+{
     const auto level = [](const char* parameter, const char* column) {
         return ParentLevel{QString::fromLatin1(parameter), QString::fromLatin1(column)};
     };
@@ -82,7 +84,8 @@ QList<LookupDefinition> classifications() {
     };
 }
 
-QList<LookupDefinition> agents() {
+QList<LookupDefinition> agents()
+{
     const QString fromAgents =
         QStringLiteral(" FROM MG17_AGENTI LEFT JOIN CG16_ANAGGEN ON CG16_CODICE = MG17_ANAGEN_CG16"
                        " WHERE MG17_DITTA_CG18 = @DITTA");
@@ -116,7 +119,8 @@ QList<LookupDefinition> agents() {
 
 // Customers (account kind 0) and suppliers (kind 1) of the company, named by their
 // general-registry entry.
-QList<LookupDefinition> accounts() {
+QList<LookupDefinition> accounts()
+{
     const QString fromAccounts =
         QStringLiteral(" FROM CG44_CLIFOR LEFT JOIN CG16_ANAGGEN ON CG16_CODICE = CG44_CODICE_CG16"
                        " WHERE CG44_DITTA_CG18 = @DITTA AND CG44_TIPOCF = %1");
@@ -160,7 +164,8 @@ QList<LookupDefinition> accounts() {
 LookupDefinition codeTable(const QString& name, const QString& title, const QString& lookupId,
                            const QStringList& headings, const QString& from,
                            const QString& codeColumn, const QString& description,
-                           ParameterKind codeKind) {
+                           ParameterKind codeKind)
+{
     LookupDefinition d;
     d.name = name;
     d.title = title;
@@ -177,7 +182,8 @@ LookupDefinition codeTable(const QString& name, const QString& title, const QStr
     return d;
 }
 
-QList<LookupDefinition> codeTables() {
+QList<LookupDefinition> codeTables()
+{
     LookupDefinition destinations = codeTable(
         QStringLiteral("LKP_DESTINAZIONI"), QStringLiteral("Elenco destinazioni del cliente"),
         QStringLiteral("Lkp_Destinazioni"),
@@ -209,7 +215,8 @@ QList<LookupDefinition> codeTables() {
 
 } // namespace
 
-ParameterKind LookupDefinition::kindOf(const QString& parameter) const {
+ParameterKind LookupDefinition::kindOf(const QString& parameter) const
+{
     if (parameter == QStringLiteral("DITTA"))
         return ParameterKind::Number;
     if (parameter == QStringLiteral("CODICE"))
@@ -221,7 +228,8 @@ ParameterKind LookupDefinition::kindOf(const QString& parameter) const {
     return ParameterKind::Text;
 }
 
-LookupCatalogue LookupCatalogue::standard() {
+LookupCatalogue LookupCatalogue::standard()
+{
     LookupCatalogue catalogue;
     for (const QList<LookupDefinition>& group :
          {agents(), classifications(), accounts(), codeTables()}) {
@@ -231,7 +239,8 @@ LookupCatalogue LookupCatalogue::standard() {
     return catalogue;
 }
 
-const LookupDefinition& LookupCatalogue::definition(const QString& name) const {
+const LookupDefinition& LookupCatalogue::definition(const QString& name) const
+{
     for (const LookupDefinition& d : m_definitions) {
         if (d.name.compare(name, Qt::CaseInsensitive) == 0)
             return d;

@@ -7,7 +7,8 @@ namespace tarvello::services {
 
 void MediaArchive::open(const db::Value& environment1, const db::Value& environment2,
                         const QString& connectionString, const db::Value& mediaId,
-                        qint32 parentWindow, int mode, int option) {
+                        qint32 parentWindow, int mode, int option)
+{
     const bool hasRecord = mediaId.looksNumeric() && mediaId.toInt64() != 0;
     const QString details =
         QStringLiteral("%1, %2, dati multimediali %3, finestra %4, %5, %6")

@@ -12,7 +12,8 @@ class UserPrompts;
 class MediaArchive final : public host::HyperMedia {
 public:
     explicit MediaArchive(UserPrompts& prompts)
-        : m_prompts(prompts) {}
+        : m_prompts(prompts)
+    {}
 
     void open(const db::Value& environment1, const db::Value& environment2,
               const QString& connectionString, const db::Value& mediaId, qint32 parentWindow,

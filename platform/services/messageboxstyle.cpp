@@ -4,7 +4,8 @@
 
 namespace tarvello::services {
 
-MessageBoxStyle MessageBoxStyle::fromNumber(int style) {
+MessageBoxStyle MessageBoxStyle::fromNumber(int style)
+{
     using namespace host;
     MessageBoxStyle result;
     switch (style & 0xF) {
@@ -50,7 +51,8 @@ MessageBoxStyle MessageBoxStyle::fromNumber(int style) {
     return result;
 }
 
-QString answerWord(int standardAnswer) {
+QString answerWord(int standardAnswer)
+{
     switch (standardAnswer) {
     case host::Ok:
         return QStringLiteral("ok");

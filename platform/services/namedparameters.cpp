@@ -6,13 +6,15 @@ namespace tarvello::services {
 
 namespace {
 
-bool isNameCharacter(QChar c) {
+bool isNameCharacter(QChar c)
+{
     return c.isLetterOrNumber() || c == u'_';
 }
 
 } // namespace
 
-QString parameterLiteral(const QString& name, ParameterKind kind, const db::Value& value) {
+QString parameterLiteral(const QString& name, ParameterKind kind, const db::Value& value)
+{
     if (kind == ParameterKind::Text)
         return db::quoted(value.toString());
     if (!value.looksNumeric() || value.kind() == db::Value::Kind::Boolean)
@@ -24,7 +26,8 @@ QString parameterLiteral(const QString& name, ParameterKind kind, const db::Valu
 }
 
 QString bindNamedParameters(const QString& sql,
-                            const std::function<QString(const QString& name)>& literalOf) {
+                            const std::function<QString(const QString& name)>& literalOf)
+{
     QString result;
     result.reserve(sql.size());
     bool inText = false;

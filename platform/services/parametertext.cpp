@@ -2,7 +2,8 @@
 
 namespace tarvello::services {
 
-QString appendParameter(const QString& parameters, const QString& name, const QString& value) {
+QString appendParameter(const QString& parameters, const QString& name, const QString& value)
+{
     QString escaped;
     for (const QChar c : value) {
         if (c == u'\\')
@@ -18,7 +19,8 @@ QString appendParameter(const QString& parameters, const QString& name, const QS
     return parameters.isEmpty() ? line : parameters + u'\n' + line;
 }
 
-QList<std::pair<QString, QString>> readParameters(const QString& parameters) {
+QList<std::pair<QString, QString>> readParameters(const QString& parameters)
+{
     QList<std::pair<QString, QString>> result;
     for (const QString& line : parameters.split(u'\n', Qt::SkipEmptyParts)) {
         const qsizetype equals = line.indexOf(u'=');

@@ -6,13 +6,15 @@ namespace tarvello::services {
 
 namespace {
 
-QString quotedWord(const QString& text) {
+QString quotedWord(const QString& text)
+{
     QString escaped = text;
     escaped.replace(u'\\', QStringLiteral("\\\\")).replace(u'"', QStringLiteral("\\\""));
     return u'"' + escaped + u'"';
 }
 
-QString questionWord(qint64 answer) {
+QString questionWord(qint64 answer)
+{
     switch (static_cast<QuestionAnswer>(answer)) {
     case QuestionAnswer::Si:
         return QStringLiteral("si");
@@ -28,71 +30,83 @@ QString questionWord(qint64 answer) {
 
 } // namespace
 
-PromptAnswer PromptAnswer::button(int standardAnswer) {
+PromptAnswer PromptAnswer::button(int standardAnswer)
+{
     PromptAnswer a(Kind::Button);
     a.m_number = standardAnswer;
     return a;
 }
 
-PromptAnswer PromptAnswer::question(QuestionAnswer answer) {
+PromptAnswer PromptAnswer::question(QuestionAnswer answer)
+{
     PromptAnswer a(Kind::Question);
     a.m_number = static_cast<qint64>(answer);
     return a;
 }
 
-PromptAnswer PromptAnswer::pickRow(int row) {
+PromptAnswer PromptAnswer::pickRow(int row)
+{
     PromptAnswer a(Kind::PickRow);
     a.m_number = row;
     return a;
 }
 
-PromptAnswer PromptAnswer::pickCode(const QString& code) {
+PromptAnswer PromptAnswer::pickCode(const QString& code)
+{
     PromptAnswer a(Kind::PickCode);
     a.m_text = code;
     return a;
 }
 
-PromptAnswer PromptAnswer::nothing() {
+PromptAnswer PromptAnswer::nothing()
+{
     return PromptAnswer(Kind::Nothing);
 }
 
-PromptAnswer PromptAnswer::agent(const QString& code) {
+PromptAnswer PromptAnswer::agent(const QString& code)
+{
     PromptAnswer a(Kind::Agent);
     a.m_text = code;
     return a;
 }
 
-PromptAnswer PromptAnswer::registry(qint64 code) {
+PromptAnswer PromptAnswer::registry(qint64 code)
+{
     PromptAnswer a(Kind::Registry);
     a.m_number = code;
     return a;
 }
 
-PromptAnswer PromptAnswer::route(const QString& code) {
+PromptAnswer PromptAnswer::route(const QString& code)
+{
     PromptAnswer a(Kind::Route);
     a.m_text = code;
     return a;
 }
 
-PromptAnswer PromptAnswer::customers(const QList<CustomerChoice>& customers) {
+PromptAnswer PromptAnswer::customers(const QList<CustomerChoice>& customers)
+{
     PromptAnswer a(Kind::Customers);
     a.m_customers = customers;
     return a;
 }
 
-PromptAnswer PromptAnswer::codes(const QStringList& codes) {
+PromptAnswer PromptAnswer::codes(const QStringList& codes)
+{
     PromptAnswer a(Kind::Codes);
     a.m_codes = codes;
     return a;
 }
 
-PromptAnswer PromptAnswer::transfer(const db::Value& value) {
+PromptAnswer PromptAnswer::transfer(const db::Value& value)
+{
     PromptAnswer a(Kind::Transfer);
     a.m_value = value;
     return a;
 }
 
-QString PromptAnswer::describe() const {
+QString PromptAnswer::describe() const
+{
     switch (m_kind) {
     case Kind::Button:
         return answerWord(int(m_number));

@@ -64,7 +64,8 @@ public:
 
 private:
     explicit PromptAnswer(Kind kind)
-        : m_kind(kind) {}
+        : m_kind(kind)
+    {}
 
     Kind m_kind;
     qint64 m_number = 0;

@@ -7,16 +7,19 @@
 namespace tarvello::services {
 
 RegistrySearch::RegistrySearch(UserPrompts& prompts)
-    : m_prompts(prompts) {}
+    : m_prompts(prompts)
+{}
 
 RegistrySearch::~RegistrySearch() = default;
 
-void RegistrySearch::setConnection(db::Connection* connection, const QString& connectionString) {
+void RegistrySearch::setConnection(db::Connection* connection, const QString& connectionString)
+{
     m_connection = connection;
     m_connectionString = connectionString;
 }
 
-db::Connection& RegistrySearch::connection() {
+db::Connection& RegistrySearch::connection()
+{
     if (m_connection)
         return *m_connection;
     if (!m_ownConnection) {
@@ -26,7 +29,8 @@ db::Connection& RegistrySearch::connection() {
     return *m_ownConnection;
 }
 
-bool RegistrySearch::listed(const PromptAnswer& answer) {
+bool RegistrySearch::listed(const PromptAnswer& answer)
+{
     const QString company = QString::number(m_company);
     QString sql;
     if (answer.kind() == PromptAnswer::Kind::Agent) {
@@ -46,7 +50,8 @@ bool RegistrySearch::listed(const PromptAnswer& answer) {
     return connection().execute(sql)->recordCount() > 0;
 }
 
-void RegistrySearch::run() {
+void RegistrySearch::run()
+{
     m_agent.clear();
     m_registryCode = db::Value();
     const PromptAnswer answer = m_prompts.registrySearch(m_title, m_kind, m_startText);

@@ -2,7 +2,8 @@
 
 namespace tarvello::services {
 
-std::optional<PromptAnswer> ScriptedPrompts::ask(const Prompt& prompt) {
+std::optional<PromptAnswer> ScriptedPrompts::ask(const Prompt& prompt)
+{
     if (!m_answers.isEmpty()) {
         m_repeatedDefaults = 0;
         return m_answers.dequeue();

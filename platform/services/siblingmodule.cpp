@@ -7,15 +7,18 @@ namespace tarvello::services {
 
 SiblingModule::SiblingModule(QString name, UserPrompts& prompts)
     : m_name(std::move(name))
-    , m_prompts(prompts) {}
+    , m_prompts(prompts)
+{}
 
-SiblingModule::~SiblingModule() {
+SiblingModule::~SiblingModule()
+{
     // The context may still hold this object as its active or second module.
     if (m_clsGlobal)
         m_clsGlobal->deregisterModule(this);
 }
 
-db::Value SiblingModule::ShowForm() {
+db::Value SiblingModule::ShowForm()
+{
     QStringList opened;
     for (const db::Value& value : m_callingData)
         opened << value.debugText();
@@ -33,7 +36,8 @@ db::Value SiblingModule::ShowForm() {
     return {};
 }
 
-db::Value SiblingModule::TransferData(const db::Value& Calling_parameters) {
+db::Value SiblingModule::TransferData(const db::Value& Calling_parameters)
+{
     m_dataTransfer.raise(&host::DataTransferEvents::DataTransfer, Calling_parameters);
     return {};
 }

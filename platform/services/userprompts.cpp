@@ -6,7 +6,8 @@
 
 namespace tarvello::services {
 
-QString promptKindName(PromptKind kind) {
+QString promptKindName(PromptKind kind)
+{
     switch (kind) {
     case PromptKind::MessageBox:
         return QStringLiteral("message box");
@@ -24,16 +25,19 @@ QString promptKindName(PromptKind kind) {
     return {};
 }
 
-QString Prompt::describe() const {
+QString Prompt::describe() const
+{
     return QStringLiteral("%1 \"%2\"").arg(promptKindName(kind), text);
 }
 
 PromptError::PromptError(const QString& message)
     : std::runtime_error(message.toStdString())
-    , m_message(message) {}
+    , m_message(message)
+{}
 
 PromptAnswer UserPrompts::answer(const Prompt& prompt, const PromptAnswer& defaultAnswer,
-                                 const std::function<bool(const PromptAnswer&)>& fits) {
+                                 const std::function<bool(const PromptAnswer&)>& fits)
+{
     const std::optional<PromptAnswer> given = ask(prompt);
     if (given && !fits(*given))
         throw PromptError(QStringLiteral("The %1 cannot take the answer %2")
@@ -44,8 +48,8 @@ PromptAnswer UserPrompts::answer(const Prompt& prompt, const PromptAnswer& defau
     return taken;
 }
 
-int UserPrompts::buttonAnswer(PromptKind kind, const QString& text, int style,
-                              const QString& title) {
+int UserPrompts::buttonAnswer(PromptKind kind, const QString& text, int style, const QString& title)
+{
     const MessageBoxStyle box = MessageBoxStyle::fromNumber(style);
     Prompt prompt;
     prompt.kind = kind;
@@ -57,15 +61,18 @@ int UserPrompts::buttonAnswer(PromptKind kind, const QString& text, int style,
                }).number());
 }
 
-int UserPrompts::messageBox(const QString& text, int style, const QString& title) {
+int UserPrompts::messageBox(const QString& text, int style, const QString& title)
+{
     return buttonAnswer(PromptKind::MessageBox, text, style, title);
 }
 
-int UserPrompts::report(const QString& text, int style, const QString& title) {
+int UserPrompts::report(const QString& text, int style, const QString& title)
+{
     return buttonAnswer(PromptKind::Report, text, style, title);
 }
 
-std::optional<QuestionAnswer> UserPrompts::question(const QString& text, const QString& title) {
+std::optional<QuestionAnswer> UserPrompts::question(const QString& text, const QString& title)
+{
     using Kind = PromptAnswer::Kind;
     Prompt prompt;
     prompt.kind = PromptKind::Question;
@@ -87,7 +94,8 @@ std::optional<QuestionAnswer> UserPrompts::question(const QString& text, const Q
 }
 
 std::optional<int> UserPrompts::lookupList(const QString& title, const QStringList& headings,
-                                           const QList<QStringList>& rows) {
+                                           const QList<QStringList>& rows)
+{
     using Kind = PromptAnswer::Kind;
     const auto rowOfCode = [&rows](const QString& code) -> std::optional<int> {
         for (int i = 0; i < rows.size(); ++i) {
@@ -121,7 +129,8 @@ std::optional<int> UserPrompts::lookupList(const QString& title, const QStringLi
     return std::nullopt;
 }
 
-PromptAnswer UserPrompts::registrySearch(const QString& title, int kind, const QString& startText) {
+PromptAnswer UserPrompts::registrySearch(const QString& title, int kind, const QString& startText)
+{
     using Kind = PromptAnswer::Kind;
     Prompt prompt;
     prompt.kind = PromptKind::RegistrySearch;
@@ -137,7 +146,8 @@ PromptAnswer UserPrompts::registrySearch(const QString& title, int kind, const Q
 }
 
 PromptAnswer UserPrompts::management(const QString& name, const QString& details,
-                                     const QList<PromptAnswer::Kind>& handsBack) {
+                                     const QList<PromptAnswer::Kind>& handsBack)
+{
     Prompt prompt;
     prompt.kind = PromptKind::Management;
     prompt.text = name;

@@ -14,7 +14,8 @@ constexpr long ObjectVariableNotSet = 91;
 
 } // namespace
 
-host::ErrorLog& ErrorReporter::log() const {
+host::ErrorLog& ErrorReporter::log() const
+{
     if (!m_log)
         throw db::RuntimeError(ObjectVariableNotSet,
                                QStringLiteral("Object variable or With block variable not set"),
@@ -22,20 +23,23 @@ host::ErrorLog& ErrorReporter::log() const {
     return *m_log;
 }
 
-void ErrorReporter::handOver(const db::RuntimeError& error) const {
+void ErrorReporter::handOver(const db::RuntimeError& error) const
+{
     log().takeRuntimeError(error);
     if (m_connection)
         log().takeProviderErrors(m_connection->errors());
 }
 
-int ErrorReporter::VisualizzaErrore(const QString& name, const db::RuntimeError& error) const {
+int ErrorReporter::VisualizzaErrore(const QString& name, const db::RuntimeError& error) const
+{
     handOver(error);
     int argument = 0;
     const QString title = m_screenTitle ? m_screenTitle() : QString();
     return log().reportWithChoice(m_applicationText, title, name, ReportStyle, argument);
 }
 
-short ErrorReporter::moduleError(const QString& location, const db::RuntimeError& error) const {
+short ErrorReporter::moduleError(const QString& location, const db::RuntimeError& error) const
+{
     handOver(error);
     short result = 0;
     log().reportModuleError(moduleName(), location, QStringLiteral("0_0_0_0"), result);

@@ -12,7 +12,8 @@ enum class Action { Retry, Skip, Abandon };
 // Runs the steps in order; a step failing with a run-time error is retried, skipped or ends
 // the procedure, as decide() says for that error.
 template <class Decide>
-Outcome runSteps(Steps steps, Decide decide) {
+Outcome runSteps(Steps steps, Decide decide)
+{
     for (const Step& step : steps) {
         for (;;) {
             try {
@@ -33,11 +34,13 @@ Outcome runSteps(Steps steps, Decide decide) {
 
 } // namespace
 
-Outcome ignoreEachStep(Steps steps) {
+Outcome ignoreEachStep(Steps steps)
+{
     return runSteps(steps, [](const db::RuntimeError&) { return Action::Skip; });
 }
 
-Outcome reportWithChoice(const ErrorReporter& reporter, const QString& name, Steps steps) {
+Outcome reportWithChoice(const ErrorReporter& reporter, const QString& name, Steps steps)
+{
     return runSteps(steps, [&](const db::RuntimeError& error) {
         switch (reporter.VisualizzaErrore(name, error)) {
         case host::Retry:
@@ -50,18 +53,21 @@ Outcome reportWithChoice(const ErrorReporter& reporter, const QString& name, Ste
     });
 }
 
-Outcome reportModuleError(const ErrorReporter& reporter, const QString& location, Steps steps) {
+Outcome reportModuleError(const ErrorReporter& reporter, const QString& location, Steps steps)
+{
     return runSteps(steps, [&](const db::RuntimeError& error) {
         return reporter.moduleError(location, error) == ErrorReporter::Abandon ? Action::Abandon
                                                                                : Action::Skip;
     });
 }
 
-Outcome leaveSilently(Steps steps) {
+Outcome leaveSilently(Steps steps)
+{
     return runSteps(steps, [](const db::RuntimeError&) { return Action::Abandon; });
 }
 
-db::RuntimeError withTrace(const db::RuntimeError& error, const QString& trace) {
+db::RuntimeError withTrace(const db::RuntimeError& error, const QString& trace)
+{
     return db::RuntimeError(error.number(), error.description(),
                             trace + QStringLiteral("\r\n") + error.source());
 }

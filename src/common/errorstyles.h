@@ -36,12 +36,14 @@ public:
         : m_run([f = std::move(f)]() mutable {
             f();
             return Flow::Next;
-        }) {}
+        })
+    {}
 
     template <std::invocable F>
     requires std::same_as<std::invoke_result_t<F&>, Flow>
     Step(F f) // NOLINT: steps are written as plain lambdas
-        : m_run(std::move(f)) {}
+        : m_run(std::move(f))
+    {}
 
     Flow operator()() const { return m_run(); }
 
@@ -78,7 +80,8 @@ Outcome leaveSilently(Steps steps);
 db::RuntimeError withTrace(const db::RuntimeError& error, const QString& trace);
 
 template <std::invocable F>
-std::invoke_result_t<F> passOn(const QString& trace, F&& body) {
+std::invoke_result_t<F> passOn(const QString& trace, F&& body)
+{
     try {
         return std::forward<F>(body)();
     } catch (const db::RuntimeError& error) {

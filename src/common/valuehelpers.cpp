@@ -8,7 +8,8 @@ namespace tarvello::agenti {
 
 namespace {
 
-db::Decimal decimalFromText(const QString& text) {
+db::Decimal decimalFromText(const QString& text)
+{
     const QLocale locale;
     QString digits = text.trimmed();
     const QString point = locale.decimalPoint();
@@ -24,7 +25,8 @@ db::Decimal decimalFromText(const QString& text) {
                            QStringLiteral("Type mismatch: \"%1\" is not a number").arg(text));
 }
 
-db::Value decimalOr(const db::Value& value, int blank) {
+db::Value decimalOr(const db::Value& value, int blank)
+{
     if (value.isBlank())
         return blank;
     if (value.kind() == db::Value::Kind::Text)
@@ -34,7 +36,8 @@ db::Value decimalOr(const db::Value& value, int blank) {
 
 } // namespace
 
-db::Value RTrimN(const db::Value& value) {
+db::Value RTrimN(const db::Value& value)
+{
     if (value.isBlank())
         return QString();
     QString text = value.toString();
@@ -45,15 +48,18 @@ db::Value RTrimN(const db::Value& value) {
     return text;
 }
 
-db::Value CDecN(const db::Value& value) {
+db::Value CDecN(const db::Value& value)
+{
     return decimalOr(value, 0);
 }
 
-db::Value CNegUno(const db::Value& value) {
+db::Value CNegUno(const db::Value& value)
+{
     return decimalOr(value, -1);
 }
 
-db::Value NvlN(const db::Value& value, const db::Value& defaultValue) {
+db::Value NvlN(const db::Value& value, const db::Value& defaultValue)
+{
     if (value.isEmpty() || value.isNull())
         return defaultValue;
     try {

@@ -10,7 +10,8 @@ namespace {
 constexpr long ObjectVariableNotSet = 91;
 
 // The value as the text a window title takes; Null and arrays have none.
-QString titleText(const db::Value& value) {
+QString titleText(const db::Value& value)
+{
     if (value.isNull())
         throw db::RuntimeError(db::RuntimeError::InvalidUseOfNull,
                                QStringLiteral("Invalid use of Null"));
@@ -18,7 +19,8 @@ QString titleText(const db::Value& value) {
 }
 
 // The module object behind a contract reference, as this class.
-CLSMG_AGENTI* asClass(host::Cinterface* module) {
+CLSMG_AGENTI* asClass(host::Cinterface* module)
+{
     if (!module)
         return nullptr;
     if (auto* object = dynamic_cast<CLSMG_AGENTI*>(module))
@@ -30,14 +32,17 @@ CLSMG_AGENTI* asClass(host::Cinterface* module) {
 
 CLSMG_AGENTI::CLSMG_AGENTI(AgentiScreenFactory screens)
     : m_screenFactory(std::move(screens))
-    , m_activeDll(this) {}
+    , m_activeDll(this)
+{}
 
-CLSMG_AGENTI::~CLSMG_AGENTI() {
+CLSMG_AGENTI::~CLSMG_AGENTI()
+{
     // The navigator outlives its modules: the subscription must end with the object.
     setActiveNavigator(nullptr);
 }
 
-void CLSMG_AGENTI::setActiveNavigator(host::Navigator* navigator) {
+void CLSMG_AGENTI::setActiveNavigator(host::Navigator* navigator)
+{
     if (m_activeNavigator)
         m_activeNavigator->events().unsubscribe(this);
     m_activeNavigator = navigator;
@@ -45,23 +50,28 @@ void CLSMG_AGENTI::setActiveNavigator(host::Navigator* navigator) {
         m_activeNavigator->events().subscribe(this);
 }
 
-void CLSMG_AGENTI::setWindowState(qint32 value) {
+void CLSMG_AGENTI::setWindowState(qint32 value)
+{
     ignoreEachStep({[&] { m_windowState = db::Value(value).toShort(); }});
 }
 
-void CLSMG_AGENTI::setProgramMode(qint32 value) {
+void CLSMG_AGENTI::setProgramMode(qint32 value)
+{
     ignoreEachStep({[&] { m_programMode = db::Value(value).toShort(); }});
 }
 
-void CLSMG_AGENTI::setTop(const db::Value& value) {
+void CLSMG_AGENTI::setTop(const db::Value& value)
+{
     ignoreEachStep({[&] { m_top = value.toInt(); }});
 }
 
-void CLSMG_AGENTI::setLeft(const db::Value& value) {
+void CLSMG_AGENTI::setLeft(const db::Value& value)
+{
     ignoreEachStep({[&] { m_left = value.toInt(); }});
 }
 
-db::Value CLSMG_AGENTI::ShowForm() {
+db::Value CLSMG_AGENTI::ShowForm()
+{
     const auto screen = [this]() -> AgentiScreen& {
         if (!m_screen)
             throw db::RuntimeError(ObjectVariableNotSet, QStringLiteral("Object variable not set"));
@@ -85,7 +95,8 @@ db::Value CLSMG_AGENTI::ShowForm() {
     return {};
 }
 
-db::Value CLSMG_AGENTI::TransferData(const db::Value& Calling_parameters) {
+db::Value CLSMG_AGENTI::TransferData(const db::Value& Calling_parameters)
+{
     ignoreEachStep({[&] {
         m_dataTransfer.raise(&host::DataTransferEvents::DataTransfer, Calling_parameters);
     }});

@@ -12,7 +12,8 @@ namespace tarvello::host {
 template <class Sink>
 class EventSource {
 public:
-    void subscribe(Sink* sink) {
+    void subscribe(Sink* sink)
+    {
         if (sink && !m_sinks.contains(sink))
             m_sinks.append(sink);
     }
@@ -21,7 +22,8 @@ public:
     qsizetype subscriberCount() const { return m_sinks.size(); }
 
     template <class... Params, class... Args>
-    void raise(void (Sink::*handler)(Params...), Args&&... args) {
+    void raise(void (Sink::*handler)(Params...), Args&&... args)
+    {
         const QList<Sink*> sinks = m_sinks;
         for (Sink* sink : sinks) {
             if (m_sinks.contains(sink))

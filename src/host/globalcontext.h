@@ -34,7 +34,8 @@ struct ApplicationInfo {
 };
 
 // The fixed arguments a module passes when it starts another module by identifier.
-inline db::ValueList startModuleArguments() {
+inline db::ValueList startModuleArguments()
+{
     return {-1, 2, 0, 0, 0, 0, -1, -1};
 }
 

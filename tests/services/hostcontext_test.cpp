@@ -2,7 +2,8 @@
 #include "platform/services/hostcontext.h"
 #include "platform/services/hostnavigator.h"
 #include "platform/services/scriptedprompts.h"
-#include "platform/services/siblingmodule.h"
+#include "src/host/calledmodule.h"
+#include "src/host/cinterface.h"
 
 #include <gtest/gtest.h>
 
@@ -97,16 +98,4 @@ TEST_F(Context, AReleasedModuleLeavesTheContext)
     }
     EXPECT_EQ(context.activeModule(), nullptr);
     EXPECT_EQ(context.secondModule(), nullptr);
-}
-
-TEST_F(Context, TheParentWindowIsTheActiveModuleUnlessSetApart)
-{
-    SiblingModule main(QStringLiteral("Menu"), prompts);
-    SiblingModule active(QStringLiteral("Agenti"), prompts);
-    context.setActiveModule(&active);
-    EXPECT_EQ(context.parentWindowModule(), &active);
-    context.setParentWindowModule(&main);
-    EXPECT_EQ(context.parentWindowModule(), &main);
-    context.deregisterModule(&main);
-    EXPECT_EQ(context.parentWindowModule(), &active);
 }

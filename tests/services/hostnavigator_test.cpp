@@ -199,15 +199,3 @@ TEST_F(Toolbar, AModuleUnsubscribedDuringAnEventGetsNoMore)
     toolbar.press(HostNavigator::Next);
     EXPECT_TRUE(second.seen.isEmpty());
 }
-
-TEST_F(Toolbar, TheScriptObjectHearsScreensOpenAndClose)
-{
-    host::NavigatorScript* script = navigator.scriptObject();
-    ASSERT_NE(script, nullptr);
-    script->formEvent(QStringLiteral("FRMMG_AGENTI"), 0, true, QStringLiteral("FRMMG_AGENTI"));
-    script->key(QStringLiteral("MG_AGENTI"));
-    EXPECT_EQ(navigator.scriptLog().lines(),
-              QStringList({"open FRMMG_AGENTI 0 FRMMG_AGENTI", "key MG_AGENTI"}));
-    navigator.setScriptObject(nullptr);
-    EXPECT_EQ(navigator.scriptObject(), nullptr);
-}
