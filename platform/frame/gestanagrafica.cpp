@@ -1,6 +1,6 @@
 #include "platform/frame/gestanagrafica.h"
 
-#include "platform/controls/field.h"
+#include "platform/controls/datacontrol.h"
 #include "platform/controls/grid.h"
 #include "platform/controls/navigator.h"
 #include "platform/db/connection.h"
@@ -167,13 +167,20 @@ void GestAnagrafica::setRecordset(db::RecordsetPtr recordset)
         }
         return;
     }
+    // Taken away and given back (around code walking its rows), the frame keeps its row.
+    const bool givenBack = recordset && recordset == m_released.lock();
     detach();
+    m_released = recordset ? std::weak_ptr<db::Recordset>() : m_recordset;
     m_recordset = std::move(recordset);
-    m_shown.reset();
-    m_returnTo.reset();
-    m_snapshot.clear();
-    if (m_recordset)
+    if (m_recordset && !givenBack) {
+        m_shown.reset();
+        m_returnTo.reset();
+        m_snapshot.clear();
+    }
+    if (m_recordset) {
         attach();
+        placeCursor();
+    }
     Q_EMIT recordsetChanged(m_recordset);
 }
 

@@ -12,6 +12,7 @@
 #include <QString>
 #include <QStringList>
 #include <functional>
+#include <memory>
 #include <optional>
 
 namespace tarvello::controls {
@@ -292,9 +293,10 @@ private:
     bool raise(Emit fire);
 
     FrameMessages m_messages;
-    QPointer<QObject> m_module;             // Not owned.
-    db::Connection* m_connection = nullptr; // Not owned.
-    db::RecordsetPtr m_recordset;           // Shared with the screen.
+    QPointer<QObject> m_module;              // Not owned.
+    db::Connection* m_connection = nullptr;  // Not owned.
+    db::RecordsetPtr m_recordset;            // Shared with the screen.
+    std::weak_ptr<db::Recordset> m_released; // Taken away by setRecordset(nullptr).
     QList<QMetaObject::Connection> m_recordsetConnections;
     QPointer<controls::Navigator> m_navigator; // Not owned.
     QPointer<controls::Grid> m_grid;           // Not owned.

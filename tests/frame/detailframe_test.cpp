@@ -194,6 +194,15 @@ TEST_P(DetailFrameTest, CodeWalkingTheRowsIsFollowedOnlyWhenTheFrameIsListening)
     EXPECT_EQ(quota->text(), QStringLiteral("10")) << "with the values written meanwhile";
     EXPECT_EQ(rows.absolutePosition(), 2);
 
+    // Taken away and given back, as the screen does around adding up the shares.
+    const db::RecordsetPtr taken = partners.recordset();
+    partners.setRecordset(nullptr);
+    for (rows.moveFirst(); !rows.eof(); rows.moveNext())
+        rows.value(u"MG18_PERQUOTA");
+    partners.setRecordset(taken);
+    EXPECT_EQ(rows.absolutePosition(), 2) << "its row is made current again";
+    EXPECT_EQ(codSocio->text(), QStringLiteral("2"));
+
     partners.detach();
     rows.moveFirst();
     EXPECT_EQ(codSocio->text(), QStringLiteral("2"));
