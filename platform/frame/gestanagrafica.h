@@ -122,7 +122,7 @@ public:
     // The control is bound to its data field (none for a control the frame only checks).
     void registerField(controls::DataControl* control);
     QList<controls::DataControl*> fields() const;
-    // The control whose column a search by key looks at; it must be registered.
+    // The control whose column a search by key looks at (registered here when it is not yet).
     void setKeyField(controls::DataControl* control);
     controls::DataControl* keyField() const;
     bool isMaster() const { return m_master; }
