@@ -1,0 +1,109 @@
+#include "databasesetup.h"
+#include "demoscreen.h"
+#include "platform/db/runtimeerror.h"
+#include "platform/gui/dialogprompts.h"
+#include "platform/gui/shellhost.h"
+#include "platform/gui/shellwindow.h"
+#include "platform/script/agentsmodule.h"
+#include "platform/script/promptlookups.h"
+#include "platform/script/scriptrunner.h"
+#include "platform/services/hostcontext.h"
+#include "shellarguments.h"
+#include "ui_frmdemo_agenti.h"
+
+#include <QApplication>
+#include <QMessageBox>
+#include <QTimer>
+#include <cstdio>
+
+namespace {
+
+using namespace tarvello;
+
+// The host's modules: the agents module, whose screen is for now the demonstration one.
+void registerModules(services::HostContext& context)
+{
+    script::registerAgentsModule(context.modules(), [&prompts = context.prompts()] {
+        return std::make_unique<app::DemoScreen>(prompts);
+    });
+}
+
+std::unique_ptr<QWidget> demoLayout()
+{
+    auto widget = std::make_unique<QWidget>();
+    Ui::FrmDemoAgenti layout;
+    layout.setupUi(widget.get());
+    return widget;
+}
+
+int runScenario(const app::ShellArguments& arguments, int argc, char** argv)
+{
+    QCoreApplication application(argc, argv);
+    script::ShellOptions options;
+    options.databasePath = arguments.databasePath;
+    options.connectionString = arguments.connectionString;
+    options.company = arguments.company;
+    options.demo = arguments.demo;
+    options.registerModules = registerModules;
+    return script::runScript(arguments.scriptFile, options);
+}
+
+// Opens the agents module, waits for the window to be drawn, saves its picture and quits.
+void takeScreenshot(gui::ShellWindow& window, const gui::ShellWindow::ModuleEntry& entry,
+                    const QString& file)
+{
+    QTimer::singleShot(0, &window, [&window, entry, file] {
+        window.openModule(entry);
+        QTimer::singleShot(500, &window, [&window, file] {
+            const bool saved = window.grab().save(file);
+            if (!saved)
+                std::fprintf(stderr, "Cannot write %s\n", qPrintable(file));
+            QCoreApplication::exit(saved ? 0 : 1);
+        });
+    });
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    QStringList commandLine;
+    for (int i = 0; i < argc; ++i)
+        commandLine << QString::fromLocal8Bit(argv[i]);
+    const app::ShellArguments arguments = app::parseShellArguments(commandLine);
+    if (!arguments.help.isEmpty()) {
+        std::fputs(qPrintable(arguments.help), stdout);
+        return 0;
+    }
+    if (!arguments.error.isEmpty()) {
+        std::fprintf(stderr, "tarvello: %s (see --help)\n", qPrintable(arguments.error));
+        return 2;
+    }
+    if (!arguments.scriptFile.isEmpty())
+        return runScenario(arguments, argc, argv);
+
+    QApplication application(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("tarvello"));
+    QApplication::setOrganizationName(QStringLiteral("Tarvello"));
+    gui::DialogPrompts prompts;
+    try {
+        gui::ShellHost host(prompts, app::prepareDatabase(arguments), arguments.company);
+        registerModules(host.context());
+        script::PromptLookups lookups(prompts);
+        gui::ShellWindow window(host, &lookups);
+        prompts.setParent(&window);
+        const gui::ShellWindow::ModuleEntry agents{QStringLiteral("Anagrafica agenti"),
+                                                   script::agentsModuleIdentifier()};
+        window.addModule(agents);
+        window.addScreenLayout(app::DemoScreen::formName(), demoLayout);
+        window.show();
+        if (!arguments.screenshotFile.isEmpty())
+            takeScreenshot(window, agents, arguments.screenshotFile);
+        return QApplication::exec();
+    } catch (const db::RuntimeError& error) {
+        QMessageBox::critical(
+            nullptr, QStringLiteral("Tarvello"),
+            QStringLiteral("Il database non si apre:\n%1").arg(error.description()));
+        return 1;
+    }
+}

@@ -1,0 +1,58 @@
+#pragma once
+
+#include "platform/controls/control.h"
+
+#include <QObject>
+#include <QPointer>
+#include <QWidget>
+
+namespace tarvello::gui {
+
+// Mirrors one control model on one widget. The model is the truth: the view shows its
+// enabled, visible and tool-tip state (and, for a data control, required and valid), and
+// hands what the person does to the model: keys go to the model's key-down first, and a
+// key the model swallows never reaches the widget. Focus moves are not the view's: the
+// FormView asks the model's FocusManager for them.
+//
+// Subclasses mirror what their kind of control adds (text, items, rows, pages).
+class ControlView : public QObject {
+    Q_OBJECT
+public:
+    ControlView(controls::Control& control, QWidget& widget);
+    ~ControlView() override;
+    ControlView(const ControlView&) = delete;
+    ControlView& operator=(const ControlView&) = delete;
+
+    controls::Control* control() const { return m_control; }
+    QWidget* widget() const { return m_widget; }
+    // The widget that holds the keyboard focus while the control has it.
+    virtual QWidget* focusTarget() const { return m_widget; }
+    // Called by the FormView when the control gained or lost the model focus.
+    virtual void focusMoved(bool hasFocus) { Q_UNUSED(hasFocus); }
+
+protected:
+    // The model of the view's kind; nullptr once the form went away.
+    template <class T>
+    T* model() const
+    {
+        return qobject_cast<T*>(m_control.data());
+    }
+    // Watches key presses of another widget of the view (a line edit inside a combo box).
+    void watchKeys(QWidget& widget);
+    // A key the model left alone (not swallowed, no default action of its own): true when
+    // the widget must not get it. Tab and Enter are the model's: it moves the focus on.
+    virtual bool keyIsModels(int keyCode, int shift) const;
+    // The tool tip shown: the model's, or why the value is not valid.
+    virtual QString toolTipText() const;
+    void showToolTip();
+
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void showDataState();
+
+    QPointer<controls::Control> m_control; // Not owned: the form's.
+    QPointer<QWidget> m_widget;            // Not owned: the widget tree's.
+};
+
+} // namespace tarvello::gui

@@ -1,0 +1,44 @@
+#pragma once
+
+#include "platform/services/userprompts.h"
+
+#include <QMessageBox>
+#include <QPointer>
+
+class QWidget;
+
+namespace tarvello::gui {
+
+// The user prompts of the shell: real modal dialogs. A message box and an error report are
+// QMessageBoxes with the buttons, icon and default button of their standard style number;
+// the question dialog, the lookup list, the registry search and the other managements get
+// dialogs of their own. What the person answers goes back as the prompt's answer; a dialog
+// closed without one (Esc on a list) answers nothing.
+class DialogPrompts final : public services::UserPrompts {
+public:
+    // Dialogs open over parent (which may be nullptr: over the active window).
+    explicit DialogPrompts(QWidget* parent = nullptr)
+        : m_parent(parent)
+    {}
+
+    void setParent(QWidget* parent) { m_parent = parent; }
+
+    // The message-box button giving a standard answer (Ok 1 ... No 7).
+    static QMessageBox::StandardButton buttonFor(int standardAnswer);
+    static QMessageBox::Icon iconFor(int style);
+
+protected:
+    std::optional<services::PromptAnswer> ask(const services::Prompt& prompt) override;
+
+private:
+    QWidget* parentWidget() const;
+    services::PromptAnswer askButton(const services::Prompt& prompt) const;
+    services::PromptAnswer askQuestion(const services::Prompt& prompt) const;
+    services::PromptAnswer askLookup(const services::Prompt& prompt) const;
+    services::PromptAnswer askRegistry(const services::Prompt& prompt) const;
+    services::PromptAnswer askManagement(const services::Prompt& prompt) const;
+
+    QPointer<QWidget> m_parent; // Not owned.
+};
+
+} // namespace tarvello::gui

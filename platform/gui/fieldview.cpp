@@ -1,0 +1,127 @@
+#include "platform/gui/fieldview.h"
+
+#include "platform/controls/field.h"
+#include "platform/controls/keycodes.h"
+
+#include <QAction>
+#include <QLineEdit>
+#include <QMenu>
+#include <QStyle>
+
+namespace tarvello::gui {
+
+namespace {
+
+// QLineEdit's own limit, standing for "no limit".
+constexpr int unlimited = 32767;
+
+} // namespace
+
+FieldView::FieldView(controls::Field& field, QLineEdit& edit)
+    : ControlView(field, edit)
+    , m_edit(edit)
+{
+    using controls::Field;
+    showText();
+    showMaxLength();
+    connect(&field, &Field::textChanged, this, &FieldView::showText);
+    connect(&field, &Field::displayFormatChanged, this, &FieldView::showText);
+    connect(&field, &Field::maxLengthChanged, this, &FieldView::showMaxLength);
+    connect(&field, &Field::validChanged, this, &FieldView::showToolTip);
+    connect(&edit, &QLineEdit::textEdited, this, &FieldView::takeTyping);
+    if (field.kind() == Field::Kind::Numeric)
+        edit.setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    if (field.kind() == Field::Kind::Code) {
+        QAction* search =
+            edit.addAction(edit.style()->standardIcon(QStyle::SP_FileDialogContentsView),
+                           QLineEdit::TrailingPosition);
+        search->setToolTip(tr("Cerca"));
+        connect(search, &QAction::triggered, this, &FieldView::openLookup);
+    }
+    edit.setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(&edit, &QWidget::customContextMenuRequested, this, &FieldView::showContextMenu);
+}
+
+void FieldView::focusMoved(bool hasFocus)
+{
+    Q_UNUSED(hasFocus);
+    showText();
+}
+
+bool FieldView::keyIsModels(int keyCode, int shift) const
+{
+    const auto* field = model<controls::Field>();
+    if (keyCode == controls::Key::Enter && field && field->isMultiLine())
+        return false;
+    return ControlView::keyIsModels(keyCode, shift);
+}
+
+QString FieldView::toolTipText() const
+{
+    const auto* field = model<controls::Field>();
+    if (field && !field->isValid() && !field->lastError().isEmpty())
+        return tr("Valore non valido: %1").arg(field->lastError());
+    return ControlView::toolTipText();
+}
+
+void FieldView::showText()
+{
+    const auto* field = model<controls::Field>();
+    if (!field)
+        return;
+    const QString shown = field->hasFocus() ? field->text() : field->displayText();
+    if (m_edit.text() == shown)
+        return;
+    const int cursor = m_edit.cursorPosition();
+    m_edit.setText(shown);
+    if (m_edit.hasFocus())
+        m_edit.setCursorPosition(qMin(cursor, int(shown.size())));
+}
+
+void FieldView::showMaxLength()
+{
+    if (const auto* field = model<controls::Field>())
+        m_edit.setMaxLength(field->maxLength() > 0 ? field->maxLength() : unlimited);
+}
+
+void FieldView::takeTyping(const QString& typed)
+{
+    if (auto* field = model<controls::Field>())
+        field->typeText(typed);
+    // The model may have refused or changed what was typed.
+    showText();
+}
+
+void FieldView::openLookup()
+{
+    auto* field = model<controls::Field>();
+    if (field && (field->hasFocus() || field->setFocus()))
+        field->openLookup();
+}
+
+void FieldView::showContextMenu(const QPoint& position)
+{
+    auto* field = model<controls::Field>();
+    if (!field)
+        return;
+    std::unique_ptr<QMenu> menu(m_edit.createStandardContextMenu());
+    if (field->hasManagementKey() || !field->menuItems().isEmpty())
+        menu->addSeparator();
+    if (field->hasManagementKey()) {
+        const QString caption = field->managementCaption();
+        menu->addAction(caption.isEmpty() ? tr("Gestione") : caption, this, [this] {
+            if (auto* f = model<controls::Field>())
+                f->pressManagementKey();
+        });
+    }
+    for (const controls::Field::MenuItem& item : field->menuItems()) {
+        QAction* action = menu->addAction(item.caption, this, [this, key = item.key] {
+            if (auto* f = model<controls::Field>())
+                f->chooseMenuItem(key);
+        });
+        action->setEnabled(item.enabled);
+    }
+    menu->exec(m_edit.mapToGlobal(position));
+}
+
+} // namespace tarvello::gui

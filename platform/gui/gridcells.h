@@ -1,0 +1,34 @@
+#pragma once
+
+#include <QList>
+#include <QVariant>
+
+namespace tarvello::controls {
+class Grid;
+}
+
+namespace tarvello::gui {
+
+// What an item model shows of a grid's cells: the visible columns of its layout, each
+// cell's text (as the grid gives it, after its text hook), alignment and picture, and the
+// column captions and widths.
+class GridCells {
+public:
+    explicit GridCells(controls::Grid& grid);
+
+    // Reads the column layout again.
+    void refresh();
+    int columnCount() const { return int(m_columns.size()); }
+    // The grid's column of a shown column.
+    int gridColumn(int shownColumn) const { return m_columns.value(shownColumn, -1); }
+    QVariant data(int row, int shownColumn, int role) const;
+    QVariant heading(int shownColumn, int role) const;
+    // The width in pixels of a shown column, from the layout's twips.
+    int width(int shownColumn) const;
+
+private:
+    controls::Grid& m_grid; // Not owned: the model's owner outlives it.
+    QList<int> m_columns;
+};
+
+} // namespace tarvello::gui

@@ -1,0 +1,13 @@
+#pragma once
+
+class QKeyEvent;
+
+namespace tarvello::gui {
+
+// The key code a control model's key-down handlers compare (the Windows virtual-key code:
+// 'A' is 65, F1 is 112, Enter 13); 0 for a key the models have no code for.
+int modelKeyCode(const QKeyEvent& event);
+// The models' modifier bits (Shift 1, Ctrl 2, Alt 4) of the event.
+int modelShift(const QKeyEvent& event);
+
+} // namespace tarvello::gui

@@ -1,0 +1,76 @@
+#include "platform/gui/screenwindow.h"
+
+#include "platform/controls/connectionpool.h"
+#include "platform/controls/control.h"
+#include "platform/controls/form.h"
+#include "platform/db/connection.h"
+#include "platform/gui/formbinder.h"
+#include "platform/gui/formview.h"
+#include "src/host/calledmodule.h"
+#include "src/host/cinterface.h"
+
+#include <QCloseEvent>
+#include <QTimer>
+
+namespace tarvello::gui {
+
+ScreenWindow::ScreenWindow(host::CalledModule& module, controls::Form& form, QWidget* content,
+                           controls::LookupPresenter* lookups)
+    : m_module(module)
+    , m_form(&form)
+    , m_view(FormBinder::bind(form, *content))
+{
+    setAttribute(Qt::WA_DeleteOnClose);
+    setWidget(content);
+    setWindowTitle(form.caption());
+    connect(&form, &controls::Form::captionChanged, this, &QWidget::setWindowTitle);
+    // Closing from inside the form's own unload would delete the window under its caller.
+    connect(&form, &controls::Form::unloaded, this, [this] {
+        if (!m_closing)
+            QTimer::singleShot(0, this, &QWidget::close);
+    });
+    if (!form.lookupPresenter() && lookups) {
+        m_lookups = lookups;
+        form.setLookupPresenter(lookups);
+    }
+    if (!form.connectionSource() && module.contract().Connection()) {
+        m_connections = std::make_unique<controls::ConnectionPool>();
+        m_connections->add(*module.contract().Connection());
+        form.setConnectionSource(m_connections.get());
+    }
+}
+
+ScreenWindow::~ScreenWindow()
+{
+    if (!m_form)
+        return;
+    if (m_connections && m_form->connectionSource() == m_connections.get())
+        m_form->setConnectionSource(nullptr);
+    if (m_lookups && m_form->lookupPresenter() == m_lookups)
+        m_form->setLookupPresenter(nullptr);
+}
+
+controls::Form* ScreenWindow::formOf(host::CalledModule& module)
+{
+    for (QObject* object = module.contract().ActiveFrame(); object; object = object->parent()) {
+        if (auto* form = qobject_cast<controls::Form*>(object))
+            return form;
+    }
+    return nullptr;
+}
+
+void ScreenWindow::closeEvent(QCloseEvent* event)
+{
+    if (m_form && m_form->isLoaded()) {
+        m_closing = true;
+        const bool unloaded = m_form->requestClose(controls::CloseMode::User);
+        m_closing = false;
+        if (!unloaded) {
+            event->ignore();
+            return;
+        }
+    }
+    QMdiSubWindow::closeEvent(event);
+}
+
+} // namespace tarvello::gui

@@ -1,0 +1,55 @@
+#pragma once
+
+#include "platform/controls/control.h"
+#include "platform/controls/form.h"
+
+#include <QMdiSubWindow>
+#include <QPointer>
+#include <memory>
+
+namespace tarvello::controls {
+class ConnectionPool;
+class LookupPresenter;
+} // namespace tarvello::controls
+
+namespace tarvello::host {
+class CalledModule;
+}
+
+namespace tarvello::gui {
+
+class FormView;
+
+// A module's screen inside the shell: the widget tree laid out for its form, bound to the
+// form, in an MDI window. Closing the window is the person's close request, which the form
+// may refuse; a form unloaded by code closes the window. The host gives the form what the
+// screen did not set up itself: the lookup lists, and the module's own connection for the
+// fields' decodings.
+class ScreenWindow final : public QMdiSubWindow {
+    Q_OBJECT
+public:
+    // content is laid out for form and bound here (BindingError when it does not fit).
+    ScreenWindow(host::CalledModule& module, controls::Form& form, QWidget* content,
+                 controls::LookupPresenter* lookups);
+    ~ScreenWindow() override;
+
+    host::CalledModule& module() const { return m_module; }
+    controls::Form* form() const { return m_form; }
+    FormView* formView() const { return m_view; }
+
+    // The form a module's screen is: the one its active record frame sits on.
+    static controls::Form* formOf(host::CalledModule& module);
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    host::CalledModule& m_module;    // Not owned: the shell host's.
+    QPointer<controls::Form> m_form; // Not owned: the module's screen's.
+    FormView* m_view;                // Owned by the content widget.
+    std::unique_ptr<controls::ConnectionPool> m_connections;
+    controls::LookupPresenter* m_lookups = nullptr; // Not owned: the shell's.
+    bool m_closing = false;
+};
+
+} // namespace tarvello::gui

@@ -1,0 +1,372 @@
+#include "platform/gui/shellwindow.h"
+
+#include "platform/controls/control.h"
+#include "platform/controls/form.h"
+#include "platform/controls/grid.h"
+#include "platform/db/runtimeerror.h"
+#include "platform/frame/gestanagrafica.h"
+#include "platform/gui/formbinder.h"
+#include "platform/gui/framecommands.h"
+#include "platform/gui/navigatoricons.h"
+#include "platform/gui/screenwindow.h"
+#include "platform/gui/shellhost.h"
+#include "platform/services/userprompts.h"
+#include "src/host/calledmodule.h"
+#include "src/host/cinterface.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QCloseEvent>
+#include <QComboBox>
+#include <QFile>
+#include <QFileDialog>
+#include <QLabel>
+#include <QMdiArea>
+#include <QMenuBar>
+#include <QMessageBox>
+#include <QStatusBar>
+#include <QStringConverter>
+#include <QTextStream>
+#include <QToolBar>
+#include <algorithm>
+
+namespace tarvello::gui {
+
+namespace {
+
+using Button = services::HostNavigator::Button;
+
+struct ToolbarButton {
+    qint32 number;
+    const char* key; // the navigator key text its icon is found by
+    const char* caption;
+    QKeySequence shortcut;
+};
+
+// The toolbar's buttons in their order; 0 stands for a separator.
+const QList<ToolbarButton>& toolbarButtons()
+{
+    static const QList<ToolbarButton> buttons = {
+        {Button::First, "Primo", "Primo", QKeySequence(Qt::CTRL | Qt::Key_Home)},
+        {Button::PreviousBranch, "Ramo precedente", "Ramo precedente",
+         QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_PageUp)},
+        {Button::Previous, "Precedente", "Precedente", QKeySequence(Qt::CTRL | Qt::Key_PageUp)},
+        {Button::Next, "Successivo", "Successivo", QKeySequence(Qt::CTRL | Qt::Key_PageDown)},
+        {Button::NextBranch, "Ramo successivo", "Ramo successivo",
+         QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_PageDown)},
+        {Button::Last, "Ultimo", "Ultimo", QKeySequence(Qt::CTRL | Qt::Key_End)},
+        {0, "", "", {}},
+        {Button::New, "Nuovo", "Nuovo", QKeySequence(Qt::CTRL | Qt::Key_N)},
+        {Button::Save, "Salva", "Salva", QKeySequence(Qt::CTRL | Qt::Key_S)},
+        {Button::Undo, "Annulla", "Annulla modifiche", QKeySequence(Qt::CTRL | Qt::Key_R)},
+        {Button::Delete, "Elimina", "Elimina", QKeySequence(Qt::CTRL | Qt::Key_Delete)},
+        {Button::Search, "Cerca", "Ricerca", QKeySequence(Qt::CTRL | Qt::Key_F)},
+        {0, "", "", {}},
+        {Button::Multimedia, "Multimedia", "Multimedia", QKeySequence(Qt::CTRL | Qt::Key_M)},
+    };
+    return buttons;
+}
+
+QString csvField(const QString& text)
+{
+    QString quotedText = text;
+    quotedText.replace(u'"', QStringLiteral("\"\""));
+    return u'"' + quotedText + u'"';
+}
+
+controls::Grid* firstGrid(const controls::Form& form)
+{
+    for (controls::Control* control : form.controls()) {
+        if (auto* grid = qobject_cast<controls::Grid*>(control); grid && grid->isVisible())
+            return grid;
+    }
+    return nullptr;
+}
+
+} // namespace
+
+ShellWindow::ShellWindow(ShellHost& host, controls::LookupPresenter* lookups, QWidget* parent)
+    : QMainWindow(parent)
+    , m_host(host)
+    , m_lookups(lookups)
+    , m_screens(new QMdiArea(this))
+{
+    setWindowTitle(tr("Tarvello"));
+    m_screens->setViewMode(QMdiArea::SubWindowView);
+    m_screens->setBackground(QColor(0x6b, 0x7b, 0x8c));
+    setCentralWidget(m_screens);
+    buildMenus();
+    buildToolbar();
+    m_statusText = new QLabel(this);
+    statusBar()->addPermanentWidget(m_statusText);
+    connect(m_screens, &QMdiArea::subWindowActivated, this, &ShellWindow::screenActivated);
+    fillCompanies();
+    showStatus();
+    showFrameState();
+    resize(1280, 800);
+}
+
+ShellWindow::~ShellWindow()
+{
+    // The screens let their modules go while the host is still there.
+    disconnect(m_frameConnection);
+    for (QMdiSubWindow* window : m_screens->subWindowList())
+        delete window;
+}
+
+void ShellWindow::closeEvent(QCloseEvent* event)
+{
+    m_screens->closeAllSubWindows();
+    const QList<QMdiSubWindow*> left = m_screens->subWindowList();
+    if (std::any_of(left.begin(), left.end(), [](const QWidget* w) { return w->isVisible(); }))
+        event->ignore();
+    else
+        event->accept();
+}
+
+void ShellWindow::buildMenus()
+{
+    QMenu* file = menuBar()->addMenu(tr("&File"));
+    file->addAction(tr("&Esci"), QKeySequence::Quit, this, &QWidget::close);
+    m_modulesMenu = menuBar()->addMenu(tr("&Gestioni"));
+    QMenu* windows = menuBar()->addMenu(tr("F&inestre"));
+    windows->addAction(tr("Affianca"), m_screens, &QMdiArea::tileSubWindows);
+    windows->addAction(tr("Sovrapponi"), m_screens, &QMdiArea::cascadeSubWindows);
+    windows->addAction(tr("Chiudi la finestra"), m_screens, &QMdiArea::closeActiveSubWindow);
+}
+
+void ShellWindow::buildToolbar()
+{
+    QToolBar* bar = addToolBar(tr("Navigatore"));
+    bar->setObjectName(QStringLiteral("navigator"));
+    bar->setMovable(false);
+    bar->setIconSize(QSize(20, 20));
+    for (const ToolbarButton& button : toolbarButtons()) {
+        if (button.number == 0) {
+            bar->addSeparator();
+            continue;
+        }
+        const QString caption = QString::fromUtf8(button.caption);
+        QAction* action =
+            bar->addAction(navigatorIcon(QString::fromUtf8(button.key), *style()), caption);
+        action->setShortcut(button.shortcut);
+        action->setToolTip(QStringLiteral("%1 (%2)").arg(
+            caption, button.shortcut.toString(QKeySequence::NativeText)));
+        connect(action, &QAction::triggered, this,
+                [this, number = button.number] { pressButton(number); });
+        m_buttons.insert(button.number, action);
+    }
+    m_export = bar->addAction(navigatorIcon(QStringLiteral("Esporta"), *style()), tr("Esporta"));
+    m_export->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_E));
+    m_export->setToolTip(
+        tr("Esporta la griglia (%1)").arg(m_export->shortcut().toString(QKeySequence::NativeText)));
+    connect(m_export, &QAction::triggered, this, &ShellWindow::exportActiveGrid);
+
+    bar->addSeparator();
+    bar->addWidget(new QLabel(tr(" Ditta: "), bar));
+    m_companies = new QComboBox(bar);
+    m_companies->setObjectName(QStringLiteral("companies"));
+    m_companies->setMinimumContentsLength(24);
+    m_companies->setFocusPolicy(Qt::ClickFocus);
+    bar->addWidget(m_companies);
+    connect(m_companies, &QComboBox::activated, this, &ShellWindow::switchCompany);
+}
+
+void ShellWindow::addModule(const ModuleEntry& entry)
+{
+    m_modulesMenu->addAction(entry.caption, this, [this, entry] { openModule(entry); });
+}
+
+void ShellWindow::addScreenLayout(const QString& formName, ScreenLayout layout)
+{
+    m_layouts.insert(formName, std::move(layout));
+}
+
+ScreenWindow* ShellWindow::openModule(const ModuleEntry& entry)
+{
+    host::CalledModule* module = nullptr;
+    try {
+        module = &m_host.openModule(entry.identifier, entry.caption, statusBar());
+        controls::Form* form = ScreenWindow::formOf(*module);
+        if (!form || !form->isLoaded())
+            throw BindingError(
+                tr("Il modulo %1 non ha aperto la sua maschera").arg(entry.identifier));
+        const ScreenLayout layout = m_layouts.value(form->name());
+        if (!layout)
+            throw BindingError(tr("La maschera %1 non ha un disegno").arg(form->name()));
+        std::unique_ptr<QWidget> content = layout();
+        const QSize designed = content->size();
+        auto* window = new ScreenWindow(*module, *form, content.get(), m_lookups);
+        content.release();
+        connect(window, &QObject::destroyed, this, [this, module] {
+            m_host.releaseModule(*module);
+            showFrameState();
+        });
+        m_screens->addSubWindow(window);
+        window->show();
+        // The size laid out in the designer, with the window's frame around it.
+        window->resize(designed + window->size() - window->widget()->size());
+        m_screens->setActiveSubWindow(window);
+        return window;
+    } catch (const db::RuntimeError& error) {
+        complain(entry.caption, error.description());
+    } catch (const BindingError& error) {
+        complain(entry.caption, error.message());
+    }
+    if (module)
+        m_host.releaseModule(*module);
+    return nullptr;
+}
+
+ScreenWindow* ShellWindow::activeScreen() const
+{
+    return qobject_cast<ScreenWindow*>(m_screens->activeSubWindow());
+}
+
+QObject* ShellWindow::activeFrame() const
+{
+    const ScreenWindow* screen = activeScreen();
+    return screen ? screen->module().contract().ActiveFrame() : nullptr;
+}
+
+void ShellWindow::screenActivated(QMdiSubWindow* window)
+{
+    // Every module hears whether it is now the one the navigator works for.
+    for (QMdiSubWindow* each : m_screens->subWindowList()) {
+        auto* screen = qobject_cast<ScreenWindow*>(each);
+        if (!screen || each == window)
+            continue;
+        screen->module().contract().setIsActive(false);
+        if (controls::Form* form = screen->form())
+            form->deactivate();
+    }
+    auto* screen = qobject_cast<ScreenWindow*>(window);
+    m_host.context().setActiveModule(screen ? &screen->module().contract() : nullptr);
+    if (screen) {
+        screen->module().contract().setIsActive(true);
+        if (controls::Form* form = screen->form())
+            form->activate();
+    }
+    disconnect(m_frameConnection);
+    if (auto* frame = qobject_cast<frame::GestAnagrafica*>(activeFrame()))
+        m_frameConnection = connect(frame, &frame::GestAnagrafica::stateChanged, this,
+                                    &ShellWindow::showFrameState);
+    showFrameState();
+}
+
+void ShellWindow::showFrameState()
+{
+    services::HostNavigator& navigator = m_host.navigator();
+    const std::optional<short> status = frameStatus(activeFrame());
+    if (status) {
+        navigator.setFrameStatus(*status);
+        navigator.refresh();
+    }
+    for (auto it = m_buttons.cbegin(); it != m_buttons.cend(); ++it)
+        it.value()->setEnabled(activeScreen() && navigator.isEnabled(it.key()));
+    m_export->setEnabled(activeScreen() != nullptr);
+}
+
+void ShellWindow::pressButton(qint32 button)
+{
+    if (!activeScreen())
+        return;
+    try {
+        if (m_host.navigator().press(button) == services::HostNavigator::Press::Done)
+            performFrameButton(activeFrame(), button);
+    } catch (const db::RuntimeError& error) {
+        complain(tr("Navigatore"), error.description());
+    } catch (const services::PromptError& error) {
+        complain(tr("Navigatore"), error.message());
+    }
+    showFrameState();
+}
+
+void ShellWindow::fillCompanies()
+{
+    const qint32 current = m_host.context().company().code;
+    m_companies->clear();
+    for (const host::Company& company : m_host.companies()) {
+        m_companies->addItem(QStringLiteral("%1 - %2").arg(company.code).arg(company.name),
+                             company.code);
+    }
+    m_companyIndex = m_companies->findData(current);
+    m_companies->setCurrentIndex(m_companyIndex);
+}
+
+void ShellWindow::switchCompany(int index)
+{
+    if (index == m_companyIndex)
+        return;
+    const host::Company company = m_host.company(m_companies->itemData(index).toInt());
+    bool changed = false;
+    try {
+        changed = m_host.navigator().changeCompany(company);
+    } catch (const db::RuntimeError& error) {
+        complain(tr("Cambio ditta"), error.description());
+    }
+    if (!changed) {
+        m_companies->setCurrentIndex(m_companyIndex);
+        statusBar()->showMessage(tr("Cambio ditta non eseguito"), 5000);
+        return;
+    }
+    m_companyIndex = index;
+    showStatus();
+    showFrameState();
+}
+
+void ShellWindow::exportActiveGrid()
+{
+    const ScreenWindow* screen = activeScreen();
+    controls::Grid* grid = screen && screen->form() ? firstGrid(*screen->form()) : nullptr;
+    if (!grid) {
+        complain(tr("Esporta"), tr("La finestra attiva non ha una griglia da esportare."));
+        return;
+    }
+    QString title = m_host.navigator().exportToOffice();
+    if (title.isEmpty())
+        title = screen->windowTitle();
+    const QString path = QFileDialog::getSaveFileName(
+        this, tr("Esporta"), title + QStringLiteral(".csv"), tr("Testo separato (*.csv)"));
+    if (path.isEmpty())
+        return;
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Text)) {
+        complain(tr("Esporta"), file.errorString());
+        return;
+    }
+    QTextStream out(&file);
+    out.setEncoding(QStringConverter::Utf8);
+    out << csvField(title) << '\n';
+    QStringList headings;
+    for (const controls::GridColumn& column : grid->columns()) {
+        if (column.visible && !column.isPicture())
+            headings << csvField(column.caption);
+    }
+    out << headings.join(u';') << '\n';
+    for (int row = 0; row < grid->rowCount(); ++row) {
+        QStringList cells;
+        for (int column = 0; column < grid->columnCount(); ++column) {
+            const controls::GridColumn& layout = grid->columns().at(column);
+            if (layout.visible && !layout.isPicture())
+                cells << csvField(grid->cellText(row, column));
+        }
+        out << cells.join(u';') << '\n';
+    }
+    statusBar()->showMessage(tr("Esportate %1 righe in %2").arg(grid->rowCount()).arg(path), 5000);
+}
+
+void ShellWindow::showStatus()
+{
+    const host::Company company = m_host.context().company();
+    m_statusText->setText(tr("Ditta %1 %2  |  %3")
+                              .arg(company.code)
+                              .arg(company.name, m_host.database().driverName()));
+}
+
+void ShellWindow::complain(const QString& title, const QString& text)
+{
+    m_host.prompts().messageBox(text, 16, title);
+}
+
+} // namespace tarvello::gui

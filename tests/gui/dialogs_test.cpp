@@ -1,0 +1,119 @@
+#include "platform/gui/dialogprompts.h"
+#include "platform/gui/lookupdialog.h"
+#include "src/host/errorlog.h"
+#include "widgettesting.h"
+
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTableView>
+#include <algorithm>
+#include <gtest/gtest.h>
+
+namespace tarvello::gui {
+namespace {
+
+// Yes/No with the question icon and the second button (No) as the default.
+constexpr int yesNoQuestionDefaultNo = 4 + 32 + 256;
+constexpr int abortRetryIgnore = 2 + 16;
+
+TEST(DialogPromptsTest, MessageBoxShowsTheStyleAndReturnsTheButtonClicked)
+{
+    DialogPrompts prompts;
+    QMessageBox::Icon icon = QMessageBox::NoIcon;
+    QMessageBox::StandardButton defaultButton = QMessageBox::NoButton;
+    QList<QMessageBox::StandardButton> offered;
+    test::whenModalShown([&](QWidget& dialog) {
+        auto& box = dynamic_cast<QMessageBox&>(dialog);
+        icon = box.icon();
+        defaultButton = box.standardButton(box.defaultButton());
+        for (QAbstractButton* button : box.buttons())
+            offered << box.standardButton(button);
+        box.button(QMessageBox::Yes)->click();
+    });
+    const int answer = prompts.messageBox(QStringLiteral("Eliminare l'agente?"),
+                                          yesNoQuestionDefaultNo, QStringLiteral("Conferma"));
+    EXPECT_EQ(answer, host::Yes);
+    EXPECT_EQ(icon, QMessageBox::Question);
+    EXPECT_EQ(defaultButton, QMessageBox::No);
+    EXPECT_EQ(offered.size(), 2);
+    EXPECT_TRUE(offered.contains(QMessageBox::Yes) && offered.contains(QMessageBox::No));
+    ASSERT_EQ(prompts.history().size(), 1);
+    EXPECT_EQ(prompts.history().first().title, QStringLiteral("Conferma"));
+    EXPECT_FALSE(prompts.history().first().defaulted);
+}
+
+TEST(DialogPromptsTest, ReportOffersAbortRetryIgnore)
+{
+    DialogPrompts prompts;
+    QList<QMessageBox::StandardButton> offered;
+    test::whenModalShown([&](QWidget& dialog) {
+        auto& box = dynamic_cast<QMessageBox&>(dialog);
+        for (QAbstractButton* button : box.buttons())
+            offered << box.standardButton(button);
+        box.button(QMessageBox::Retry)->click();
+    });
+    EXPECT_EQ(
+        prompts.report(QStringLiteral("Errore 3021"), abortRetryIgnore, QStringLiteral("Errore")),
+        host::Retry);
+    std::sort(offered.begin(), offered.end());
+    EXPECT_EQ(offered, (QList<QMessageBox::StandardButton>{QMessageBox::Abort, QMessageBox::Retry,
+                                                           QMessageBox::Ignore}));
+}
+
+TEST(DialogPromptsTest, QuestionDialogHasItsFourAnswers)
+{
+    DialogPrompts prompts;
+    QStringList captions;
+    test::whenModalShown([&](QWidget& dialog) {
+        for (const char* text : {"&Si", "&No", "S&i, sempre", "N&o, sempre"}) {
+            if (test::buttonWithText(dialog, QString::fromUtf8(text)))
+                captions << QString::fromUtf8(text);
+        }
+        test::buttonWithText(dialog, QStringLiteral("N&o, sempre"))->click();
+    });
+    const auto answer =
+        prompts.question(QStringLiteral("Il cliente è già nel giro"), QStringLiteral("Giri"));
+    EXPECT_EQ(captions.size(), 4);
+    EXPECT_EQ(answer, services::QuestionAnswer::Mai);
+}
+
+const QList<QStringList> agentRows = {
+    {QStringLiteral("A001"), QStringLiteral("Rossi Mario")},
+    {QStringLiteral("A002"), QStringLiteral("Bianchi Anna")},
+    {QStringLiteral("B001"), QStringLiteral("Rossetti Luca")},
+};
+
+// The search box narrows the rows as the person types; Enter picks among those shown.
+TEST(LookupDialogTest, SearchBoxNarrowsTheRowsAndEnterPicksTheHighlightedOne)
+{
+    LookupDialog dialog(QStringLiteral("Agenti"),
+                        {QStringLiteral("Codice"), QStringLiteral("Nome")}, agentRows);
+    ASSERT_TRUE(test::showActive(dialog));
+    EXPECT_EQ(dialog.shownRowCount(), 3);
+    test::keyClicks(&dialog.searchBox(), QStringLiteral("ROSS"));
+    EXPECT_EQ(dialog.shownRowCount(), 2) << "any column, ignoring case";
+    test::keyClick(&dialog.searchBox(), Qt::Key_Down);
+    test::keyClick(&dialog.searchBox(), Qt::Key_Return);
+    ASSERT_TRUE(dialog.chosenRow().has_value());
+    EXPECT_EQ(*dialog.chosenRow(), 2) << "the index among the rows given, not among those shown";
+    EXPECT_EQ(dialog.result(), QDialog::Accepted);
+}
+
+TEST(LookupDialogTest, ThroughThePromptsEscapeClosesWithoutAChoice)
+{
+    DialogPrompts prompts;
+    test::whenModalShown([](QWidget& dialog) {
+        auto* search = dialog.findChild<QLineEdit*>();
+        test::keyClicks(search, QStringLiteral("b0"));
+        test::keyClick(search, Qt::Key_Return);
+    });
+    EXPECT_EQ(prompts.lookupList(QStringLiteral("Agenti"), {}, agentRows), 2);
+
+    test::whenModalShown([](QWidget& dialog) { test::keyClick(&dialog, Qt::Key_Escape); });
+    EXPECT_EQ(prompts.lookupList(QStringLiteral("Agenti"), {}, agentRows), std::nullopt);
+    EXPECT_EQ(prompts.history().size(), 2);
+}
+
+} // namespace
+} // namespace tarvello::gui
