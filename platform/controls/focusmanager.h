@@ -1,11 +1,12 @@
 #pragma once
 
+#include "platform/controls/control.h"
+
 #include <QObject>
 #include <QPointer>
 
 namespace tarvello::controls {
 
-class Control;
 class Form;
 
 // Moves the focus between the controls of one form in the order a Windows form does: the

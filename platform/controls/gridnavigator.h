@@ -1,12 +1,12 @@
 #pragma once
 
+#include "platform/controls/grid.h"
 #include "platform/controls/navigator.h"
 
 #include <QPointer>
 
 namespace tarvello::controls {
 
-class Grid;
 
 // The navigator under a detail grid: "Nuovo", "Conferma", "Annulla", "Elimina", the moves
 // "Primo", "Precedente", "Successivo", "Ultimo", and "Apri", "Indietro", "Avanti".
