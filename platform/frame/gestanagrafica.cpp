@@ -1128,4 +1128,19 @@ std::optional<bool> GestAnagrafica::navigatorAction(controls::Navigator&, const 
     return std::nullopt;
 }
 
+bool GestAnagrafica::moveRecord(Move move)
+{
+    switch (move) {
+    case Move::First:
+        return moveFirst();
+    case Move::Previous:
+        return movePrevious();
+    case Move::Next:
+        return moveNext();
+    case Move::Last:
+        return moveLast();
+    }
+    return false;
+}
+
 } // namespace tarvello::frame

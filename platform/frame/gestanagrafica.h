@@ -5,6 +5,7 @@
 #include "platform/frame/fieldbindings.h"
 #include "platform/frame/frameeventargs.h"
 #include "platform/frame/framemessages.h"
+#include "platform/services/frameactions.h"
 
 #include <QList>
 #include <QObject>
@@ -87,7 +88,9 @@ namespace tarvello::frame {
 // Events (the host's names and arguments) are raised with direct connections; a handler that
 // throws db::RuntimeError has its error shown to the person and the operation is treated as
 // refused (a Before event) or carried on (an After event).
-class GestAnagrafica : public QObject, public controls::NavigatorTarget {
+class GestAnagrafica : public QObject,
+                       public controls::NavigatorTarget,
+                       public services::FrameActions {
     Q_OBJECT
 public:
     using Bookmark = db::Recordset::Bookmark;
@@ -167,13 +170,21 @@ public:
     void endBulkRewrite();
     bool inBulkRewrite() const { return m_bulkDepth > 0; }
 
+    // The host toolbar's actions on the active frame.
+    short frameStatus() const override { return short(status()); }
+    bool newRecord() override { return addNew(); }
+    bool saveRecord() override { return save(); }
+    bool undoRecord() override { return undo(); }
+    bool searchRecord() override { return searchCommand(); }
+    bool moveRecord(Move move) override;
+
     // Record operations; each answers whether it was carried out.
 
     bool addNew();
     bool save();
     bool undo();
     // Asks the person first.
-    bool deleteRecord();
+    bool deleteRecord() override;
     // Search entry (status 1): the fields empty, the focus on the key field.
     bool enterSearch();
     // Looks up the key written into the key column (fromKeyColumn) or typed into the key field

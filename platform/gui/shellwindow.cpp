@@ -6,7 +6,6 @@
 #include "platform/db/runtimeerror.h"
 #include "platform/frame/gestanagrafica.h"
 #include "platform/gui/formbinder.h"
-#include "platform/gui/framecommands.h"
 #include "platform/gui/navigatoricons.h"
 #include "platform/gui/screenwindow.h"
 #include "platform/gui/shellhost.h"
@@ -257,11 +256,7 @@ void ShellWindow::screenActivated(QMdiSubWindow* window)
 void ShellWindow::showFrameState()
 {
     services::HostNavigator& navigator = m_host.navigator();
-    const std::optional<short> status = frameStatus(activeFrame());
-    if (status) {
-        navigator.setFrameStatus(*status);
-        navigator.refresh();
-    }
+    navigator.update();
     for (auto it = m_buttons.cbegin(); it != m_buttons.cend(); ++it)
         it.value()->setEnabled(activeScreen() && navigator.isEnabled(it.key()));
     m_export->setEnabled(activeScreen() != nullptr);
@@ -272,8 +267,7 @@ void ShellWindow::pressButton(qint32 button)
     if (!activeScreen())
         return;
     try {
-        if (m_host.navigator().press(button) == services::HostNavigator::Press::Done)
-            performFrameButton(activeFrame(), button);
+        m_host.navigator().press(button);
     } catch (const db::RuntimeError& error) {
         complain(tr("Navigatore"), error.description());
     } catch (const services::PromptError& error) {

@@ -28,55 +28,6 @@ public:
     QString key() const override { return QStringLiteral("Anagrafica agenti"); }
 };
 
-namespace {
-
-using services::HostNavigator;
-
-// The toolbar's own work on a record frame that does not take the toolbar's actions itself.
-void actOnFrame(frame::GestAnagrafica& frame, qint32 button)
-{
-    switch (button) {
-    case HostNavigator::New:
-        frame.addNew();
-        break;
-    case HostNavigator::Save:
-        frame.save();
-        break;
-    case HostNavigator::Undo:
-        frame.undo();
-        break;
-    case HostNavigator::Delete:
-        frame.deleteRecord();
-        break;
-    case HostNavigator::Search:
-        frame.searchCommand();
-        break;
-    case HostNavigator::First:
-        frame.moveFirst();
-        break;
-    case HostNavigator::Previous:
-        frame.movePrevious();
-        break;
-    case HostNavigator::Next:
-        frame.moveNext();
-        break;
-    case HostNavigator::Last:
-        frame.moveLast();
-        break;
-    default:
-        break;
-    }
-}
-
-// A record frame the toolbar has to act on itself; nullptr for one that takes its actions.
-frame::GestAnagrafica* frameWithoutActions(QObject* object)
-{
-    auto* frame = qobject_cast<frame::GestAnagrafica*>(object);
-    return frame && !dynamic_cast<services::FrameActions*>(object) ? frame : nullptr;
-}
-
-} // namespace
-
 Scenario::Scenario(const ShellOptions& options, StepQueue& steps, Notes notes)
     : m_notes(std::move(notes))
     , m_steps(steps)
@@ -88,7 +39,7 @@ Scenario::Scenario(const ShellOptions& options, StepQueue& steps, Notes notes)
         companyFromDatabase(options.company.value_or(firstCompany()), std::nullopt);
     m_host =
         std::make_unique<services::HostContext>(m_prompts, m_database.connectionString(), company);
-    m_toolbar = std::make_unique<HostNavigator>(*m_host);
+    m_toolbar = std::make_unique<services::HostNavigator>(*m_host);
     m_host->setNavigator(m_toolbar.get());
     if (options.registerModules)
         options.registerModules(*m_host);
@@ -311,30 +262,22 @@ QObject* Scenario::activeFrame() const
 
 void Scenario::syncToolbar()
 {
-    if (const frame::GestAnagrafica* frame = frameWithoutActions(activeFrame())) {
-        m_toolbar->setFrameStatus(short(frame->status()));
-        m_toolbar->refresh();
-    } else {
-        m_toolbar->update();
-    }
+    m_toolbar->update();
 }
 
 void Scenario::pressToolbar(qint32 button)
 {
     syncToolbar();
     switch (m_toolbar->press(button)) {
-    case HostNavigator::Press::Disabled:
+    case services::HostNavigator::Press::Disabled:
         note(QStringLiteral("the toolbar button %1 is disabled: nothing happens").arg(button));
         return;
-    case HostNavigator::Press::TakenOver:
+    case services::HostNavigator::Press::TakenOver:
         return;
-    case HostNavigator::Press::Done:
+    case services::HostNavigator::Press::Done:
         break;
     }
-    if (frame::GestAnagrafica* frame = frameWithoutActions(activeFrame())) {
-        actOnFrame(*frame, button);
-        syncToolbar();
-    }
+    syncToolbar();
 }
 
 void Scenario::noteDefaultedPrompts()

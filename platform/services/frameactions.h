@@ -9,14 +9,15 @@ public:
     enum class Move { First, Previous, Next, Last };
 
     virtual ~FrameActions() = default;
+    // Each action answers whether it was carried out.
     // 0 an existing row is shown, 1 search entry, 2 a new row is being entered.
     virtual short frameStatus() const = 0;
-    virtual void newRecord() = 0;
-    virtual void saveRecord() = 0;
-    virtual void undoRecord() = 0;
-    virtual void deleteRecord() = 0;
-    virtual void searchRecord() = 0;
-    virtual void moveRecord(Move move) = 0;
+    virtual bool newRecord() = 0;
+    virtual bool saveRecord() = 0;
+    virtual bool undoRecord() = 0;
+    virtual bool deleteRecord() = 0;
+    virtual bool searchRecord() = 0;
+    virtual bool moveRecord(Move move) = 0;
 };
 
 } // namespace tarvello::services

@@ -58,20 +58,27 @@ private:
 class Frame final : public QObject, public FrameActions {
 public:
     short frameStatus() const override { return status; }
-    void newRecord() override
+    bool newRecord() override
     {
         actions << QStringLiteral("new");
         status = 2;
+        return true;
     }
-    void saveRecord() override
+    bool saveRecord() override
     {
         actions << QStringLiteral("save");
         status = 0;
+        return true;
     }
-    void undoRecord() override { actions << QStringLiteral("undo"); }
-    void deleteRecord() override { actions << QStringLiteral("delete"); }
-    void searchRecord() override { actions << QStringLiteral("search"); }
-    void moveRecord(Move move) override { actions << QStringLiteral("move %1").arg(int(move)); }
+    bool undoRecord() override { return record(QStringLiteral("undo")); }
+    bool deleteRecord() override { return record(QStringLiteral("delete")); }
+    bool searchRecord() override { return record(QStringLiteral("search")); }
+    bool moveRecord(Move move) override { return record(QStringLiteral("move %1").arg(int(move))); }
+    bool record(const QString& action)
+    {
+        actions << action;
+        return true;
+    }
 
     short status = 0;
     QStringList actions;
