@@ -239,7 +239,7 @@ void Recordset::setValue(QStringView field, const Value& value)
                            QStringLiteral("The recordset is read-only"));
     const int index = requireField(field);
     RowStore::Row& row = currentRowData();
-    if (row.values[index] == value && row.values[index].kind() == value.kind())
+    if (identical(row.values[index], value))
         return;
     if (row.status == RowStatus::Unmodified) {
         row.original = row.values;

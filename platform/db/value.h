@@ -100,6 +100,11 @@ private:
 };
 
 QString quoted(const QString& text);
+// Equal and of the same kind: 5 and 5.0 are equal values, but not identical ones.
+inline bool identical(const Value& a, const Value& b)
+{
+    return a.kind() == b.kind() && a == b;
+}
 
 } // namespace tarvello::db
 

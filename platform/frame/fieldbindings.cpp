@@ -8,16 +8,8 @@
 namespace tarvello::frame {
 
 using controls::DataControl;
+using db::identical;
 using db::Value;
-
-namespace {
-
-bool identical(const Value& a, const Value& b)
-{
-    return a.kind() == b.kind() && a == b;
-}
-
-} // namespace
 
 FieldBindings::FieldBindings(KindOf kindOf, QObject* parent)
     : QObject(parent)

@@ -13,14 +13,10 @@
 namespace tarvello::frame {
 
 using controls::DataControl;
+using db::identical;
 using db::Value;
 
 namespace {
-
-bool identical(const Value& a, const Value& b)
-{
-    return a.kind() == b.kind() && a == b;
-}
 
 QString captionOf(const DataControl* control)
 {
