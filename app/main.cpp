@@ -9,7 +9,9 @@
 #include "platform/script/scriptrunner.h"
 #include "platform/services/hostcontext.h"
 #include "shellarguments.h"
+#include "src/screen/frmmg_agenti.h"
 #include "ui_frmdemo_agenti.h"
+#include "ui_frmmg_agenti.h"
 
 #include <QApplication>
 #include <QMessageBox>
@@ -20,18 +22,24 @@ namespace {
 
 using namespace tarvello;
 
-// The host's modules: the agents module, whose screen is for now the demonstration one.
+// The host's modules: the agents module with its screen FRMMG_AGENTI.
 void registerModules(services::HostContext& context)
 {
-    script::registerAgentsModule(context.modules(), [&prompts = context.prompts()] {
-        return std::make_unique<app::DemoScreen>(prompts);
-    });
+    script::registerAgentsModule(context.modules(), agenti::FRMMG_AGENTI::fabbrica());
 }
 
 std::unique_ptr<QWidget> demoLayout()
 {
     auto widget = std::make_unique<QWidget>();
     Ui::FrmDemoAgenti layout;
+    layout.setupUi(widget.get());
+    return widget;
+}
+
+std::unique_ptr<QWidget> agentsLayout()
+{
+    auto widget = std::make_unique<QWidget>();
+    Ui::FrmMgAgenti layout;
     layout.setupUi(widget.get());
     return widget;
 }
@@ -96,6 +104,7 @@ int main(int argc, char** argv)
                                                    script::agentsModuleIdentifier()};
         window.addModule(agents);
         window.addScreenLayout(app::DemoScreen::formName(), demoLayout);
+        window.addScreenLayout(QStringLiteral("FRMMG_AGENTI"), agentsLayout);
         window.show();
         if (!arguments.screenshotFile.isEmpty())
             takeScreenshot(window, agents, arguments.screenshotFile);

@@ -189,9 +189,9 @@ void creaSchede(const Costruttore& c)
         schede->addPage(QString::fromUtf8(pagina));
 }
 
-void creaProvvigioni(const Costruttore& c)
+void creaRegime(const Costruttore& c)
 {
-    c.gruppo(QStringLiteral("FRA_PROVVIGIONI"), QStringLiteral("Provvigioni"));
+    c.gruppo(QStringLiteral("FRA_PROVVIGIONI"), QStringLiteral("Regime provvigioni"));
     obbligatorio(c.lista(QStringLiteral("CBO_REGPROV"), QStringLiteral("Regime provvigioni"),
                          QStringLiteral("MG17_REGIMEPROV"), 0));
     obbligatorio(c.numero(QStringLiteral("TXT_PERPROV"),
@@ -209,7 +209,11 @@ void creaProvvigioni(const Costruttore& c)
     c.testo(QStringLiteral("TXT_RCPROV"),
             QStringLiteral("Riga o colonna tabella provvigioni per elementi a matrice"),
             QStringLiteral("MG17_RIGACOLPROV"), 2);
+}
 
+void creaListini(const Costruttore& c)
+{
+    c.gruppo(QStringLiteral("FRA_LISTINI"), QStringLiteral("Listini e tabelle a più livelli"));
     // The settings below follow the regime chosen; the regime "No calcolo provv." leaves
     // them all disabled. Their columns are written by the screen itself, not bound.
     c.lista(QStringLiteral("CBO_INDTIPOLISFIX"), QStringLiteral("Tipo di listino fisso"), {}, 0)
@@ -257,8 +261,7 @@ void creaScontiMaggiorazioni(const Costruttore& c)
             QStringLiteral("Base imponibile per il calcolo delle provvigioni su maggiorazioni"),
             QStringLiteral("MG17_INDBASEIMPMAG"), 0)
         ->setEnabled(false);
-    c.casella(QStringLiteral("CHK_ADEGDELTA"),
-              QStringLiteral("Adeguamento provvigioni per il delta della riga documento"),
+    c.casella(QStringLiteral("CHK_ADEGDELTA"), QStringLiteral("Adeguamento al delta della riga"),
               QStringLiteral("MG17_FLGADEGDELTA"));
 }
 
@@ -298,7 +301,7 @@ void creaAgente(const Costruttore& c)
 
 void creaMandato(const Costruttore& c)
 {
-    c.gruppo(QStringLiteral("FRA_MANDATO"), QStringLiteral("Mandato"));
+    c.gruppo(QStringLiteral("FRA_MANDATO"), QStringLiteral("Rapporto e mandato"));
     c.lista(QStringLiteral("CBO_TIPOMAND"), QStringLiteral("Tipo di mandato"),
             QStringLiteral("MG17_TIPOMAND"), 0);
     c.lista(QStringLiteral("CBO_TIPORAPP"), QStringLiteral("Tipo rapporto"),
@@ -493,10 +496,11 @@ void creaControlliAgenti(controls::Form& form)
     creaTestata(c);
     creaAlbero(c);
     creaSchede(c);
-    creaProvvigioni(c);
+    creaRegime(c);
+    creaListini(c);
+    creaScontiMaggiorazioni(c);
     creaAgente(c);
     creaMandato(c);
-    creaScontiMaggiorazioni(c);
     creaEnasarco(c);
     creaFatturazione(c);
     creaSoci(c);

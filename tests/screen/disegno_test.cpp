@@ -1,0 +1,155 @@
+#include "platform/controls/button.h"
+#include "platform/controls/checkbox.h"
+#include "platform/controls/combobox.h"
+#include "platform/controls/field.h"
+#include "platform/controls/form.h"
+#include "platform/controls/label.h"
+#include "platform/controls/menubutton.h"
+#include "platform/controls/navigator.h"
+#include "platform/controls/panel.h"
+#include "platform/controls/picture.h"
+#include "platform/controls/tabstrip.h"
+#include "platform/controls/treegrid.h"
+#include "src/screen/layoutagenti.h"
+
+#include <QFile>
+#include <QHash>
+#include <QRegularExpression>
+#include <QXmlStreamReader>
+#include <gtest/gtest.h>
+
+namespace tarvello::test {
+
+namespace {
+
+// What the designer file says of one widget.
+struct Widget {
+    QString classe;
+    QString nome;
+    QString buddy;
+};
+
+// The widgets of the screen's designer file, in document order, and how many pages the tab
+// strip's widget holds.
+struct Disegno {
+    QList<Widget> widget;
+    QHash<QString, int> pagine;
+};
+
+Disegno leggiDisegno()
+{
+    QFile file(QStringLiteral(TARVELLO_SCHEMA_DIR "/../src/screen/frmmg_agenti.ui"));
+    if (!file.open(QIODevice::ReadOnly))
+        throw std::runtime_error("the designer file of the agents screen cannot be read");
+    Disegno disegno;
+    QXmlStreamReader xml(&file);
+    QStringList genitori;
+    while (!xml.atEnd()) {
+        xml.readNext();
+        if (xml.isStartElement() && xml.name() == u"widget") {
+            const QString nome = xml.attributes().value(QLatin1String("name")).toString();
+            if (!genitori.isEmpty())
+                ++disegno.pagine[genitori.last()];
+            disegno.widget.append(
+                {xml.attributes().value(QLatin1String("class")).toString(), nome, {}});
+            genitori.append(nome);
+        } else if (xml.isEndElement() && xml.name() == u"widget") {
+            genitori.removeLast();
+        } else if (xml.isStartElement() && xml.name() == u"property" &&
+                   xml.attributes().value(QLatin1String("name")) == u"buddy") {
+            xml.readNextStartElement();
+            disegno.widget.last().buddy = xml.readElementText();
+        }
+    }
+    if (xml.hasError())
+        throw std::runtime_error(xml.errorString().toStdString());
+    return disegno;
+}
+
+bool nominaControllo(const QString& nome)
+{
+    static const QRegularExpression maiuscole(QStringLiteral("^[A-Z][A-Z0-9_]*$"));
+    return maiuscole.match(nome).hasMatch();
+}
+
+// The widget classes that can show a kind of control, as the shell binds them.
+QStringList classiPer(const controls::Control& controllo)
+{
+    if (qobject_cast<const controls::TreeGrid*>(&controllo))
+        return {QStringLiteral("QTreeView")};
+    if (qobject_cast<const controls::Grid*>(&controllo))
+        return {QStringLiteral("QTableView")};
+    if (qobject_cast<const controls::Field*>(&controllo))
+        return {QStringLiteral("QLineEdit")};
+    if (qobject_cast<const controls::ComboBox*>(&controllo))
+        return {QStringLiteral("QComboBox")};
+    if (qobject_cast<const controls::CheckBox*>(&controllo))
+        return {QStringLiteral("QCheckBox")};
+    if (qobject_cast<const controls::Label*>(&controllo) ||
+        qobject_cast<const controls::Picture*>(&controllo))
+        return {QStringLiteral("QLabel")};
+    if (qobject_cast<const controls::Button*>(&controllo))
+        return {QStringLiteral("QPushButton"), QStringLiteral("QToolButton")};
+    if (qobject_cast<const controls::Panel*>(&controllo))
+        return {QStringLiteral("QGroupBox")};
+    if (qobject_cast<const controls::TabStrip*>(&controllo))
+        return {QStringLiteral("QTabWidget")};
+    if (qobject_cast<const controls::MenuButton*>(&controllo))
+        return {QStringLiteral("QToolButton")};
+    if (qobject_cast<const controls::Navigator*>(&controllo))
+        return {QStringLiteral("QWidget")};
+    return {};
+}
+
+class DisegnoAgenti : public ::testing::Test {
+protected:
+    DisegnoAgenti() { agenti::creaControlliAgenti(schermata); }
+
+    controls::Form schermata{QStringLiteral("FRMMG_AGENTI")};
+    const Disegno disegno = leggiDisegno();
+};
+
+// A widget named for a control the screen does not have, or of a kind that cannot show it,
+// stops the shell from opening the screen at all.
+TEST_F(DisegnoAgenti, EveryNamedWidgetShowsAControlOfItsKind)
+{
+    for (const Widget& widget : disegno.widget) {
+        if (!nominaControllo(widget.nome))
+            continue;
+        const controls::Control* controllo = schermata.control(widget.nome);
+        ASSERT_NE(controllo, nullptr) << widget.nome.toStdString();
+        EXPECT_TRUE(classiPer(*controllo).contains(widget.classe))
+            << widget.nome.toStdString() << " is a " << widget.classe.toStdString();
+    }
+}
+
+TEST_F(DisegnoAgenti, EveryControlIsPlacedOnceOnTheScreen)
+{
+    QHash<QString, int> posti;
+    for (const Widget& widget : disegno.widget)
+        ++posti[widget.nome];
+    for (const controls::Control* controllo : schermata.controls())
+        EXPECT_EQ(posti.value(controllo->name()), 1) << controllo->name().toStdString();
+}
+
+TEST_F(DisegnoAgenti, TheTabStripHasAPageForEachPageOfTheModel)
+{
+    EXPECT_EQ(disegno.pagine.value(QStringLiteral("TAB_AGENTI")),
+              schermata.find<controls::TabStrip>(u"TAB_AGENTI")->pageCount());
+}
+
+// A caption's access key reaches its field only through a buddy that exists.
+TEST_F(DisegnoAgenti, EveryCaptionIsTheBuddyOfAPlacedWidget)
+{
+    QStringList nomi;
+    for (const Widget& widget : disegno.widget)
+        nomi << widget.nome;
+    for (const Widget& widget : disegno.widget) {
+        if (!widget.buddy.isEmpty()) {
+            EXPECT_TRUE(nomi.contains(widget.buddy)) << widget.nome.toStdString();
+        }
+    }
+}
+
+} // namespace
+} // namespace tarvello::test
