@@ -6,6 +6,8 @@
 #include "schermatafixture.h"
 #include "src/tree/alberoagenti.h"
 
+#include <QTimer>
+
 namespace tarvello::test {
 
 namespace {
@@ -171,6 +173,24 @@ TEST_F(AttivazioneSchermata, ALaterActivationNeitherRepositionsNorRebuildsTheTre
     EXPECT_EQ(host->activeModule(), modulo.get());
     EXPECT_EQ(modulo->ActiveFrame(), &gestione(FRMMG_AGENTI::Agenti));
     EXPECT_EQ(toolbar->scriptLog().lines().size(), 1);
+}
+
+TEST_F(AttivazioneSchermata, AModalScreenOpensAtItsDesignSizeAndWaitsUntilItCloses)
+{
+    Apertura apertura;
+    apertura.modale = true;
+    apertura.top = 120;
+    apertura.left = 240;
+    bool apertaDuranteLAttesa = false;
+    QTimer::singleShot(0, [this, &apertaDuranteLAttesa] {
+        apertaDuranteLAttesa = schermata().isShown() && schermata().isModal();
+        schermata().requestClose();
+    });
+    apri(apertura);
+
+    EXPECT_TRUE(apertaDuranteLAttesa);
+    EXPECT_FALSE(schermata().isLoaded());
+    EXPECT_EQ(schermata().bounds(), QRect(240, 120, 14865, 9195));
 }
 
 TEST_F(AttivazioneSchermata, TellsTheToolbarTheStatusOfTheAgentFrame)

@@ -10,13 +10,16 @@
 #include "platform/controls/picture.h"
 #include "platform/controls/tabstrip.h"
 #include "platform/controls/treegrid.h"
+#include "src/screen/frmmg_messaggio.h"
 #include "src/screen/layoutagenti.h"
 
 #include <QFile>
 #include <QHash>
 #include <QRegularExpression>
 #include <QXmlStreamReader>
+#include <functional>
 #include <gtest/gtest.h>
+#include <memory>
 
 namespace tarvello::test {
 
@@ -36,11 +39,11 @@ struct Disegno {
     QHash<QString, int> pagine;
 };
 
-Disegno leggiDisegno()
+Disegno leggiDisegno(const QString& nomeFile)
 {
-    QFile file(QStringLiteral(TARVELLO_SCHEMA_DIR "/../src/screen/frmmg_agenti.ui"));
+    QFile file(QStringLiteral(TARVELLO_SCHEMA_DIR "/../src/screen/") + nomeFile);
     if (!file.open(QIODevice::ReadOnly))
-        throw std::runtime_error("the designer file of the agents screen cannot be read");
+        throw std::runtime_error("cannot read " + nomeFile.toStdString());
     Disegno disegno;
     QXmlStreamReader xml(&file);
     QStringList genitori;
@@ -101,17 +104,27 @@ QStringList classiPer(const controls::Control& controllo)
     return {};
 }
 
-class DisegnoAgenti : public ::testing::Test {
-protected:
-    DisegnoAgenti() { agenti::creaControlliAgenti(schermata); }
+// A screen's models and the designer file that lays them out.
+struct Maschera {
+    const char* file;
+    std::function<std::unique_ptr<controls::Form>()> crea;
+};
 
-    controls::Form schermata{QStringLiteral("FRMMG_AGENTI")};
-    const Disegno disegno = leggiDisegno();
+void PrintTo(const Maschera& maschera, std::ostream* os)
+{
+    *os << maschera.file;
+}
+
+class DisegnoAgenti : public ::testing::TestWithParam<Maschera> {
+protected:
+    const std::unique_ptr<controls::Form> maschera = GetParam().crea();
+    const controls::Form& schermata = *maschera;
+    const Disegno disegno = leggiDisegno(QString::fromLatin1(GetParam().file));
 };
 
 // A widget named for a control the screen does not have, or of a kind that cannot show it,
 // stops the shell from opening the screen at all.
-TEST_F(DisegnoAgenti, EveryNamedWidgetShowsAControlOfItsKind)
+TEST_P(DisegnoAgenti, EveryNamedWidgetShowsAControlOfItsKind)
 {
     for (const Widget& widget : disegno.widget) {
         if (!nominaControllo(widget.nome))
@@ -123,7 +136,7 @@ TEST_F(DisegnoAgenti, EveryNamedWidgetShowsAControlOfItsKind)
     }
 }
 
-TEST_F(DisegnoAgenti, EveryControlIsPlacedOnceOnTheScreen)
+TEST_P(DisegnoAgenti, EveryControlIsPlacedOnceOnTheScreen)
 {
     QHash<QString, int> posti;
     for (const Widget& widget : disegno.widget)
@@ -132,14 +145,17 @@ TEST_F(DisegnoAgenti, EveryControlIsPlacedOnceOnTheScreen)
         EXPECT_EQ(posti.value(controllo->name()), 1) << controllo->name().toStdString();
 }
 
-TEST_F(DisegnoAgenti, TheTabStripHasAPageForEachPageOfTheModel)
+TEST_P(DisegnoAgenti, EveryTabStripHasAPageForEachPageOfTheModel)
 {
-    EXPECT_EQ(disegno.pagine.value(QStringLiteral("TAB_AGENTI")),
-              schermata.find<controls::TabStrip>(u"TAB_AGENTI")->pageCount());
+    for (const controls::Control* controllo : schermata.controls()) {
+        if (const auto* schede = qobject_cast<const controls::TabStrip*>(controllo)) {
+            EXPECT_EQ(disegno.pagine.value(schede->name()), schede->pageCount());
+        }
+    }
 }
 
 // A caption's access key reaches its field only through a buddy that exists.
-TEST_F(DisegnoAgenti, EveryCaptionIsTheBuddyOfAPlacedWidget)
+TEST_P(DisegnoAgenti, EveryCaptionIsTheBuddyOfAPlacedWidget)
 {
     QStringList nomi;
     for (const Widget& widget : disegno.widget)
@@ -150,6 +166,24 @@ TEST_F(DisegnoAgenti, EveryCaptionIsTheBuddyOfAPlacedWidget)
         }
     }
 }
+
+INSTANTIATE_TEST_SUITE_P(
+    Maschere, DisegnoAgenti,
+    ::testing::Values(Maschera{"frmmg_agenti.ui",
+                               [] {
+                                   auto maschera = std::make_unique<controls::Form>(
+                                       QStringLiteral("FRMMG_AGENTI"));
+                                   agenti::creaControlliAgenti(*maschera);
+                                   return maschera;
+                               }},
+                      Maschera{"frmmg_messaggio.ui",
+                               [] {
+                                   return std::unique_ptr<controls::Form>(
+                                       std::make_unique<agenti::FRMMG_MESSAGGIO>());
+                               }}),
+    [](const ::testing::TestParamInfo<Maschera>& info) {
+        return QString::fromLatin1(info.param.file).section(u'.', 0, 0).toStdString();
+    });
 
 } // namespace
 } // namespace tarvello::test

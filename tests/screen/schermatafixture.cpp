@@ -66,6 +66,9 @@ agenti::CLSMG_AGENTI& SchermataTest::apri(const Apertura& apertura, qint32 codic
     modulo->setClsVoceMenu(&menu);
     modulo->setCaption(QStringLiteral("Anagrafica agenti"));
     modulo->setProgramMode(apertura.programMode);
+    modulo->setWindowModal(apertura.modale);
+    modulo->setTop(apertura.top);
+    modulo->setLeft(apertura.left);
     if (apertura.codiceChiamato || apertura.idChiamato) {
         modulo->setIsCalled(true);
         if (apertura.codiceChiamato) {

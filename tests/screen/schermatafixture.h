@@ -28,6 +28,9 @@ struct Apertura {
     std::optional<QString> codiceChiamato;
     std::optional<qint64> idChiamato;
     qint32 programMode = 0;
+    bool modale = false;
+    qint32 top = 0;
+    qint32 left = 0;
 };
 
 // The agents screen opened the way the host opens it, on a database file with the host's
