@@ -1,5 +1,4 @@
 #include "databasesetup.h"
-#include "demoscreen.h"
 #include "platform/db/runtimeerror.h"
 #include "platform/gui/dialogprompts.h"
 #include "platform/gui/shellhost.h"
@@ -10,7 +9,6 @@
 #include "platform/services/hostcontext.h"
 #include "shellarguments.h"
 #include "src/screen/frmmg_agenti.h"
-#include "ui_frmdemo_agenti.h"
 #include "ui_frmmg_agenti.h"
 
 #include <QApplication>
@@ -26,14 +24,6 @@ using namespace tarvello;
 void registerModules(services::HostContext& context)
 {
     script::registerAgentsModule(context.modules(), agenti::FRMMG_AGENTI::fabbrica());
-}
-
-std::unique_ptr<QWidget> demoLayout()
-{
-    auto widget = std::make_unique<QWidget>();
-    Ui::FrmDemoAgenti layout;
-    layout.setupUi(widget.get());
-    return widget;
 }
 
 std::unique_ptr<QWidget> agentsLayout()
@@ -103,7 +93,6 @@ int main(int argc, char** argv)
         const gui::ShellWindow::ModuleEntry agents{QStringLiteral("Anagrafica agenti"),
                                                    script::agentsModuleIdentifier()};
         window.addModule(agents);
-        window.addScreenLayout(app::DemoScreen::formName(), demoLayout);
         window.addScreenLayout(QStringLiteral("FRMMG_AGENTI"), agentsLayout);
         window.show();
         if (!arguments.screenshotFile.isEmpty())
