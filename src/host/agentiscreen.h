@@ -24,6 +24,14 @@ public:
     virtual void setTitle(const QString& title) = 0;
     // Modal: returns once the screen has closed. Modeless: returns at once, the screen open.
     virtual void show(bool modal) = 0;
+
+    // The host toolbar's moves, which walk the agents tree; a screen without one ignores them.
+    virtual void PrimoAgente() {}
+    virtual void PrecedenteRamoAgente() {}
+    virtual void PreviousAgente() {}
+    virtual void NextAgente() {}
+    virtual void ProssimoRamoAgente() {}
+    virtual void UltimoAgente() {}
 };
 
 using AgentiScreenFactory = std::function<std::unique_ptr<AgentiScreen>()>;

@@ -15,6 +15,7 @@
 #include "src/common/errorstyles.h"
 #include "src/common/valuehelpers.h"
 #include "src/data/sqlagenti.h"
+#include "src/detail/dettagliagente.h"
 #include "src/detail/grigliedettaglio.h"
 #include "src/host/clsmg_agenti.h"
 #include "src/host/errorlog.h"
@@ -26,7 +27,9 @@
 #include "src/screen/codiciagente.h"
 #include "src/screen/layoutagenti.h"
 #include "src/screen/listecodificate.h"
+#include "src/screen/schedaagente.h"
 #include "src/tree/alberoagenti.h"
+#include "src/tree/navigazioneagenti.h"
 
 #include <QEventLoop>
 
@@ -74,6 +77,9 @@ controls::Form::WindowState statoFinestra(short stato)
 FRMMG_AGENTI::FRMMG_AGENTI(QObject* parent)
     : controls::Form(QStringLiteral("FRMMG_AGENTI"), parent)
     , m_albero(std::make_unique<AlberoAgenti>(*this))
+    , m_dettagli(std::make_unique<DettagliAgente>(*this))
+    , m_scheda(std::make_unique<SchedaAgente>(*this))
+    , m_navigazione(std::make_unique<NavigazioneAgenti>(*this))
 {
     creaControlliAgenti(*this);
     m_errori.setScreenTitle([this] { return caption(); });
@@ -108,6 +114,36 @@ void FRMMG_AGENTI::show(bool modal)
     QEventLoop attesa;
     connect(this, &Form::unloaded, &attesa, &QEventLoop::quit);
     attesa.exec();
+}
+
+void FRMMG_AGENTI::PrimoAgente()
+{
+    m_navigazione->PrimoAgente();
+}
+
+void FRMMG_AGENTI::PrecedenteRamoAgente()
+{
+    m_navigazione->PrecedenteRamoAgente();
+}
+
+void FRMMG_AGENTI::PreviousAgente()
+{
+    m_navigazione->PreviousAgente();
+}
+
+void FRMMG_AGENTI::NextAgente()
+{
+    m_navigazione->NextAgente();
+}
+
+void FRMMG_AGENTI::ProssimoRamoAgente()
+{
+    m_navigazione->ProssimoRamoAgente();
+}
+
+void FRMMG_AGENTI::UltimoAgente()
+{
+    m_navigazione->UltimoAgente();
 }
 
 host::Cinterface& FRMMG_AGENTI::modulo() const
@@ -409,6 +445,9 @@ void FRMMG_AGENTI::Form_Load()
                     gestioniCollegate.addItem(QStringLiteral("Key_DatiDivisionali"),
                                               QStringLiteral("Dati divisionali"));
             },
+            [&] { m_dettagli->collega(); },
+            [&] { m_scheda->collega(); },
+            [&] { m_navigazione->collega(); },
         });
     if (esito == Outcome::Abandoned)
         unload();

@@ -32,7 +32,10 @@ class Navigator;
 namespace tarvello::agenti {
 
 class AlberoAgenti;
+class DettagliAgente;
 class ListeCodificate;
+class NavigazioneAgenti;
+class SchedaAgente;
 
 // How the host's id field finds the agent behind the id it holds (TXT_CAPOAREA and
 // TXT_CAPOZONA): set at load, let go at unload.
@@ -74,6 +77,13 @@ public:
     // Modal: waits in an event loop of its own until the screen has unloaded.
     void show(bool modal) override;
 
+    void PrimoAgente() override;
+    void PrecedenteRamoAgente() override;
+    void PreviousAgente() override;
+    void NextAgente() override;
+    void ProssimoRamoAgente() override;
+    void UltimoAgente() override;
+
     host::Cinterface* ActiveInterface() const { return m_activeInterface; }
     CLSMG_AGENTI* ActiveClass() const { return m_activeClass; }
 
@@ -109,6 +119,9 @@ public:
     bool Gbol_AlreadyLoaded() const { return m_giaCaricata; }
     ListeCodificate& liste() const { return *m_liste; }
     AlberoAgenti& albero() const { return *m_albero; }
+    DettagliAgente& dettagli() const { return *m_dettagli; }
+    SchedaAgente& scheda() const { return *m_scheda; }
+    NavigazioneAgenti& navigazione() const { return *m_navigazione; }
     // The settings of TXT_CAPOAREA or TXT_CAPOZONA; empty ones for any other name.
     ImpostazioniCampoId impostazioniCampoId(QStringView nome) const;
 
@@ -177,6 +190,9 @@ private:
     ErrorReporter m_errori;
     std::unique_ptr<ListeCodificate> m_liste;
     std::unique_ptr<AlberoAgenti> m_albero;
+    std::unique_ptr<DettagliAgente> m_dettagli;
+    std::unique_ptr<SchedaAgente> m_scheda;
+    std::unique_ptr<NavigazioneAgenti> m_navigazione;
 };
 
 } // namespace tarvello::agenti

@@ -79,6 +79,10 @@ void AlberoAgenti::CaricaAlberoAgenti()
     albero.setDataSource(m_albero);
 }
 
+void AlberoAgenti::GRD_AGENTI_Click() {}
+
+void AlberoAgenti::AggiornaAlberoAgente() {}
+
 void AlberoAgenti::posizionaSuAgente(const QString& codice)
 {
     if (!m_albero)

@@ -23,6 +23,10 @@ public:
     void CaricaAlberoAgenti();
 
     db::RecordsetPtr Grst_AlberoAgenti() const { return m_albero; }
+    // A click on the tree: the agent frame shows the agent of the tree's current row.
+    void GRD_AGENTI_Click();
+    // Rebuilds the tree after a save and brings its current row onto the agent on view.
+    void AggiornaAlberoAgente();
     // Brings the tree's current row onto the agent with that code, looking from the first row.
     void posizionaSuAgente(const QString& codice);
     // The grid lets go of the recordset, and the screen of both.
