@@ -18,4 +18,9 @@ void DettagliAgente::ClearChild() {}
 
 void DettagliAgente::RefreshChild() {}
 
+void DettagliAgente::setSociAggiungibili(bool aggiungibili)
+{
+    m_sociAggiungibili = aggiungibili;
+}
+
 } // namespace tarvello::agenti

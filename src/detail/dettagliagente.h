@@ -28,8 +28,16 @@ public:
     // Gives the rows held the current agent's id and each frame its query for that agent.
     void RefreshChild();
 
+    // A new partner row may be added; the setter also tells the partners' navigator.
+    bool SociAggiungibili() const { return m_sociAggiungibili; }
+    void setSociAggiungibili(bool aggiungibili);
+    // The code of the route whose detail is on view, right-trimmed; empty when none.
+    const QString& GiroCorrente() const { return m_giroCorrente; }
+
 private:
     FRMMG_AGENTI& m_schermata; // Not owned: the screen owns this.
+    bool m_sociAggiungibili = false;
+    QString m_giroCorrente;
 };
 
 } // namespace tarvello::agenti
