@@ -12,6 +12,7 @@
 #include "ui_frmmg_agenti.h"
 
 #include <QApplication>
+#include <QGuiApplication>
 #include <QMessageBox>
 #include <QTimer>
 #include <cstdio>
@@ -36,7 +37,11 @@ std::unique_ptr<QWidget> agentsLayout()
 
 int runScenario(const app::ShellArguments& arguments, int argc, char** argv)
 {
-    QCoreApplication application(argc, argv);
+    // Printouts lay text out with fonts, which need a graphical application; a run opens no
+    // window, so it needs no window system either.
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    QGuiApplication application(argc, argv);
     script::ShellOptions options;
     options.databasePath = arguments.databasePath;
     options.connectionString = arguments.connectionString;

@@ -7,9 +7,12 @@
 #include "src/host/registrysearch.h"
 
 #include <QApplication>
+#include <QDesktopServices>
+#include <QFileDialog>
 #include <QInputDialog>
 #include <QPushButton>
 #include <QRegularExpression>
+#include <QUrl>
 
 namespace tarvello::gui {
 
@@ -75,6 +78,8 @@ std::optional<PromptAnswer> DialogPrompts::ask(const services::Prompt& prompt)
         return askRegistry(prompt);
     case PromptKind::Management:
         return askManagement(prompt);
+    case PromptKind::FileChoice:
+        return askFile(prompt);
     }
     return std::nullopt;
 }
@@ -140,6 +145,23 @@ PromptAnswer DialogPrompts::askManagement(const services::Prompt& prompt) const
         text += QStringLiteral("\n\n") + prompt.details;
     QMessageBox::information(parentWidget(), prompt.title, text);
     return PromptAnswer::nothing();
+}
+
+PromptAnswer DialogPrompts::askFile(const services::Prompt& prompt) const
+{
+    const QString path = prompt.fileUse == services::FileUse::Save
+                             ? QFileDialog::getSaveFileName(parentWidget(), prompt.title,
+                                                            prompt.details, prompt.fileFilter)
+                             : QFileDialog::getOpenFileName(parentWidget(), prompt.title,
+                                                            prompt.details, prompt.fileFilter);
+    return path.isEmpty() ? PromptAnswer::nothing() : PromptAnswer::file(path);
+}
+
+void DialogPrompts::showDocument(const QString& path)
+{
+    if (!QDesktopServices::openUrl(QUrl::fromLocalFile(path)))
+        QMessageBox::information(parentWidget(), QObject::tr("Documento"),
+                                 QObject::tr("Il documento è stato salvato in %1.").arg(path));
 }
 
 } // namespace tarvello::gui

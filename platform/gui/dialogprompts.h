@@ -27,6 +27,9 @@ public:
     static QMessageBox::StandardButton buttonFor(int standardAnswer);
     static QMessageBox::Icon iconFor(int style);
 
+    // Opens the document in the desktop's viewer for its kind.
+    void showDocument(const QString& path) override;
+
 protected:
     std::optional<services::PromptAnswer> ask(const services::Prompt& prompt) override;
 
@@ -37,6 +40,7 @@ private:
     services::PromptAnswer askLookup(const services::Prompt& prompt) const;
     services::PromptAnswer askRegistry(const services::Prompt& prompt) const;
     services::PromptAnswer askManagement(const services::Prompt& prompt) const;
+    services::PromptAnswer askFile(const services::Prompt& prompt) const;
 
     QPointer<QWidget> m_parent; // Not owned.
 };

@@ -1,5 +1,6 @@
 #include "platform/services/hostcontext.h"
 
+#include "platform/services/agentsprintout.h"
 #include "platform/services/hostlauncher.h"
 #include "platform/services/siblingmodule.h"
 #include "src/host/calledmodule.h"
@@ -17,7 +18,6 @@ HostContext::HostContext(UserPrompts& prompts, const QString& connectionString,
 {
     const std::pair<const char*, const char*> siblings[] = {
         {"Dorvanti.CLSCO_TABANAGGEN", "Anagrafiche generali"},
-        {"Brendolo.CLSMG_STAGENTI", "Stampa agenti"},
         {"Caspello.CLSPA_PROVVSCONTI", "Tabelle provvigioni su sconti"},
     };
     for (const auto& [identifier, name] : siblings) {
@@ -25,6 +25,8 @@ HostContext::HostContext(UserPrompts& prompts, const QString& connectionString,
             return std::make_unique<SiblingModule>(title, m_prompts);
         });
     }
+    m_modules.add(QStringLiteral("Brendolo.CLSMG_STAGENTI"),
+                  [this] { return std::make_unique<AgentsPrintoutModule>(m_prompts); });
 }
 
 void HostContext::setConnectionString(const QString& connectionString)

@@ -17,8 +17,8 @@ namespace tarvello::services {
 class UserPrompts;
 
 // The host's global context. It knows the other modules of the host by identifier: the
-// general registry, the printouts and the commission-on-discount tables are there from the
-// start, as managements the person answers through the prompts.
+// agents' printouts are there from the start, and so are the general registry and the
+// commission-on-discount tables, as managements the person answers through the prompts.
 class HostContext final : public host::GlobalContext {
 public:
     // A module the host ran by identifier.

@@ -3,31 +3,53 @@
 #include "platform/db/connection.h"
 #include "platform/services/userprompts.h"
 
+#include <QFileInfo>
+
 namespace tarvello::services {
+
+namespace {
+
+const QString Title = QStringLiteral("Archivio multimediale");
+
+// The environment values and the settings say who opened the archive and how; this archive
+// has one way of working, so it only records who attached a file.
+QString attachedBy(const db::Value& user, const db::Value& workstation)
+{
+    const QString who = user.toString().trimmed();
+    const QString where = workstation.toString().trimmed();
+    if (who.isEmpty() && where.isEmpty())
+        return QStringLiteral("Dati multimediali");
+    return QStringLiteral("Dati multimediali di %1 (%2)").arg(who, where);
+}
+
+} // namespace
 
 void MediaArchive::open(const db::Value& environment1, const db::Value& environment2,
                         const QString& connectionString, const db::Value& mediaId,
-                        qint32 parentWindow, int mode, int option)
+                        qint32 /*parentWindow*/, int /*mode*/, int /*option*/)
 {
-    const bool hasRecord = mediaId.looksNumeric() && mediaId.toInt64() != 0;
-    const QString details =
-        QStringLiteral("%1, %2, dati multimediali %3, finestra %4, %5, %6")
-            .arg(environment1.toString(), environment2.toString(), mediaId.debugText())
-            .arg(parentWindow)
-            .arg(mode)
-            .arg(option);
-    const PromptAnswer answer = m_prompts.management(
-        QStringLiteral("Archivio multimediale"), details,
-        hasRecord ? QList<PromptAnswer::Kind>{} : QList{PromptAnswer::Kind::Transfer});
-    if (answer.kind() != PromptAnswer::Kind::Transfer)
-        return;
     db::Connection connection;
     connection.open(connectionString);
-    const db::Value created =
-        connection.insertRow(QStringLiteral("CG99_MULTIMEDIA"),
-                             {QStringLiteral("CG99_NOMEFILE"), QStringLiteral("CG99_DESCRIZIONE")},
-                             {answer.value().toString(), QStringLiteral("Dati multimediali")},
-                             QStringLiteral("CG99_IDMEDIA"));
+    if (mediaId.looksNumeric() && mediaId.toInt64() != 0) {
+        const db::ResultSet recorded = connection.run(
+            QStringLiteral("SELECT CG99_PERCORSO FROM CG99_MULTIMEDIA WHERE CG99_IDMEDIA = ?"),
+            {mediaId.toInt64()});
+        if (!recorded.rows.isEmpty() && !recorded.rows.first().first().isNull())
+            m_prompts.showDocument(recorded.rows.first().first().toString());
+        return;
+    }
+    const std::optional<QString> chosen =
+        m_prompts.chooseFile(Title, FileUse::Open, QString(), QString());
+    if (!chosen)
+        return;
+    const QFileInfo file(*chosen);
+    const db::Value created = connection.insertRow(
+        QStringLiteral("CG99_MULTIMEDIA"),
+        {QStringLiteral("CG99_NOMEFILE"), QStringLiteral("CG99_PERCORSO"),
+         QStringLiteral("CG99_DESCRIZIONE")},
+        {file.fileName(), file.absoluteFilePath(), attachedBy(environment1, environment2)},
+        QStringLiteral("CG99_IDMEDIA"));
+    connection.close();
     m_events.raise(&host::HyperMediaEvents::AfterMediaCreate, created);
 }
 

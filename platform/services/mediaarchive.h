@@ -6,9 +6,10 @@ namespace tarvello::services {
 
 class UserPrompts;
 
-// The host's multimedia archive. Opening it is a management the person works in; opened
-// for an object that has no media record yet, a file the person adds there creates the
-// record (in CG99_MULTIMEDIA) and the archive raises AfterMediaCreate with its id.
+// The host's multimedia archive (CG99_MULTIMEDIA). Opened for an object that has no media
+// record yet, it asks the person for the file to attach, records it and raises
+// AfterMediaCreate with the new record's id; nothing chosen, nothing is recorded. Opened on
+// an existing record, it shows the file recorded there.
 class MediaArchive final : public host::HyperMedia {
 public:
     explicit MediaArchive(UserPrompts& prompts)

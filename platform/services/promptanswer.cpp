@@ -105,6 +105,13 @@ PromptAnswer PromptAnswer::transfer(const db::Value& value)
     return a;
 }
 
+PromptAnswer PromptAnswer::file(const QString& path)
+{
+    PromptAnswer a(Kind::File);
+    a.m_text = path;
+    return a;
+}
+
 QString PromptAnswer::describe() const
 {
     switch (m_kind) {
@@ -138,6 +145,8 @@ QString PromptAnswer::describe() const
     }
     case Kind::Transfer:
         return QStringLiteral("transfer ") + m_value.debugText();
+    case Kind::File:
+        return QStringLiteral("file ") + quotedWord(m_text);
     }
     return {};
 }

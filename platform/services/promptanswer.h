@@ -34,6 +34,7 @@ public:
         Customers, // customers with destinations handed back by the customer list
         Codes,     // an array of codes handed back by a management (element 0 first)
         Transfer,  // a value a management hands back through its data transfer
+        File,      // the path of a file chosen to read or to write
     };
 
     static PromptAnswer button(int standardAnswer);
@@ -47,11 +48,12 @@ public:
     static PromptAnswer customers(const QList<CustomerChoice>& customers);
     static PromptAnswer codes(const QStringList& codes);
     static PromptAnswer transfer(const db::Value& value);
+    static PromptAnswer file(const QString& path);
 
     Kind kind() const { return m_kind; }
     // The standard answer, the question answer, the row, or the registry code.
     qint64 number() const { return m_number; }
-    // The code picked, the agent or the route.
+    // The code picked, the agent, the route or the file.
     const QString& text() const { return m_text; }
     const QList<CustomerChoice>& customerList() const { return m_customers; }
     const QStringList& codeList() const { return m_codes; }

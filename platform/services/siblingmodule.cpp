@@ -1,7 +1,6 @@
 #include "platform/services/siblingmodule.h"
 
 #include "platform/services/userprompts.h"
-#include "src/host/globalcontext.h"
 
 namespace tarvello::services {
 
@@ -9,13 +8,6 @@ SiblingModule::SiblingModule(QString name, UserPrompts& prompts)
     : m_name(std::move(name))
     , m_prompts(prompts)
 {}
-
-SiblingModule::~SiblingModule()
-{
-    // The context may still hold this object as its active or second module.
-    if (m_clsGlobal)
-        m_clsGlobal->deregisterModule(this);
-}
 
 db::Value SiblingModule::ShowForm()
 {

@@ -21,6 +21,8 @@ QString promptKindName(PromptKind kind)
         return QStringLiteral("registry search");
     case PromptKind::Management:
         return QStringLiteral("management");
+    case PromptKind::FileChoice:
+        return QStringLiteral("file choice");
     }
     return {};
 }
@@ -156,6 +158,25 @@ PromptAnswer UserPrompts::management(const QString& name, const QString& details
     return answer(prompt, PromptAnswer::nothing(), [&](const PromptAnswer& a) {
         return a.kind() == PromptAnswer::Kind::Nothing || handsBack.contains(a.kind());
     });
+}
+
+std::optional<QString> UserPrompts::chooseFile(const QString& title, FileUse use,
+                                               const QString& suggested, const QString& filter)
+{
+    Prompt prompt;
+    prompt.kind = PromptKind::FileChoice;
+    prompt.text = title;
+    prompt.title = title;
+    prompt.details = suggested;
+    prompt.fileUse = use;
+    prompt.fileFilter = filter;
+    const PromptAnswer taken = answer(prompt, PromptAnswer::nothing(), [](const PromptAnswer& a) {
+        return a.kind() == PromptAnswer::Kind::Nothing ||
+               (a.kind() == PromptAnswer::Kind::File && !a.text().isEmpty());
+    });
+    if (taken.kind() == PromptAnswer::Kind::File)
+        return taken.text();
+    return std::nullopt;
 }
 
 } // namespace tarvello::services

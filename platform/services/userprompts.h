@@ -11,7 +11,18 @@
 
 namespace tarvello::services {
 
-enum class PromptKind { MessageBox, Report, Question, LookupList, RegistrySearch, Management };
+enum class PromptKind {
+    MessageBox,
+    Report,
+    Question,
+    LookupList,
+    RegistrySearch,
+    Management,
+    FileChoice,
+};
+
+// What a file is chosen for: an existing file to read, or where a document is written.
+enum class FileUse { Open, Save };
 
 // The word a kind of prompt is named with in messages and scenario notes.
 QString promptKindName(PromptKind kind);
@@ -29,8 +40,11 @@ struct Prompt {
     QList<QStringList> rows;
     // A registry search: its kind (3 agents and free entries, 1 all entries).
     int searchKind = 0;
-    // A search's starting text; what a management was opened with.
+    // A search's starting text; what a management was opened with; the file suggested.
     QString details;
+    // A file choice: what the file is for, and the kinds of file offered ("PDF (*.pdf)").
+    FileUse fileUse = FileUse::Open;
+    QString fileFilter;
 
     QString describe() const;
 };
@@ -83,6 +97,13 @@ public:
     // Another management of the host: one of the answers it can hand back, or nothing.
     PromptAnswer management(const QString& name, const QString& details,
                             const QList<PromptAnswer::Kind>& handsBack);
+
+    // A file to read or to write; none when the person chose none.
+    std::optional<QString> chooseFile(const QString& title, FileUse use, const QString& suggested,
+                                      const QString& filter);
+    // Shows a document written for the person (a printout) in the system's viewer. Without a
+    // window system there is none to show it in: the document stays where it was written.
+    virtual void showDocument(const QString& /*path*/) {}
 
     const QList<PromptRecord>& history() const { return m_history; }
 

@@ -1,8 +1,11 @@
 #pragma once
 
 #include <QString>
+#include <QtGlobal>
 #include <functional>
 #include <memory>
+
+class QObject;
 
 namespace tarvello::host {
 class Cinterface;
@@ -32,6 +35,19 @@ public:
     virtual void NextAgente() {}
     virtual void ProssimoRamoAgente() {}
     virtual void UltimoAgente() {}
+
+    // The host is about to change company: the agent record frame settles its pending
+    // changes, asking the person; false keeps the company (the person kept them).
+    virtual bool ConfermaCambioDitta() { return true; }
+    // The host changed company: the screen takes its code and shows the agent with the code
+    // on view in that company, or no agent.
+    virtual void CambiaDitta(qint32 /*ditta*/) {}
+    // A message to the person through the screen's error log.
+    virtual void MessaggioUtente(const QString& /*testo*/, int /*stile*/, const QString& /*titolo*/)
+    {}
+    // What the host's layout and script models may reach: the screen itself (empty name) or
+    // one of its controls; none when there is no such object.
+    virtual QObject* oggettoSchermata(const QString& /*nome*/) { return nullptr; }
 };
 
 using AgentiScreenFactory = std::function<std::unique_ptr<AgentiScreen>()>;

@@ -1,13 +1,26 @@
 #include "src/host/clsmg_agenti.h"
 
+#include "platform/db/recordset.h"
 #include "platform/db/runtimeerror.h"
+#include "platform/frame/gestanagrafica.h"
 #include "src/common/errorstyles.h"
+#include "src/host/globalcontext.h"
+#include "src/host/hostobjects.h"
+#include "src/host/richiesto.h"
 
 namespace tarvello::agenti {
 
 namespace {
 
 constexpr long ObjectVariableNotSet = 91;
+
+const QString TitoloModulo = QStringLiteral("Anagrafica agenti");
+const QString ColonnaMedia = QStringLiteral("MG17_IDMEDIA_CG99");
+// Information icon of a message box.
+constexpr int StileInformazione = 64;
+// The archive's own settings the module passes when it opens it for an agent.
+constexpr int ModoArchivio = 1;
+constexpr int OpzioneArchivio = 0;
 
 // The value as the text a window title takes; Null and arrays have none.
 QString titleText(const db::Value& value)
@@ -93,6 +106,161 @@ db::Value CLSMG_AGENTI::ShowForm()
         [&] { screen().show(m_windowModal); },
     });
     return {};
+}
+
+bool CLSMG_AGENTI::attivo() const
+{
+    return m_activeDll && m_activeDll->IsActive();
+}
+
+AgentiScreen& CLSMG_AGENTI::schermata() const
+{
+    return richiesto(m_screen, "screen");
+}
+
+void CLSMG_AGENTI::BeforeExportToOffice(host::ExportToOffice& Pcls_ExpToOffice)
+{
+    if (attivo())
+        Pcls_ExpToOffice.setTitoloMaster(TitoloModulo);
+}
+
+// Before the first ShowForm there is no screen to ask or to tell.
+void CLSMG_AGENTI::BeforeChangeDitta(bool& Cancel)
+{
+    if (m_screen)
+        Cancel = !m_screen->ConfermaCambioDitta();
+}
+
+void CLSMG_AGENTI::ChangeDitta(qint32 /*company*/)
+{
+    if (m_screen)
+        m_screen->CambiaDitta(richiesto(m_clsGlobal, "ClsGlobal").company().code);
+}
+
+void CLSMG_AGENTI::InitializeLayoutObjectModel(host::LayoutObjectModel& ClsLayout)
+{
+    if (!attivo() || !m_screen)
+        return;
+    m_oggettoSchermata = m_screen->oggettoSchermata({});
+    QObject* registrato = m_oggettoSchermata;
+    ClsLayout.registerObject(registrato, TitoloModulo);
+    m_oggettoSchermata = registrato;
+    const std::pair<const char*, const char*> griglie[] = {
+        {"GRID_AGENTISOCI", "Griglia agenti soci"},
+        {"GRID_AGENTIMAT", "Griglia giorni di maturazione"},
+    };
+    for (const auto& [nome, titolo] : griglie) {
+        QObject* griglia = m_screen->oggettoSchermata(QString::fromLatin1(nome));
+        ClsLayout.registerObject(griglia, QString::fromUtf8(titolo));
+    }
+}
+
+void CLSMG_AGENTI::InitializeScriptObjectModel(host::ScriptObjectModel& ClsScript)
+{
+    if (!attivo() || !m_screen)
+        return;
+    m_oggettoSchermata = m_screen->oggettoSchermata({});
+    QObject* registrato = m_oggettoSchermata;
+    const QString nomeSchermata = registrato ? registrato->objectName() : QString();
+    ClsScript.registerObject(nomeSchermata, registrato, 0, TitoloModulo);
+    m_oggettoSchermata = registrato;
+    // "Name" is the frame's late-bound property for scripts, not its object name, by which
+    // the screen finds its frames.
+    if (!m_activeFrame)
+        return;
+    m_activeFrame->setProperty("Name", QStringLiteral("DTS_Anagrafica_agenti"));
+    const QString nomeGestione = m_activeFrame->property("Name").toString();
+    QObject* registrata = m_activeFrame;
+    ClsScript.registerObject(nomeGestione, registrata, 3, nomeGestione);
+}
+
+void CLSMG_AGENTI::ButtonPressed(bool& cancel, qint32 ButtonPress)
+{
+    if (!attivo())
+        return;
+    const auto sposta = [&](void (AgentiScreen::*mossa)()) {
+        ignoreEachStep({
+            [&] { (schermata().*mossa)(); },
+            [&] { cancel = true; },
+        });
+    };
+    switch (ButtonPress) {
+    case 11:
+        sposta(&AgentiScreen::PrimoAgente);
+        break;
+    case 12:
+        sposta(&AgentiScreen::PrecedenteRamoAgente);
+        break;
+    case 13:
+        sposta(&AgentiScreen::PreviousAgente);
+        break;
+    case 15:
+        sposta(&AgentiScreen::NextAgente);
+        break;
+    case 16:
+        sposta(&AgentiScreen::ProssimoRamoAgente);
+        break;
+    case 17:
+        sposta(&AgentiScreen::UltimoAgente);
+        break;
+    case 25:
+        CollegaMultimedia();
+        break;
+    default:
+        break;
+    }
+}
+
+void CLSMG_AGENTI::CollegaMultimedia()
+{
+    // A frame that is missing, of another kind or without rows gives nothing to link.
+    auto* gestione = qobject_cast<frame::GestAnagrafica*>(m_activeFrame.data());
+    if (!gestione || !gestione->recordset())
+        return;
+    db::Value media;
+    ignoreEachStep({
+        [&] {
+            if (gestione->status() != frame::FrameStatus::New)
+                return Flow::Next;
+            schermata().MessaggioUtente(
+                QStringLiteral("Il collegamento ai dati multimediali è possibile solamente in "
+                               "fase di variazione"),
+                StileInformazione, QStringLiteral("Avviso Utente"));
+            return Flow::Leave;
+        },
+        [&] {
+            if (gestione->status() == frame::FrameStatus::Browse)
+                gestione->save();
+        },
+        [&] {
+            if (m_hyperMedia)
+                return;
+            m_hyperMedia = richiesto(m_clsGlobal, "ClsGlobal").objects().newHyperMedia();
+            richiesto(m_hyperMedia.get(), "CHyperMedia").events().subscribe(this);
+        },
+        [&] { media = richiesto(gestione->recordset().get(), "Recordset").value(ColonnaMedia); },
+        [&] {
+            host::GlobalContext& globale = richiesto(m_clsGlobal, "ClsGlobal");
+            const host::Environment ambiente = globale.environment();
+            const qint32 finestra =
+                richiesto(globale.parentWindowModule(), "parentWindowModule").hwndParent();
+            richiesto(m_hyperMedia.get(), "CHyperMedia")
+                .open(ambiente.user, ambiente.workstation, globale.connectionString(), media,
+                      finestra, ModoArchivio, OpzioneArchivio);
+        },
+    });
+}
+
+void CLSMG_AGENTI::AfterMediaCreate(const db::Value& CodiceMedia)
+{
+    auto* gestione = qobject_cast<frame::GestAnagrafica*>(m_activeFrame.data());
+    db::Recordset* righe = gestione ? gestione->recordset().get() : nullptr;
+    if (!righe)
+        return;
+    ignoreEachStep({
+        [&] { righe->setValue(ColonnaMedia, CodiceMedia); },
+        [&] { righe->updateCurrent(); },
+    });
 }
 
 db::Value CLSMG_AGENTI::TransferData(const db::Value& Calling_parameters)

@@ -4,6 +4,7 @@
 #include "src/host/calledmodule.h"
 #include "src/host/cinterface.h"
 #include "src/host/eventsource.h"
+#include "src/host/hypermedia.h"
 #include "src/host/navigator.h"
 
 #include <QPointer>
@@ -20,7 +21,13 @@ namespace tarvello::agenti {
 // Apart from ShowForm and TransferData every member only stores and returns its value. No
 // member lets a run-time error out: a value that cannot be stored leaves the old one, a
 // step of ShowForm that fails is skipped.
-class CLSMG_AGENTI final : public host::Cinterface, public host::NavigatorEvents {
+//
+// The object hears the host navigator's events (every open module does, so each handler
+// first asks whether this module is the active one) and those of the multimedia archive it
+// opens for the agent on view.
+class CLSMG_AGENTI final : public host::Cinterface,
+                           public host::NavigatorEvents,
+                           public host::HyperMediaEvents {
 public:
     explicit CLSMG_AGENTI(AgentiScreenFactory screens);
     ~CLSMG_AGENTI() override;
@@ -99,7 +106,26 @@ public:
     // The screen the last ShowForm created; none before the first.
     AgentiScreen* screen() const { return m_screen; }
 
+    // The host navigator's events.
+    void BeforeExportToOffice(host::ExportToOffice& Pcls_ExpToOffice) override;
+    void BeforeChangeDitta(bool& Cancel) override;
+    void ChangeDitta(qint32 company) override;
+    void InitializeLayoutObjectModel(host::LayoutObjectModel& ClsLayout) override;
+    void InitializeScriptObjectModel(host::ScriptObjectModel& ClsScript) override;
+    // The record moves of the toolbar walk the agents tree; 25 links the agent on view to
+    // the multimedia archive. The cancel flag tells the toolbar the move was done here.
+    void ButtonPressed(bool& cancel, qint32 ButtonPress) override;
+
+    // The multimedia archive created a media record for the agent on view.
+    void AfterMediaCreate(const db::Value& CodiceMedia) override;
+    // The archive, from the first multimedia request on; none before.
+    host::HyperMedia* CHyperMedia() const { return m_hyperMedia.get(); }
+
 private:
+    // IsActive as the host sees it, through ActiveDll: false once the screen has let go.
+    bool attivo() const;
+    AgentiScreen& schermata() const;
+    void CollegaMultimedia();
     AgentiScreenFactory m_screenFactory;
     // Every screen this object has opened; a second ShowForm leaves the first screen open.
     std::vector<std::unique_ptr<AgentiScreen>> m_screens; // Owned.
@@ -132,6 +158,9 @@ private:
     bool m_calledById = false;
     host::Navigator* m_activeNavigator = nullptr; // Not owned.
     host::EventSource<host::DataTransferEvents> m_dataTransfer;
+    std::unique_ptr<host::HyperMedia> m_hyperMedia; // Owned.
+    // The screen as the layout and script models know it; they may hand back another.
+    QPointer<QObject> m_oggettoSchermata; // Not owned.
 };
 
 } // namespace tarvello::agenti

@@ -1,9 +1,58 @@
 #include "src/linked/stampa.h"
 
+#include "platform/controls/field.h"
+#include "platform/db/runtimeerror.h"
+#include "src/common/errorstyles.h"
+#include "src/common/valuehelpers.h"
+#include "src/host/cinterface.h"
+#include "src/host/globalcontext.h"
+#include "src/host/navigator.h"
+#include "src/host/richiesto.h"
+#include "src/host/stampaagenti.h"
 #include "src/screen/frmmg_agenti.h"
 
 namespace tarvello::agenti {
 
-void InvocaStampa(FRMMG_AGENTI& /*schermata*/) {}
+namespace {
+
+const QString ModuloStampe = QStringLiteral("Brendolo.CLSMG_STAGENTI");
+
+host::AgentsPrintout& stampaAgenti(host::CalledModule* oggetto)
+{
+    auto* stampa = dynamic_cast<host::AgentsPrintout*>(oggetto);
+    if (!stampa)
+        throw db::RuntimeError(db::RuntimeError::TypeMismatch, QStringLiteral("Type mismatch"));
+    return *stampa;
+}
+
+} // namespace
+
+void InvocaStampa(FRMMG_AGENTI& schermata)
+{
+    passOn(QStringLiteral("InvocaStampa:"), [&] {
+        host::GlobalContext& globale = schermata.globale();
+        std::unique_ptr<host::CalledModule> oggetto = globale.createModule(ModuloStampe);
+        host::AgentsPrintout& stampa = stampaAgenti(oggetto.get());
+        stampa.setCodiceAgente(RTrimN(schermata.controllo<controls::Field>(u"TXT_AGENTE").text()));
+        host::Cinterface* contratto = &stampa.contract();
+
+        schermata.modulo().setIsActive(false);
+
+        globale.setActiveModule(contratto);
+        richiesto(globale.activeModule(), "activeModule").setIsActive(true);
+        globale.setSecondModule(contratto);
+        contratto->setIsCalled(true);
+
+        globale.startModule(nullptr, ModuloStampe, host::startModuleArguments());
+
+        globale.setActiveModule(nullptr);
+        contratto = nullptr;
+        oggetto.reset();
+
+        globale.setActiveModule(schermata.ActiveInterface());
+        schermata.modulo().setIsActive(true);
+        schermata.navigatore().update();
+    });
+}
 
 } // namespace tarvello::agenti

@@ -84,6 +84,13 @@ public:
     void ProssimoRamoAgente() override;
     void UltimoAgente() override;
 
+    // The host's events as the module object passes them on (eventihost.cpp): the company
+    // change, a message to the person, and the objects the layout and script models reach.
+    bool ConfermaCambioDitta() override;
+    void CambiaDitta(qint32 ditta) override;
+    void MessaggioUtente(const QString& testo, int stile, const QString& titolo) override;
+    QObject* oggettoSchermata(const QString& nome) override;
+
     host::Cinterface* ActiveInterface() const { return m_activeInterface; }
     CLSMG_AGENTI* ActiveClass() const { return m_activeClass; }
 

@@ -60,10 +60,10 @@ TEST_F(Context, StartingAModuleRunsTheSecondModuleModally)
 TEST_F(Context, AModuleLeftWithoutAChoiceHandsBackNothing)
 {
     Received received;
-    std::unique_ptr<host::CalledModule> printouts =
-        context.createModule(QStringLiteral("brendolo.clsmg_stagenti"));
-    printouts->dataTransfer().subscribe(&received);
-    context.startModule(&printouts->contract(), QStringLiteral("Brendolo.CLSMG_STAGENTI"),
+    std::unique_ptr<host::CalledModule> tables =
+        context.createModule(QStringLiteral("caspello.clspa_provvsconti"));
+    tables->dataTransfer().subscribe(&received);
+    context.startModule(&tables->contract(), QStringLiteral("Caspello.CLSPA_PROVVSCONTI"),
                         host::startModuleArguments());
     EXPECT_TRUE(received.data.isEmpty());
     EXPECT_TRUE(prompts.history().first().defaulted);

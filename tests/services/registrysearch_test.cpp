@@ -78,28 +78,38 @@ TEST_P(HostComponents, TheSearchRefusesWhatItsListDoesNotShow)
     EXPECT_EQ(search.selectedRegistryCode(), db::Value(9));
 }
 
-TEST_P(HostComponents, TheArchiveCreatesAMediaRecordForAFileAdded)
+TEST_P(HostComponents, TheArchiveRecordsTheFileChosenForAnObjectWithoutMedia)
 {
     MediaArchive archive(prompts);
     MediaCreated created;
     archive.events().subscribe(&created);
-    prompts.queue(PromptAnswer::transfer(db::Value("contratto.pdf")));
+    prompts.queue(PromptAnswer::file(QStringLiteral("/documenti/contratto.pdf")));
     archive.open(db::Value("mario"), db::Value("PC01"), database.connectionString(), db::Value(), 0,
                  1, 0);
     ASSERT_EQ(created.ids.size(), 1);
     const db::RecordsetPtr row = database.connection().execute(
-        QStringLiteral("SELECT CG99_NOMEFILE FROM CG99_MULTIMEDIA WHERE CG99_IDMEDIA = ") +
+        QStringLiteral("SELECT CG99_NOMEFILE, CG99_PERCORSO, CG99_DESCRIZIONE FROM "
+                       "CG99_MULTIMEDIA WHERE CG99_IDMEDIA = ") +
         created.ids.first().sqlLiteral());
     ASSERT_EQ(row->recordCount(), 1);
     EXPECT_EQ(row->value(u"CG99_NOMEFILE"), db::Value("contratto.pdf"));
+    EXPECT_EQ(row->value(u"CG99_PERCORSO"), db::Value("/documenti/contratto.pdf"));
+    EXPECT_EQ(row->value(u"CG99_DESCRIZIONE"), db::Value("Dati multimediali di mario (PC01)"));
 
-    // Left without adding a file, or opened on an existing record, nothing is created.
+    // Left without choosing a file, or opened on an existing record, nothing is created; only
+    // the first two openings ask for a file.
     archive.open(db::Value("mario"), db::Value("PC01"), database.connectionString(), db::Value(), 0,
                  1, 0);
     archive.open(db::Value("mario"), db::Value("PC01"), database.connectionString(),
                  created.ids.first(), 0, 1, 0);
     EXPECT_EQ(created.ids.size(), 1);
-    EXPECT_EQ(prompts.history().size(), 3);
+    EXPECT_EQ(database.connection()
+                  .execute(QStringLiteral("SELECT * FROM CG99_MULTIMEDIA"))
+                  ->recordCount(),
+              1);
+    ASSERT_EQ(prompts.history().size(), 2);
+    EXPECT_EQ(prompts.history().at(1).kind, services::PromptKind::FileChoice);
+    EXPECT_TRUE(prompts.history().at(1).defaulted);
 }
 
 INSTANTIATE_TEST_SUITE_P(Targets, HostComponents, ::testing::ValuesIn(test::databaseTargets()),
