@@ -3,6 +3,7 @@
 #include "src/host/agentiscreen.h"
 
 #include <QEventLoop>
+#include <QObject>
 #include <QStringList>
 
 namespace tarvello::test {
@@ -45,6 +46,31 @@ public:
             m_loop.exec();
         calls << QStringLiteral("show returned");
     }
+    void PrimoAgente() override { calls << QStringLiteral("PrimoAgente"); }
+    void PrecedenteRamoAgente() override { calls << QStringLiteral("PrecedenteRamoAgente"); }
+    void PreviousAgente() override { calls << QStringLiteral("PreviousAgente"); }
+    void NextAgente() override { calls << QStringLiteral("NextAgente"); }
+    void ProssimoRamoAgente() override { calls << QStringLiteral("ProssimoRamoAgente"); }
+    void UltimoAgente() override { calls << QStringLiteral("UltimoAgente"); }
+    bool ConfermaCambioDitta() override
+    {
+        calls << QStringLiteral("ConfermaCambioDitta");
+        return confirmsCompanyChange;
+    }
+    void CambiaDitta(qint32 ditta) override
+    {
+        calls << QStringLiteral("CambiaDitta %1").arg(ditta);
+    }
+    void MessaggioUtente(const QString& testo, int stile, const QString& titolo) override
+    {
+        calls << QStringLiteral("MessaggioUtente %1 %2 %3").arg(titolo).arg(stile).arg(testo);
+    }
+    QObject* oggettoSchermata(const QString& nome) override
+    {
+        if (nome.isEmpty())
+            return &form;
+        return form.findChild<QObject*>(nome);
+    }
     void close()
     {
         open = false;
@@ -60,6 +86,9 @@ public:
     bool referencesAtLoad = false;
     bool open = false;
     QStringList calls;
+    bool confirmsCompanyChange = true;
+    // The screen's window and its controls, as the layout and script models reach them.
+    QObject form;
 
 private:
     QEventLoop m_loop;
