@@ -273,9 +273,8 @@ void GestAnagrafica::setStatus(int status)
             dropNewRow();
         if (!back)
             back = currentOrFirst();
-        m_shown = back;
-        m_status = FrameStatus::Browse;
-        showRow(StatusReason::StatusSet);
+        // With no row to show there is nothing to browse: the frame waits for a new one.
+        goToRow(back, StatusReason::StatusSet);
     }
 }
 
@@ -1002,9 +1001,10 @@ void GestAnagrafica::onEdited(DataControl* control)
     if (m_terminated || !isOpen() || !m_attached || m_status == FrameStatus::Search || m_locked)
         return;
     m_rowEdited = true;
-    if (m_master)
-        m_changed = true;
     const QString column = m_fields.columnOf(control);
+    // A control bound to no column changes nothing the database would see.
+    if (m_master && !column.isEmpty())
+        m_changed = true;
     const ColumnValue converted = m_fields.columnValue(control);
     if (!column.isEmpty() && m_recordset->hasField(column) && converted.accepted() &&
         (m_shown || addRow(false, control)) && placeCursor()) {

@@ -92,4 +92,116 @@ QString criterioAgente(const QString& codice)
     return QStringLiteral("MG17_AGENTE = ") + db::quoted(codice);
 }
 
+QString figliAgente(qint32 ditta, qint32 id)
+{
+    return QStringLiteral("SELECT MG17_AGENTE FROM MG17_AGENTI ") +
+           QStringLiteral(" WHERE MG17_DITTA_CG18 = ") + numero(ditta) +
+           QStringLiteral(" AND MG17_IDAGERIF_MG17 = ") + numero(id);
+}
+
+QStringList contaDocumentiAgente(qint32 ditta, qint32 id)
+{
+    static constexpr const char* prefissi[][2] = {
+        {"DO21", "DO21_DOCTESTAPROV"}, {"DO29", "DO29_DOCTESAGENTI"}, {"DO32", "DO32_DOCCORPOPROV"},
+        {"CT05", "CT05_CATESTA"},      {"CT06", "CT06_CACORPO"},
+    };
+    QStringList istruzioni;
+    for (const auto& [prefisso, tabella] : prefissi) {
+        const QString p = QString::fromLatin1(prefisso);
+        istruzioni << QStringLiteral("SELECT COUNT(") + p +
+                          QStringLiteral("_IDAGENTE_MG17) AS CONTATORE FROM ") +
+                          QString::fromLatin1(tabella) + QStringLiteral(" ") +
+                          QStringLiteral(" WHERE ") + p + QStringLiteral("_DITTA_CG18 = ") +
+                          numero(ditta) + QStringLiteral(" AND ") + p +
+                          QStringLiteral("_IDAGENTE_MG17 = ") + numero(id);
+    }
+    return istruzioni;
+}
+
+QStringList eliminaDipendentiAgente(qint32 ditta, qint32 id)
+{
+    struct Dettaglio {
+        const char* tabella;
+        const char* colonnaDitta;
+        const char* colonnaAgente;
+    };
+    static constexpr Dettaglio dettagli[] = {
+        {" MG18_AGENTISOCI", " MG18_DITTA_CG18 = ", " AND MG18_IDAGENTE_MG17 = "},
+        {" MG16_AGENTIMAT", " MG16_DITTA_CG18 = ", " AND MG16_IDAGENTE_MG17 = "},
+        {" MG34_AGENTITV", " MG34_DITTA_CG18 = ", " AND MG34_IDAGENTE_MG17 = "},
+        {" MG1I_DETTAGLIOGIRI", " MG1I_DITTA_CG18 = ", " AND MG1I_IDAGENTE_MG17 = "},
+    };
+    QStringList istruzioni;
+    for (const Dettaglio& d : dettagli)
+        istruzioni << QStringLiteral("DELETE FROM ") + QString::fromLatin1(d.tabella) +
+                          QStringLiteral(" WHERE") + QString::fromLatin1(d.colonnaDitta) +
+                          numero(ditta) + QString::fromLatin1(d.colonnaAgente) + numero(id);
+    istruzioni << QStringLiteral("DELETE CO1G_DETTAGENTE FROM CO1C_ENTITADIV ") +
+                      QStringLiteral("INNER JOIN CO1G_DETTAGENTE ") +
+                      QStringLiteral("ON CO1G_IDENTITADIV_CO1C = CO1C_IDENTITADIV ") +
+                      QStringLiteral("WHERE CO1C_DITTA_CG18  = ") + numero(ditta) +
+                      QStringLiteral(" AND ") + QStringLiteral("      CO1C_IDENTITA    = 3 AND ") +
+                      QStringLiteral("      CO1C_IDAGENTE_MG17 = ") + numero(id);
+    istruzioni << QStringLiteral("DELETE FROM CO1C_ENTITADIV ") +
+                      QStringLiteral("WHERE CO1C_DITTA_CG18  = ") + numero(ditta) +
+                      QStringLiteral(" AND ") + QStringLiteral("      CO1C_IDENTITA    = 3 AND ") +
+                      QStringLiteral("      CO1C_IDAGENTE_MG17 = ") + numero(id);
+    return istruzioni;
+}
+
+QString anagraficaDaRagioneSociale(const QString& ragioneSociale)
+{
+    return QStringLiteral("SELECT CG16_CODICE FROM CG16_ANAGGEN WHERE CG16_RAGSOANAG = N") +
+           db::quoted(ragioneSociale);
+}
+
+QString ragioneSocialeAnagrafica(qint64 codice)
+{
+    return QStringLiteral("SELECT CG16_RAGSOANAG FROM CG16_ANAGGEN WHERE CG16_CODICE = ") +
+           numero(codice);
+}
+
+QString fornitoreAnagrafica(qint32 ditta, qint64 codice)
+{
+    return QStringLiteral("SELECT CG44_CLIFOR FROM CG44_CLIFOR ") +
+           QStringLiteral(" WHERE CG44_DITTA_CG18 = ") + numero(ditta) +
+           QStringLiteral(" AND CG44_TIPOCF = 1 ") + QStringLiteral(" AND CG44_CODICE_CG16 = ") +
+           numero(codice);
+}
+
+QString riferimentoAgente(qint32 ditta, const QString& id)
+{
+    return QStringLiteral(" SELECT MG17_IDAGERIF_MG17 ") + QStringLiteral(" FROM MG17_AGENTI ") +
+           QStringLiteral(" WHERE ") + QStringLiteral(" MG17_DITTA_CG18 = ") + numero(ditta) +
+           QStringLiteral(" AND MG17_IDAGENTE = ") + db::quoted(id);
+}
+
+QString ragioneSocialeAgenteDaCodice(qint32 ditta, const QString& codice)
+{
+    return QStringLiteral("SELECT CG16_RAGSOANAG FROM CG16_ANAGGEN INNER JOIN MG17_AGENTI ON "
+                          "CG16_CODICE = MG17_ANAGEN_CG16 WHERE MG17_AGENTE = ") +
+           db::quoted(codice) + QStringLiteral(" AND MG17_DITTA_CG18 = ") + numero(ditta);
+}
+
+QString ragioneSocialeAgenteDaId(qint32 ditta, qint64 id)
+{
+    return QStringLiteral("SELECT CG16_RAGSOANAG FROM CG16_ANAGGEN INNER JOIN MG17_AGENTI ON "
+                          "CG16_CODICE = MG17_ANAGEN_CG16 WHERE MG17_IDAGENTE = ") +
+           numero(id) + QStringLiteral(" AND MG17_DITTA_CG18 = ") + numero(ditta);
+}
+
+QString riferimentoInAlbero(qint32 id)
+{
+    return QStringLiteral("SELECT ISNULL(MG17_IDAGERIF_MG17,0) AS MG17_IDAGERIF_MG17 FROM "
+                          "#TAB_TREEVIEW WHERE MG17_IDAGENTE = ") +
+           numero(id) + QStringLiteral(" ");
+}
+
+QString dipendenteInAlbero(qint32 id)
+{
+    return QStringLiteral("SELECT ISNULL(MG17_IDAGENTE,0) AS MG17_IDAGENTE FROM #TAB_TREEVIEW "
+                          "WHERE MG17_IDAGERIF_MG17 = ") +
+           numero(id) + QStringLiteral(" ");
+}
+
 } // namespace tarvello::agenti::sql

@@ -111,6 +111,10 @@ public:
     frame::GestAnagrafica* FME_GestAnagrafica(int gestione) const;
     db::RecordsetPtr Grst_GestAnagrafica(int gestione) const;
     QString Gstr_GestAnagrafica(int gestione) const;
+    // The lookup-and-decode objects of the agents (agent lists and typologies) and of the
+    // suppliers; none before the load or after the unload.
+    host::LookupDecoder* decodificatoreAgenti() const { return m_oggetti.agenti.get(); }
+    host::LookupDecoder* decodificatoreFornitori() const { return m_oggetti.fornitori.get(); }
     // The payment-type names, index 0 "Contanti" to 16 "Solo descrittivo".
     const QStringList& tipiEffetti() const { return m_tipiEffetti; }
     bool CambioTabDaCodice() const { return m_cambioTabDaCodice; }

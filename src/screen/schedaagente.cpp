@@ -1,8 +1,83 @@
 #include "src/screen/schedaagente.h"
 
+#include "platform/controls/combobox.h"
+#include "platform/controls/field.h"
+#include "platform/controls/gridnavigator.h"
+#include "platform/controls/tabstrip.h"
+#include "platform/db/connection.h"
+#include "platform/db/runtimeerror.h"
+#include "platform/frame/gestanagrafica.h"
+#include "src/common/errorstyles.h"
+#include "src/common/valuehelpers.h"
+#include "src/data/sqlagenti.h"
+#include "src/detail/dettagliagente.h"
+#include "src/host/errorlog.h"
+#include "src/host/globalcontext.h"
+#include "src/host/messagecatalogue.h"
+#include "src/screen/codiciagente.h"
 #include "src/screen/frmmg_agenti.h"
+#include "src/tree/alberoagenti.h"
 
 namespace tarvello::agenti {
+
+namespace {
+
+using frame::GestAnagrafica;
+
+constexpr int StileAvviso = 48;
+constexpr int StileSiNo = 292;
+constexpr int MessaggioAgenteInUso = 42157;
+const QString TitoloEliminazione = QStringLiteral("Eliminazione impossibile");
+const QString TitoloAttenzione = QStringLiteral("Attenzione");
+
+// The four detail frames in the order they are saved, with the column that names their agent.
+struct Dettaglio {
+    int gestione;
+    const char* colonnaAgente;
+};
+constexpr Dettaglio dettagli[] = {
+    {FRMMG_AGENTI::Soci, "MG18_IDAGENTE_MG17"},
+    {FRMMG_AGENTI::Maturazione, "MG16_IDAGENTE_MG17"},
+    {FRMMG_AGENTI::TentataVendita, "MG34_IDAGENTE_MG17"},
+    {FRMMG_AGENTI::DettaglioGiri, "MG1I_IDAGENTE_MG17"},
+};
+
+bool inSospeso(const GestAnagrafica& gestione)
+{
+    return gestione.changeFlag() || gestione.secondChangeFlag();
+}
+
+// Settles a detail frame's pending changes the way a save asks for: checked, shown again,
+// without asking the person.
+void confermaDettaglio(GestAnagrafica& gestione, frame::CancelArgs& args)
+{
+    if (!gestione.confirmPendingChanges(true, true, false))
+        args.fbol_Cancel = true;
+}
+
+// Gives the new agent's id to every row a detail frame holds that has no agent yet.
+void assegnaAgente(GestAnagrafica& gestione, const QString& colonna, const db::Value& id)
+{
+    const db::RecordsetPtr righe = gestione.recordset();
+    if (!righe || !righe->isOpen())
+        return;
+    const GestAnagrafica::BulkRewrite riscrittura(gestione);
+    const db::RecordsetPtr tutte = righe->clone();
+    for (tutte->moveFirst(); !tutte->eof(); tutte->moveNext()) {
+        const std::optional<qint64> attuale = NumeroIntero(tutte->value(colonna));
+        if (attuale && *attuale != 0)
+            continue;
+        tutte->setValue(colonna, id);
+        tutte->update();
+    }
+}
+
+db::Value nulloOppure(bool nullo, const db::Value& valore)
+{
+    return nullo ? db::Value::null() : valore;
+}
+
+} // namespace
 
 SchedaAgente::SchedaAgente(FRMMG_AGENTI& schermata)
     : m_schermata(schermata)
@@ -10,6 +85,378 @@ SchedaAgente::SchedaAgente(FRMMG_AGENTI& schermata)
 
 SchedaAgente::~SchedaAgente() = default;
 
-void SchedaAgente::collega() {}
+GestAnagrafica& SchedaAgente::gestione(int numero) const
+{
+    GestAnagrafica* trovata = m_schermata.FME_GestAnagrafica(numero);
+    if (!trovata)
+        throw db::RuntimeError(db::RuntimeError::ObjectRequired, QStringLiteral("Object required"),
+                               QStringLiteral("FME_GestAnagrafica%1").arg(numero));
+    return *trovata;
+}
+
+controls::Field& SchedaAgente::campo(QStringView nome) const
+{
+    return m_schermata.controllo<controls::Field>(nome);
+}
+
+QString SchedaAgente::testo(QStringView nome) const
+{
+    return campo(nome).text();
+}
+
+void SchedaAgente::messaggio(const QString& testo, int stile, const QString& titolo) const
+{
+    host::ErrorLog* log = m_schermata.Gcls_Log();
+    if (!log)
+        throw db::RuntimeError(db::RuntimeError::ObjectRequired, QStringLiteral("Object required"),
+                               QStringLiteral("Gcls_Log"));
+    log->message(testo, stile, titolo);
+}
+
+db::Value SchedaAgente::valoreAgente(const QString& colonna) const
+{
+    const db::RecordsetPtr agenti = gestione(FRMMG_AGENTI::Agenti).recordset();
+    if (!agenti || agenti->bof() || agenti->eof())
+        return {};
+    return agenti->value(colonna);
+}
+
+void SchedaAgente::scriviAgente(const QString& colonna, const db::Value& valore)
+{
+    GestAnagrafica& agente = gestione(FRMMG_AGENTI::Agenti);
+    db::RecordsetPtr agenti = agente.recordset();
+    // A new agent keyed by nothing yet has no row: it is added now, so that code can write.
+    if (agente.status() == frame::FrameStatus::New && agenti && (agenti->bof() || agenti->eof())) {
+        agente.setStatus(frame::FrameStatus::New);
+        agenti = agente.recordset();
+    }
+    if (!agenti)
+        throw db::RuntimeError(db::RuntimeError::ObjectRequired, QStringLiteral("Object required"),
+                               QStringLiteral("Grst_GestAnagrafica1"));
+    agenti->setValue(colonna, valore);
+}
+
+void SchedaAgente::collega()
+{
+    GestAnagrafica& agente = gestione(FRMMG_AGENTI::Agenti);
+    QObject* contesto = &m_schermata;
+    QObject::connect(&agente, &GestAnagrafica::AfterAddNew, contesto,
+                     [this](int esito) { FME_GestAnagrafica1_AfterAddNew(esito); });
+    QObject::connect(&agente, &GestAnagrafica::AfterDelete, contesto,
+                     [this](int esito) { FME_GestAnagrafica1_AfterDelete(esito); });
+    QObject::connect(&agente, &GestAnagrafica::AfterUndo, contesto,
+                     [this](int esito) { FME_GestAnagrafica1_AfterUndo(esito); });
+    QObject::connect(&agente, &GestAnagrafica::AfterUpdate, contesto,
+                     [this](int esito) { FME_GestAnagrafica1_AfterUpdate(esito); });
+    QObject::connect(&agente, &GestAnagrafica::BeforeDelete, contesto,
+                     [this](frame::CancelArgs& args) { FME_GestAnagrafica1_BeforeDelete(args); });
+    QObject::connect(&agente, &GestAnagrafica::BeforeUpdate, contesto,
+                     [this](frame::CancelArgs& args) { FME_GestAnagrafica1_BeforeUpdate(args); });
+    QObject::connect(
+        &agente, &GestAnagrafica::ChangeStatus, contesto,
+        [this](int stato, int motivo) { FME_GestAnagrafica1_ChangeStatus(stato, motivo); });
+    QObject::connect(
+        &agente, &GestAnagrafica::IsRecordChanged, contesto,
+        [this](frame::RecordChangedArgs& args) { FME_GestAnagrafica1_IsRecordChanged(args); });
+    collegaDecodifiche();
+}
+
+void SchedaAgente::FME_GestAnagrafica1_AfterAddNew(int fenm_operationresult)
+{
+    if (fenm_operationresult != frame::OperationSucceeded)
+        return;
+    scriviAgente(QStringLiteral("MG17_DITTA_CG18"), m_schermata.Codice_Ditta());
+}
+
+void SchedaAgente::FME_GestAnagrafica1_AfterDelete(int fenm_operationresult)
+{
+    if (fenm_operationresult != frame::OperationSucceeded)
+        return;
+    m_schermata.albero().CaricaTabTreeview();
+    m_schermata.albero().CaricaAlberoAgenti();
+}
+
+void SchedaAgente::FME_GestAnagrafica1_AfterUndo(int fenm_operationresult)
+{
+    GestAnagrafica& soci = gestione(FRMMG_AGENTI::Soci);
+    if (fenm_operationresult == frame::OperationSucceeded) {
+        soci.detach();
+        if (const db::RecordsetPtr righe = soci.recordset())
+            righe->requery();
+        soci.refresh(QString());
+    }
+    const db::Value numeroSoci = RTrimN(testo(u"TXT_NUMSOCI"));
+    if (numeroSoci.toString().isEmpty())
+        return;
+    const db::RecordsetPtr righe = soci.recordset();
+    const qsizetype presenti = righe ? righe->recordCount() : 0;
+    m_schermata.dettagli().setSociAggiungibili(db::Decimal(qint64(presenti)) <
+                                               CDecN(numeroSoci).toDecimal());
+}
+
+void SchedaAgente::FME_GestAnagrafica1_AfterUpdate(int fenm_operationresult)
+{
+    if (fenm_operationresult != frame::OperationSucceeded)
+        return;
+    db::Value id;
+    ignoreEachStep({
+        [&] { id = valoreAgente(QStringLiteral("MG17_IDAGENTE")); },
+        [&] {
+            for (const Dettaglio& dettaglio : dettagli)
+                assegnaAgente(gestione(dettaglio.gestione),
+                              QString::fromLatin1(dettaglio.colonnaAgente), id);
+        },
+        [&] { gestione(FRMMG_AGENTI::Soci).updateBatch(); },
+        [&] { gestione(FRMMG_AGENTI::Maturazione).updateBatch(); },
+        [&] { gestione(FRMMG_AGENTI::TentataVendita).updateBatch(); },
+        [&] { gestione(FRMMG_AGENTI::DettaglioGiri).updateBatch(); },
+        [&] {
+            if (m_statoSalvataggio == frame::FrameStatus::New || m_agenteRifVariato)
+                m_schermata.albero().AggiornaAlberoAgente();
+        },
+    });
+}
+
+bool SchedaAgente::Esistefiglio(qint32 id)
+{
+    bool esiste = false;
+    ignoreEachStep({[&] {
+        const db::RecordsetPtr figli =
+            m_schermata.connessione().execute(sql::figliAgente(m_schermata.Codice_Ditta(), id));
+        esiste = figli->recordCount() > 0;
+        figli->close();
+    }});
+    return esiste;
+}
+
+bool SchedaAgente::AgenteUtilizzato(qint32 id)
+{
+    bool utilizzato = false;
+    for (const QString& conteggio : sql::contaDocumentiAgente(m_schermata.Codice_Ditta(), id)) {
+        ignoreEachStep({[&] {
+            const db::RecordsetPtr contatore = m_schermata.connessione().execute(conteggio);
+            if (CDecN(contatore->value(u"CONTATORE")).toDecimal() > db::Decimal(0))
+                utilizzato = true;
+            contatore->close();
+        }});
+    }
+    return utilizzato;
+}
+
+void SchedaAgente::FME_GestAnagrafica1_BeforeDelete(frame::CancelArgs& args)
+{
+    try {
+        const qint32 id = valoreAgente(QStringLiteral("MG17_IDAGENTE")).toInt();
+        if (Esistefiglio(id)) {
+            messaggio(QStringLiteral("L'agente è di riferimento per altri agenti"), StileAvviso,
+                      TitoloEliminazione);
+            args.fbol_Cancel = true;
+            return;
+        }
+        if (AgenteUtilizzato(id)) {
+            messaggio(m_schermata.globale().messages().message(MessaggioAgenteInUso, {}),
+                      StileAvviso, TitoloEliminazione);
+            args.fbol_Cancel = true;
+            return;
+        }
+        db::Connection& connessione = m_schermata.connessione();
+        db::TransactionGuard transazione(connessione);
+        for (const QString& eliminazione :
+             sql::eliminaDipendentiAgente(m_schermata.Codice_Ditta(), id))
+            connessione.executeNonQuery(eliminazione);
+        transazione.commit();
+    } catch (const db::RuntimeError& errore) {
+        // The guard has rolled the transaction back by now: the agent keeps its dependants.
+        args.fbol_Cancel = true;
+        messaggio(QStringLiteral("Transazione abortita") + u'\r' + QStringLiteral("Errore n. ") +
+                      QString::number(errore.number()) + u'\r' + QStringLiteral("Descrizione: ") +
+                      errore.description(),
+                  0, QString());
+    }
+}
+
+void SchedaAgente::FME_GestAnagrafica1_BeforeUpdate(frame::CancelArgs& args)
+{
+    m_statoSalvataggio = short(gestione(FRMMG_AGENTI::Agenti).status());
+
+    const QString ragioneSociale = RTrimN(testo(u"TXT_RAGSOANAG")).toString();
+    if (m_schermata.connessione()
+            .execute(sql::anagraficaDaRagioneSociale(ragioneSociale))
+            ->recordCount() < 1) {
+        campo(u"TXT_RAGSOANAG").setValid(false);
+        args.fbol_Cancel = true;
+    }
+
+    GestAnagrafica& soci = gestione(FRMMG_AGENTI::Soci);
+    if (inSospeso(soci) && !args.fbol_Cancel) {
+        if (CDecN(testo(u"TXT_CODSOCIO")) != db::Value(0) && inSospeso(soci)) {
+            confermaDettaglio(soci, args);
+            if (args.fbol_Cancel)
+                return;
+        }
+        controllaSoci();
+    }
+
+    for (const int numero : {FRMMG_AGENTI::Maturazione, FRMMG_AGENTI::TentataVendita}) {
+        GestAnagrafica& dettaglio = gestione(numero);
+        if (dettaglio.secondChangeFlag() && !args.fbol_Cancel)
+            confermaDettaglio(dettaglio, args);
+    }
+
+    scriviCampiNonLegati();
+    controllaFornitore(args);
+
+    GestAnagrafica& giri = gestione(FRMMG_AGENTI::DettaglioGiri);
+    if (inSospeso(giri) && !args.fbol_Cancel)
+        confermaDettaglio(giri, args);
+}
+
+void SchedaAgente::controllaSoci()
+{
+    GestAnagrafica& soci = gestione(FRMMG_AGENTI::Soci);
+    const db::RecordsetPtr righe = soci.recordset();
+    soci.detach();
+    db::Decimal totale(0);
+    if (righe && righe->recordCount() > 0) {
+        for (righe->moveFirst(); !righe->eof(); righe->moveNext())
+            totale += CDecN(righe->value(u"MG18_PERQUOTA")).toDecimal();
+    }
+    soci.refresh(QString());
+    if (totale > db::Decimal(100))
+        messaggio(QStringLiteral("Il totale delle % quote supera il 100% !!!"), StileAvviso,
+                  TitoloAttenzione);
+}
+
+void SchedaAgente::scriviCampiNonLegati()
+{
+    const QString listino = m_schermata.controllo<controls::ComboBox>(u"CBO_INDTIPOLISFIX").text();
+    scriviAgente(
+        QStringLiteral("MG17_INDTIPOLISFIX"),
+        nulloOppure(CNegUno(listino) == db::Value(-1) && listino == u"-1", CDecN(listino)));
+    const db::Value numeroListino = RTrimN(testo(u"TXT_NUMLISTFIX"));
+    scriviAgente(QStringLiteral("MG17_NUMLISFIX"),
+                 numeroListino.toString().isEmpty() ? db::Value::null() : CDecN(numeroListino));
+    for (const char* nome : {"CBO_IDENTIFTAB", "CBO_IDENTIFRIGA", "CBO_IDENTIFCOL"}) {
+        const QString identificatore =
+            m_schermata.controllo<controls::ComboBox>(QString::fromLatin1(nome)).text();
+        const QString colonna = QStringLiteral("MG17_") + QString::fromLatin1(nome + 4);
+        scriviAgente(colonna,
+                     nulloOppure(CNegUno(identificatore) == db::Value(-1), CDecN(identificatore)));
+    }
+}
+
+void SchedaAgente::controllaFornitore(frame::CancelArgs& args)
+{
+    const db::Value fornitore = valoreAgente(QStringLiteral("MG17_CLIFOR_CG44"));
+    if (RTrimN(fornitore).toString().isEmpty()) {
+        scriviAgente(QStringLiteral("MG17_TIPOCF_CG44"), db::Value::null());
+        return;
+    }
+    if (!campo(u"TXT_FOR").isValid())
+        return;
+    scriviAgente(QStringLiteral("MG17_TIPOCF_CG44"), 1);
+    const db::Value dellAnagrafica =
+        CodiceFornitore(m_schermata.connessione(), m_schermata.errori(), m_schermata.Codice_Ditta(),
+                        valoreAgente(QStringLiteral("MG17_ANAGEN_CG16")));
+    if (fornitore == dellAnagrafica)
+        return;
+    if (m_schermata.controllo<controls::TabStrip>(u"TAB_AGENTI").currentPage() != 0)
+        m_schermata.SelezionaTab(0);
+    campo(u"TXT_FOR").setFocus();
+    host::ErrorLog* log = m_schermata.Gcls_Log();
+    const int risposta =
+        log ? log->message(QStringLiteral("Il fornitore selezionato non corrisponde a quello "
+                                          "dell'anagrafica agente.") +
+                               QStringLiteral("\r\n") + QStringLiteral("Si desidera proseguire?"),
+                           StileSiNo, TitoloAttenzione)
+            : host::No;
+    if (risposta == host::No) {
+        args.fbol_Cancel = true;
+        scriviAgente(QStringLiteral("MG17_TIPOCF_CG44"), db::Value::null());
+    }
+}
+
+void SchedaAgente::FME_GestAnagrafica1_ChangeStatus(int fenm_status, int fenm_reason)
+{
+    GestAnagrafica& agente = gestione(FRMMG_AGENTI::Agenti);
+    const auto impostaDettagli = [&](bool aperti) {
+        for (const Dettaglio& dettaglio : dettagli)
+            gestione(dettaglio.gestione).setLocked(!aperti);
+        for (const char* nome : {"GRIDNAV_AGENTISOCI", "GRIDNAV_AGENTIMAT"})
+            m_schermata.controllo<controls::GridNavigator>(QString::fromLatin1(nome))
+                .setEnabled(aperti);
+        m_schermata.controllo<controls::Control>(u"CMD_GESTCOLL").setEnabled(aperti);
+    };
+    if (fenm_status == frame::FrameStatus::Browse) {
+        DecodificaCodice(m_schermata.connessione(),
+                         CDecN(valoreAgente(QStringLiteral("MG17_ANAGEN_CG16"))), m_schermata);
+        impostaDettagli(true);
+        if (fenm_reason != frame::StatusReason::Refreshed)
+            m_schermata.dettagli().ShowChild();
+        mostraCampiNonLegati();
+        agente.setSecondChangeFlag(false);
+        agente.refreshState();
+        m_schermata.controllo<controls::Control>(u"CBO_REGPROV").setFocus();
+    } else if (fenm_status == frame::FrameStatus::Search ||
+               fenm_status == frame::FrameStatus::New) {
+        m_schermata.dettagli().ClearChild();
+        campo(u"TXT_RAGSOANAG").setText(QString());
+        impostaDettagli(false);
+    }
+    const bool modificabili = agente.status() != frame::FrameStatus::Browse;
+    campo(u"TXT_AGENTE").setEnabled(modificabili);
+    campo(u"TXT_RAGSOANAG").setEnabled(modificabili);
+}
+
+void SchedaAgente::mostraCampiNonLegati()
+{
+    const db::Value listino = valoreAgente(QStringLiteral("MG17_INDTIPOLISFIX"));
+    m_schermata.controllo<controls::ComboBox>(u"CBO_INDTIPOLISFIX")
+        .setText(RTrimN(listino).toString().isEmpty() ? QStringLiteral("-1")
+                                                      : CDecN(listino).toString());
+    campo(u"TXT_NUMLISTFIX")
+        .setText(RTrimN(valoreAgente(QStringLiteral("MG17_NUMLISFIX"))).toString());
+    for (const char* nome : {"CBO_IDENTIFTAB", "CBO_IDENTIFRIGA", "CBO_IDENTIFCOL"}) {
+        const db::Value identificatore =
+            valoreAgente(QStringLiteral("MG17_") + QString::fromLatin1(nome + 4));
+        m_schermata.controllo<controls::ComboBox>(QString::fromLatin1(nome))
+            .setText(RTrimN(identificatore).toString().isEmpty()
+                         ? QStringLiteral("-1")
+                         : CNegUno(identificatore).toString());
+    }
+}
+
+void SchedaAgente::seguiId(controls::Field& id, qint32& ultimo, controls::Field* codice)
+{
+    const std::optional<qint64> valore = NumeroIntero(id.text());
+    if (!valore)
+        return;
+    if (*valore == 0) {
+        if (codice)
+            codice->setText(QString());
+        else
+            id.setText(QString());
+        ultimo = 0;
+        return;
+    }
+    if (*valore == ultimo)
+        return;
+    if (codice)
+        codice->setText(CodiceAgenteDaId(m_schermata.connessione(), qint32(*valore)));
+    ultimo = qint32(*valore);
+}
+
+void SchedaAgente::FME_GestAnagrafica1_IsRecordChanged(frame::RecordChangedArgs& args)
+{
+    if (gestione(FRMMG_AGENTI::Agenti).status() != frame::FrameStatus::Browse)
+        return;
+    for (const Dettaglio& dettaglio : dettagli) {
+        if (inSospeso(gestione(dettaglio.gestione)))
+            args.fbol_isRecordChanged = true;
+    }
+    seguiId(campo(u"TXT_AGERIF"), m_ultimoIdAgeRif, &campo(u"TXT_AGERIFVIDEO1"));
+    seguiId(campo(u"TXT_CAPOAREA"), m_ultimoIdCapoArea, nullptr);
+    seguiId(campo(u"TXT_CAPOZONA"), m_ultimoIdCapoZona, nullptr);
+}
 
 } // namespace tarvello::agenti

@@ -1,5 +1,29 @@
 #pragma once
 
+#include "platform/db/value.h"
+
+#include <QSet>
+#include <QString>
+#include <QtGlobal>
+
+namespace tarvello::controls {
+struct CancelArgs;
+struct DecodeArgs;
+struct KeyArgs;
+struct LookupArgs;
+class Field;
+} // namespace tarvello::controls
+
+namespace tarvello::frame {
+class GestAnagrafica;
+struct CancelArgs;
+struct RecordChangedArgs;
+} // namespace tarvello::frame
+
+namespace tarvello::host {
+class LookupDecoder;
+}
+
 namespace tarvello::agenti {
 
 class FRMMG_AGENTI;
@@ -19,8 +43,93 @@ public:
     // frames exist.
     void collega();
 
+    // The agent frame's status when the last save began.
+    short StatoSalvataggio() const { return m_statoSalvataggio; }
+    // The reference agent was last validated to the end: the next save rebuilds the tree.
+    bool AgenteRifVariato() const { return m_agenteRifVariato; }
+    qint32 UltimoIdAgeRif() const { return m_ultimoIdAgeRif; }
+    qint32 UltimoIdCapoArea() const { return m_ultimoIdCapoArea; }
+    qint32 UltimoIdCapoZona() const { return m_ultimoIdCapoZona; }
+    short TipoAgentePrecedente() const { return m_tipoAgentePrecedente; }
+    // The answer to the question asked when the Enter key's search chose nothing (6 yes, 7 no).
+    short RispostaNuovaAnagrafica() const { return m_rispostaNuovaAnagrafica; }
+
+    // Some agent of the company has this one as its reference agent.
+    bool Esistefiglio(qint32 id);
+    // Rows of other modules' documents name this agent.
+    bool AgenteUtilizzato(qint32 id);
+    // The area and zone managers derived from the reference agent and the type.
+    void AggiornaCapiAreaZona();
+    // The reference agent typed would make the hierarchy go round in a circle.
+    bool VerificaRiferimentoCircolare();
+    // The general-registry search behind TXT_RAGSOANAG, in the mode set.
+    void RicercaAnagrafiche();
+
 private:
+    void FME_GestAnagrafica1_AfterAddNew(int fenm_operationresult);
+    void FME_GestAnagrafica1_AfterDelete(int fenm_operationresult);
+    void FME_GestAnagrafica1_AfterUndo(int fenm_operationresult);
+    void FME_GestAnagrafica1_AfterUpdate(int fenm_operationresult);
+    void FME_GestAnagrafica1_BeforeDelete(frame::CancelArgs& args);
+    void FME_GestAnagrafica1_BeforeUpdate(frame::CancelArgs& args);
+    void FME_GestAnagrafica1_ChangeStatus(int fenm_status, int fenm_reason);
+    void FME_GestAnagrafica1_IsRecordChanged(frame::RecordChangedArgs& args);
+
+    void TXT_AGENTE_Validate();
+    void TXT_RAGSOANAG_KeyDown(const controls::KeyArgs& args);
+    void TXT_RAGSOANAG_Validate(controls::CancelArgs& args);
+    void TXT_RAGSOANAG_LostFocus();
+    void TXT_RAGSOANAG_Gestione(const QString& chiave);
+    void CBO_TIPOAGENTE_Click(const db::Value& tipo);
+    void CBO_TIPOAGENTE_LostFocus();
+    void TXT_CAPOZONA_Validate(controls::CancelArgs& args);
+    void TXT_AGERIFVIDEO1_Validate();
+    void TXT_AGERIF_Validate();
+    void collegaDecodifiche();
+    // The lists and decodings of the identity and reference fields.
+    void collegaListe();
+    void rispondiLista(controls::Field& campo, controls::LookupArgs& args,
+                       host::LookupDecoder* decodificatore, const QString& definizione) const;
+    // Answers a decoding through a host definition; a code that must be a number and is not
+    // is refused before any statement is sent.
+    void rispondiDecodifica(controls::Field& campo, controls::DecodeArgs& args,
+                            host::LookupDecoder* decodificatore, const QString& definizione,
+                            const QString& descrizione, bool numerico) const;
+    void rispondiDecodificaRiferimento(controls::Field& campo, controls::DecodeArgs& args,
+                                       bool perId) const;
+
+    // The steps of the save, before the frame writes the row.
+    void controllaSoci();
+    void scriviCampiNonLegati();
+    void controllaFornitore(frame::CancelArgs& args);
+    void mostraCampiNonLegati();
+    // Keeps a manager's last id in step with its field; empties a field holding 0.
+    void seguiId(controls::Field& campo, qint32& ultimo, controls::Field* codice);
+
+    bool BooRicercaAvanti(qint32 id, qint32 se, QSet<qint32>& visti);
+    bool BooRicercaIndietro(qint32 id, qint32 se, QSet<qint32>& visti);
+    void segnaRiferimentoNonValido();
+
+    // The agent frame's current row, added first when a new agent has none yet.
+    db::Value valoreAgente(const QString& colonna) const;
+    void scriviAgente(const QString& colonna, const db::Value& valore);
+
+    frame::GestAnagrafica& gestione(int numero) const;
+    controls::Field& campo(QStringView nome) const;
+    QString testo(QStringView nome) const;
+    void messaggio(const QString& testo, int stile, const QString& titolo) const;
+
     FRMMG_AGENTI& m_schermata; // Not owned: the screen owns this.
+    short m_statoSalvataggio = 0;
+    bool m_agenteRifVariato = false;
+    qint32 m_ultimoIdAgeRif = 0;
+    qint32 m_ultimoIdCapoArea = 0;
+    qint32 m_ultimoIdCapoZona = 0;
+    short m_tipoAgentePrecedente = 0;
+    bool m_invioSuRagSoc = false;
+    short m_modoRicercaAnagrafiche = 0;
+    short m_ricercaDaInvio = 0;
+    short m_rispostaNuovaAnagrafica = 7;
 };
 
 } // namespace tarvello::agenti

@@ -306,6 +306,33 @@ TEST_P(FrameTest, IsRecordChangedLetsTheScreenAddWhatTheFrameCannotSee)
     EXPECT_TRUE(agents.isRecordChanged());
 }
 
+// A screen opened on a company without agents in browse mode must not announce a row it
+// does not have: the handlers of status 0 read the row shown.
+TEST_P(FrameTest, BrowsingWithoutRowsWaitsForANewRow)
+{
+    openAgents();
+    agents.setStatus(FrameStatus::Search);
+    agentEvents.take();
+    agents.setStatus(FrameStatus::Browse);
+    EXPECT_EQ(agents.status(), FrameStatus::New);
+    EXPECT_EQ(agentEvents.take(), QStringList{QStringLiteral("ChangeStatus(2,8)")});
+}
+
+// A screen fills its unbound fields when a row is shown and clears the second flag after:
+// that must leave the row unchanged, while an edit of a bound field still counts.
+TEST_P(FrameTest, AnUnboundFieldSetsOnlyTheSecondFlag)
+{
+    insertAgent(QStringLiteral("A001"));
+    openAgents();
+    ragioneSociale->setText(QStringLiteral("ROSSI"));
+    EXPECT_TRUE(agents.secondChangeFlag());
+    EXPECT_FALSE(agents.changeFlag());
+    agents.setSecondChangeFlag(false);
+    EXPECT_FALSE(agents.isRecordChanged());
+    percentuale->setText(QStringLiteral("5"));
+    EXPECT_TRUE(agents.changeFlag());
+}
+
 TEST_P(FrameTest, MovesShowTheRowReachedAndStopAtTheEnds)
 {
     insertAgent(QStringLiteral("A001"));

@@ -1,0 +1,398 @@
+#include "platform/controls/combobox.h"
+#include "platform/controls/field.h"
+#include "platform/controls/keycodes.h"
+#include "platform/controls/picture.h"
+#include "platform/db/connection.h"
+#include "platform/db/recordset.h"
+#include "platform/db/runtimeerror.h"
+#include "platform/frame/gestanagrafica.h"
+#include "src/common/errorstyles.h"
+#include "src/common/valuehelpers.h"
+#include "src/data/sqlagenti.h"
+#include "src/detail/dettagliagente.h"
+#include "src/host/errorlog.h"
+#include "src/host/globalcontext.h"
+#include "src/host/hostobjects.h"
+#include "src/host/messagecatalogue.h"
+#include "src/host/registrysearch.h"
+#include "src/screen/codiciagente.h"
+#include "src/screen/frmmg_agenti.h"
+#include "src/screen/schedaagente.h"
+#include "src/tree/alberoagenti.h"
+
+#include <memory>
+
+namespace tarvello::agenti {
+
+namespace {
+
+using controls::Field;
+namespace FrameStatus = frame::FrameStatus;
+
+constexpr int StileAvviso = 48;
+constexpr int StileInformazione = 64;
+constexpr int StileSiNoInformazione = 324;
+constexpr int DomandaNuovaAnagrafica = 39135;
+constexpr short Si = 6;
+constexpr short No = 7;
+
+} // namespace
+
+void SchedaAgente::collegaDecodifiche()
+{
+    QObject* contesto = &m_schermata;
+    Field& agente = campo(u"TXT_AGENTE");
+    QObject::connect(&agente, &Field::validate, contesto,
+                     [this](controls::CancelArgs&) { TXT_AGENTE_Validate(); });
+
+    Field& ragioneSociale = campo(u"TXT_RAGSOANAG");
+    QObject::connect(&ragioneSociale, &Field::gotFocus, contesto,
+                     [this] { m_invioSuRagSoc = false; });
+    QObject::connect(&ragioneSociale, &Field::keyDown, contesto,
+                     [this](controls::KeyArgs& args) { TXT_RAGSOANAG_KeyDown(args); });
+    QObject::connect(&ragioneSociale, &Field::validate, contesto,
+                     [this](controls::CancelArgs& args) { TXT_RAGSOANAG_Validate(args); });
+    QObject::connect(&ragioneSociale, &Field::lostFocus, contesto,
+                     [this] { TXT_RAGSOANAG_LostFocus(); });
+    QObject::connect(&ragioneSociale, &Field::lookupRequested, contesto,
+                     [this](controls::LookupArgs& args) {
+                         // The general-registry search takes the place of the field's list.
+                         args.cancel = true;
+                         RicercaAnagrafiche();
+                     });
+    QObject::connect(&ragioneSociale, &Field::managementKeyPressed, contesto,
+                     [this](const QString& chiave) { TXT_RAGSOANAG_Gestione(chiave); });
+
+    auto& tipo = m_schermata.controllo<controls::ComboBox>(u"CBO_TIPOAGENTE");
+    QObject::connect(&tipo, &controls::ComboBox::valueSet, contesto,
+                     [this](const db::Value& valore) { CBO_TIPOAGENTE_Click(valore); });
+    QObject::connect(&tipo, &controls::ComboBox::gotFocus, contesto, [this, &tipo] {
+        m_tipoAgentePrecedente = short(NumeroIntero(tipo.value()).value_or(0));
+    });
+    QObject::connect(&tipo, &controls::ComboBox::lostFocus, contesto,
+                     [this] { CBO_TIPOAGENTE_LostFocus(); });
+
+    QObject::connect(&campo(u"TXT_CAPOZONA"), &Field::validate, contesto,
+                     [this](controls::CancelArgs& args) { TXT_CAPOZONA_Validate(args); });
+    QObject::connect(&campo(u"TXT_AGERIFVIDEO1"), &Field::validate, contesto,
+                     [this](controls::CancelArgs&) { TXT_AGERIFVIDEO1_Validate(); });
+    QObject::connect(&campo(u"TXT_AGERIF"), &Field::validate, contesto,
+                     [this](controls::CancelArgs&) { TXT_AGERIF_Validate(); });
+
+    collegaListe();
+}
+
+void SchedaAgente::TXT_AGENTE_Validate()
+{
+    frame::GestAnagrafica& agente = gestione(FRMMG_AGENTI::Agenti);
+    const QString codice = testo(u"TXT_AGENTE");
+    if (agente.status() == FrameStatus::New) {
+        agente.search(true, true);
+        if (agente.status() == FrameStatus::New) {
+            const bool conCodice = !RTrimN(codice).toString().isEmpty();
+            if (conCodice)
+                m_schermata.dettagli().RefreshChild();
+            for (const int numero :
+                 {FRMMG_AGENTI::Soci, FRMMG_AGENTI::Maturazione, FRMMG_AGENTI::TentataVendita})
+                gestione(numero).setLocked(!conCodice);
+            for (const char* nome : {"GRIDNAV_AGENTISOCI", "GRIDNAV_AGENTIMAT"})
+                m_schermata.controllo<controls::Control>(QString::fromLatin1(nome))
+                    .setEnabled(conCodice);
+        }
+    }
+    if (agente.status() == FrameStatus::Browse)
+        m_schermata.albero().posizionaSuAgente(codice);
+}
+
+void SchedaAgente::TXT_RAGSOANAG_KeyDown(const controls::KeyArgs& args)
+{
+    if (args.keyCode == controls::Key::Enter && args.shift == 0)
+        m_invioSuRagSoc = true;
+}
+
+void SchedaAgente::TXT_RAGSOANAG_Validate(controls::CancelArgs& args)
+{
+    if (gestione(FRMMG_AGENTI::Agenti).status() != FrameStatus::New)
+        return;
+    const bool codiceDigitato = !RTrimN(testo(u"TXT_AGENTE")).toString().isEmpty();
+    const bool codiceNellaRiga =
+        !RTrimN(valoreAgente(QStringLiteral("MG17_AGENTE"))).toString().isEmpty();
+    if (codiceDigitato && codiceNellaRiga)
+        m_schermata.dettagli().RefreshChild();
+    else
+        args.cancel = true;
+}
+
+void SchedaAgente::TXT_RAGSOANAG_LostFocus()
+{
+    if (!m_invioSuRagSoc)
+        return;
+    m_ricercaDaInvio = 1;
+    campo(u"TXT_RAGSOANAG").openLookup();
+    m_ricercaDaInvio = 0;
+    // A yes opens the general-registry management, which this installation does not have:
+    // the person is left where the search found nothing.
+    if (m_rispostaNuovaAnagrafica != Si)
+        campo(u"TXT_RAGSOANAG").setFocus();
+}
+
+void SchedaAgente::TXT_RAGSOANAG_Gestione(const QString& chiave)
+{
+    if (chiave != u"Kpers1")
+        return;
+    m_modoRicercaAnagrafiche = 1;
+    campo(u"TXT_RAGSOANAG").openLookup();
+    m_modoRicercaAnagrafiche = 0;
+}
+
+void SchedaAgente::RicercaAnagrafiche()
+{
+    using host::GeneralRegistrySearch;
+    m_rispostaNuovaAnagrafica = No;
+    std::unique_ptr<GeneralRegistrySearch> ricerca;
+    const int tipo = m_modoRicercaAnagrafiche == 1 ? GeneralRegistrySearch::AllEntries
+                                                   : GeneralRegistrySearch::AgentsAndFreeEntries;
+    frame::GestAnagrafica* agente = m_schermata.FME_GestAnagrafica(FRMMG_AGENTI::Agenti);
+    ignoreEachStep({
+        [&] { ricerca = m_schermata.globale().objects().newRegistrySearch(); },
+        [&] { ricerca->setContext(&m_schermata.globale()); },
+        [&] { ricerca->setConnection(m_schermata.Gcon_Connect(), m_schermata.Gstr_Connect()); },
+        [&] { ricerca->setCompany(m_schermata.Codice_Ditta()); },
+        [&] {
+            ricerca->setTitle(tipo == GeneralRegistrySearch::AllEntries
+                                  ? QStringLiteral("Elenco anagrafiche generali")
+                                  : QStringLiteral("Agenti e anagrafiche non assegnate"));
+        },
+        [&] { ricerca->setKind(tipo); },
+        [&] { ricerca->setStartText(RTrimN(testo(u"TXT_RAGSOANAG")).toString()); },
+        [&] { ricerca->run(); },
+        [&] {
+            if (tipo != GeneralRegistrySearch::AgentsAndFreeEntries)
+                return Flow::Next;
+            const QString codice = RTrimN(ricerca->selectedAgent()).toString();
+            if (codice.isEmpty())
+                return Flow::Next;
+            if (agente->status() == FrameStatus::Search)
+                campo(u"TXT_AGENTE").setText(codice);
+            else
+                scriviAgente(QStringLiteral("MG17_AGENTE"), codice);
+            agente->search(true, true);
+            return Flow::Leave;
+        },
+        [&] {
+            const db::Value anagrafica = RTrimN(ricerca->selectedRegistryCode());
+            if (!anagrafica.toString().isEmpty()) {
+                if (agente->status() != FrameStatus::Search)
+                    scriviAgente(QStringLiteral("MG17_ANAGEN_CG16"), CDecN(anagrafica));
+                DecodificaCodice(m_schermata.connessione(), anagrafica, m_schermata);
+                campo(u"TXT_RAGSOANAG").setValid(true);
+                if (tipo == GeneralRegistrySearch::AllEntries)
+                    campo(u"TXT_AGENTE").setFocus();
+                return Flow::Leave;
+            }
+            if (m_ricercaDaInvio == 0)
+                messaggio(QStringLiteral("Nessuna anagrafica selezionata !!!"), StileInformazione,
+                          QStringLiteral("Ricerca anagrafiche"));
+            else
+                m_rispostaNuovaAnagrafica = short(m_schermata.Gcls_Log()->message(
+                    m_schermata.globale().messages().message(DomandaNuovaAnagrafica, {}),
+                    StileSiNoInformazione, QStringLiteral("Ricerca anagrafiche")));
+            return Flow::Next;
+        },
+    });
+}
+
+void SchedaAgente::CBO_TIPOAGENTE_Click(const db::Value& tipo)
+{
+    // Agents and zone managers have a picture each; every other type is an area manager.
+    qint64 figura = NumeroIntero(tipo).value_or(2);
+    if (figura != 0 && figura != 1)
+        figura = 2;
+    for (const qint64 numero : {0, 1, 2})
+        m_schermata
+            .controllo<controls::Control>(QStringLiteral("PIC_INDTIPOAGENTE") +
+                                          QString::number(numero))
+            .setVisible(numero == figura);
+}
+
+void SchedaAgente::CBO_TIPOAGENTE_LostFocus()
+{
+    const auto& lista = m_schermata.controllo<controls::ComboBox>(u"CBO_TIPOAGENTE");
+    const QString tipo = lista.text();
+    if (tipo == u"1") {
+        campo(u"TXT_CAPOZONA").setText(QString());
+    } else if (tipo != u"0") {
+        campo(u"TXT_CAPOAREA").setText(QString());
+        campo(u"TXT_CAPOZONA").setText(QString());
+    }
+    CBO_TIPOAGENTE_Click(lista.value());
+    const short nuovo = short(NumeroIntero(lista.value()).value_or(0));
+    if (nuovo != m_tipoAgentePrecedente) {
+        AggiornaCapiAreaZona();
+        m_tipoAgentePrecedente = nuovo;
+    }
+}
+
+void SchedaAgente::AggiornaCapiAreaZona()
+{
+    const QString tipo = m_schermata.controllo<controls::ComboBox>(u"CBO_TIPOAGENTE").text();
+    const QString riferimento = testo(u"TXT_AGERIF");
+    const qint64 r = NumeroIntero(riferimento).value_or(0);
+    Field& capoArea = campo(u"TXT_CAPOAREA");
+    Field& capoZona = campo(u"TXT_CAPOZONA");
+    if (tipo == u"0") {
+        capoZona.setText(r != 0 ? riferimento : QString());
+        const QString nonno =
+            NonnoAgente(m_schermata.connessione(), m_schermata.Codice_Ditta(), QString::number(r));
+        capoArea.setText(NumeroIntero(nonno).value_or(0) != 0 ? nonno : QString());
+    } else if (tipo == u"1") {
+        capoArea.setText(r != 0 ? riferimento : QString());
+    } else {
+        return;
+    }
+    capoArea.decode();
+    capoZona.decode();
+}
+
+void SchedaAgente::TXT_CAPOZONA_Validate(controls::CancelArgs& args)
+{
+    const QString zona = RTrimN(testo(u"TXT_CAPOZONA")).toString().trimmed();
+    const QString area = RTrimN(testo(u"TXT_CAPOAREA")).toString().trimmed();
+    if (zona.isEmpty() || area.isEmpty() || zona != area)
+        return;
+    args.cancel = true;
+    messaggio(QStringLiteral("Stesso Capo area !!"), StileAvviso, QStringLiteral("Attenzione"));
+}
+
+void SchedaAgente::TXT_AGERIFVIDEO1_Validate()
+{
+    const QString codice = NvlN(testo(u"TXT_AGERIFVIDEO1"), QString()).toString();
+    Field& riferimento = campo(u"TXT_AGERIF");
+    if (!codice.isEmpty()) {
+        const qint32 id =
+            IdAgenteDaCodice(m_schermata.connessione(), m_schermata.Codice_Ditta(), codice);
+        if (id == 0)
+            return;
+        if (NumeroIntero(riferimento.text()) == std::optional<qint64>(id))
+            return;
+        riferimento.setText(QString::number(id));
+        scriviAgente(QStringLiteral("MG17_IDAGERIF_MG17"), id);
+    } else {
+        riferimento.setText(QString());
+        scriviAgente(QStringLiteral("MG17_IDAGERIF_MG17"), db::Value::null());
+    }
+    TXT_AGERIF_Validate();
+    frame::GestAnagrafica& agente = gestione(FRMMG_AGENTI::Agenti);
+    agente.notifyChange(true);
+    agente.refreshState();
+}
+
+void SchedaAgente::segnaRiferimentoNonValido()
+{
+    campo(u"TXT_AGERIF").setValid(false);
+    campo(u"TXT_AGERIFVIDEO1").setValid(false);
+}
+
+void SchedaAgente::TXT_AGERIF_Validate()
+{
+    m_agenteRifVariato = false;
+    const QString codice = RTrimN(testo(u"TXT_AGERIFVIDEO1")).toString().trimmed();
+    if (!codice.isEmpty() && codice == RTrimN(testo(u"TXT_AGENTE")).toString().trimmed()) {
+        segnaRiferimentoNonValido();
+        return;
+    }
+    Field& riferimento = campo(u"TXT_AGERIF");
+    const std::optional<qint64> id = NumeroIntero(riferimento.text());
+    if (!id) {
+        segnaRiferimentoNonValido();
+        return;
+    }
+    if (gestione(FRMMG_AGENTI::Agenti).status() == FrameStatus::Browse) {
+        const db::RecordsetPtr agenti = gestione(FRMMG_AGENTI::Agenti).recordset();
+        const std::optional<qint64> letto =
+            agenti && !agenti->bof() && !agenti->eof()
+                ? NumeroIntero(agenti->originalValue(u"MG17_IDAGERIF_MG17"))
+                : std::optional<qint64>(0);
+        if (letto == id)
+            return;
+        if (VerificaRiferimentoCircolare()) {
+            segnaRiferimentoNonValido();
+            return;
+        }
+    }
+    riferimento.setValid(true);
+    Field& video = campo(u"TXT_AGERIFVIDEO1");
+    video.setText(*id == 0 ? QString() : CodiceAgenteDaId(m_schermata.connessione(), qint32(*id)));
+    video.setValid(true);
+    AggiornaCapiAreaZona();
+    m_agenteRifVariato = true;
+}
+
+bool SchedaAgente::VerificaRiferimentoCircolare()
+{
+    bool trovato = false;
+    qint32 se = 0;
+    qint64 r = 0;
+    QSet<qint32> visti;
+    ignoreEachStep({
+        [&] {
+            se = IdAgenteDaCodice(m_schermata.connessione(), m_schermata.Codice_Ditta(),
+                                  RTrimN(NvlN(testo(u"TXT_AGENTE"), QString())).toString());
+        },
+        [&] { r = NumeroIntero(testo(u"TXT_AGERIF")).value_or(0); },
+        [&] {
+            if (se == r)
+                trovato = true;
+            return se == r || r == 0 ? Flow::Leave : Flow::Next;
+        },
+        [&] { trovato = BooRicercaAvanti(qint32(r), se, visti); },
+        [&] {
+            if (!trovato) {
+                visti.clear();
+                trovato = BooRicercaIndietro(qint32(r), se, visti);
+            }
+        },
+    });
+    return trovato;
+}
+
+bool SchedaAgente::BooRicercaAvanti(qint32 id, qint32 se, QSet<qint32>& visti)
+{
+    bool trovato = false;
+    reportWithChoice(m_schermata.errori(), QStringLiteral("BooRicercaAvanti"), {[&] {
+                         // A hierarchy that already goes round a circle elsewhere is walked once.
+                         if (visti.contains(id))
+                             return;
+                         visti.insert(id);
+                         const db::RecordsetPtr passo =
+                             m_schermata.connessione().execute(sql::riferimentoInAlbero(id));
+                         if (passo->recordCount() < 1)
+                             return;
+                         const qint32 padre = passo->value(u"MG17_IDAGERIF_MG17").toInt();
+                         if (padre == 0)
+                             return;
+                         trovato = padre == se || BooRicercaAvanti(padre, se, visti);
+                     }});
+    return trovato;
+}
+
+bool SchedaAgente::BooRicercaIndietro(qint32 id, qint32 se, QSet<qint32>& visti)
+{
+    bool trovato = false;
+    reportWithChoice(m_schermata.errori(), QStringLiteral("BooRicercaIndietro"), {[&] {
+                         if (visti.contains(id))
+                             return;
+                         visti.insert(id);
+                         const db::RecordsetPtr passo =
+                             m_schermata.connessione().execute(sql::dipendenteInAlbero(id));
+                         if (passo->recordCount() < 1)
+                             return;
+                         const qint32 figlio = passo->value(u"MG17_IDAGENTE").toInt();
+                         if (figlio == 0)
+                             return;
+                         trovato = figlio == se || BooRicercaIndietro(figlio, se, visti);
+                     }});
+    return trovato;
+}
+
+} // namespace tarvello::agenti
