@@ -22,6 +22,19 @@ Form::~Form()
     m_controls.clear();
 }
 
+Form::BusyScope::BusyScope(Form& form)
+    : m_form(&form)
+{
+    if (++form.m_busyDepth == 1)
+        Q_EMIT form.busyChanged(true);
+}
+
+Form::BusyScope::~BusyScope()
+{
+    if (m_form && --m_form->m_busyDepth == 0)
+        Q_EMIT m_form->busyChanged(false);
+}
+
 int Form::adopt(Control* control)
 {
     if (this->control(control->name()))

@@ -5,6 +5,7 @@
 
 #include <QList>
 #include <QObject>
+#include <QPointer>
 #include <QRect>
 #include <QString>
 
@@ -76,6 +77,20 @@ public:
     bool requestClose(CloseMode mode = CloseMode::User);
     void unload();
 
+    // Long work under way: the window shows the busy pointer and holds its redrawing until
+    // the outermost BusyScope ends, however it ends.
+    bool isBusy() const { return m_busyDepth > 0; }
+    class BusyScope {
+    public:
+        explicit BusyScope(Form& form);
+        ~BusyScope();
+        BusyScope(const BusyScope&) = delete;
+        BusyScope& operator=(const BusyScope&) = delete;
+
+    private:
+        QPointer<Form> m_form; // Not owned.
+    };
+
     // Where fields run their decoding statements; not owned, must outlive the form.
     ConnectionSource* connectionSource() const { return m_connectionSource; }
     void setConnectionSource(ConnectionSource* source) { m_connectionSource = source; }
@@ -90,6 +105,7 @@ Q_SIGNALS:
     void loadedChanged(bool loaded);
     void shownChanged(bool shown);
     void activeChanged(bool active);
+    void busyChanged(bool busy);
 
     void loaded();
     void showRequested(bool modal);
@@ -113,6 +129,7 @@ private:
     bool m_shown = false;
     bool m_modal = false;
     bool m_active = false;
+    int m_busyDepth = 0;
     ConnectionSource* m_connectionSource = nullptr; // Not owned.
     LookupPresenter* m_lookupPresenter = nullptr;   // Not owned.
 };

@@ -21,6 +21,22 @@ void TreeGrid::setTreeColumns(const QString& keyField, const QString& parentFiel
     rearrange();
 }
 
+void TreeGrid::setOutlineColumn(const QString& keyOrField)
+{
+    if (m_outline == keyOrField)
+        return;
+    m_outline = keyOrField;
+    Q_EMIT treeColumnsChanged();
+}
+
+bool TreeGrid::isTreeKeyColumn(int column) const
+{
+    if (column < 0 || column >= columnCount())
+        return false;
+    const QString& field = columns().at(column).field;
+    return !field.isEmpty() && (field == m_keyField || field == m_parentField);
+}
+
 void TreeGrid::setFollowDataSource(bool follow)
 {
     if (m_follow == follow)

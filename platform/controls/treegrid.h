@@ -11,6 +11,10 @@ namespace tarvello::controls {
 // rows are roots; siblings keep the recordset's order; rows are listed depth first, and the
 // rows of a collapsed node are not shown. A cycle of parents is broken where it is first met.
 //
+// The outline column is the one that carries the tree's drawing (indentation, expand buttons
+// and the picture of the row's kind); the key and parent columns serve the tree, not the
+// reader, so views leave them out.
+//
 // Every node starts expanded. With followDataSource on, moving the recordset to a row
 // hidden under collapsed nodes expands them, so the selection can show it.
 class TreeGrid : public Grid {
@@ -21,6 +25,11 @@ public:
     QString nodeKeyColumn() const { return m_keyField; }
     QString parentColumn() const { return m_parentField; }
     void setTreeColumns(const QString& keyField, const QString& parentField);
+    // A column's key or field; empty: the first column a view shows.
+    QString outlineColumn() const { return m_outline; }
+    void setOutlineColumn(const QString& keyOrField);
+    // Whether the column is the node key or the parent column.
+    bool isTreeKeyColumn(int column) const;
     bool followsDataSource() const { return m_follow; }
     void setFollowDataSource(bool follow);
 
@@ -50,6 +59,7 @@ private:
 
     QString m_keyField;
     QString m_parentField;
+    QString m_outline;
     bool m_follow = true;
     QSet<QString> m_collapsed;
     QHash<db::Recordset::Bookmark, Node> m_nodes;

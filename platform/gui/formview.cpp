@@ -30,8 +30,27 @@ FormView::FormView(controls::Form& form, QWidget& root)
         root.setWindowTitle(form.caption());
     connect(&form, &controls::Form::captionChanged, &root, &QWidget::setWindowTitle);
     connect(&form.focus(), &controls::FocusManager::focusChanged, this, &FormView::showModelFocus);
+    connect(&form, &controls::Form::busyChanged, this, &FormView::showBusy);
     connect(qApp, &QApplication::focusChanged, this,
             [this](QWidget*, QWidget* now) { takeWidgetFocus(now); });
+}
+
+FormView::~FormView()
+{
+    if (m_busyShown)
+        QApplication::restoreOverrideCursor();
+}
+
+void FormView::showBusy(bool busy)
+{
+    if (busy == m_busyShown || !m_root)
+        return;
+    m_busyShown = busy;
+    m_root->setUpdatesEnabled(!busy);
+    if (busy)
+        QApplication::setOverrideCursor(Qt::BusyCursor);
+    else
+        QApplication::restoreOverrideCursor();
 }
 
 void FormView::addView(ControlView& view)

@@ -16,13 +16,15 @@ class ControlView;
 // focus both ways: a widget the person moves the focus to asks the form's FocusManager for
 // its control, and when the manager refuses (a validation kept the focus) the focus goes
 // back to the widget of the control that has it; a move the model makes by itself moves the
-// widget focus along. It also shows the form's caption as the window title, and dresses
+// widget focus along. While the form is busy the pointer is the busy one and the window is
+// not redrawn. It also shows the form's caption as the window title, and dresses
 // required fields (tinted) and fields holding a wrong value (red border).
 class FormView final : public QObject {
     Q_OBJECT
 public:
     // Owned by root (its QObject child).
     FormView(controls::Form& form, QWidget& root);
+    ~FormView() override;
 
     controls::Form* form() const { return m_form; }
     QWidget* root() const { return m_root; }
@@ -38,12 +40,14 @@ private:
     void takeWidgetFocus(QWidget* now);
     void showModelFocus(controls::Control* previous, controls::Control* current);
     void putWidgetFocus(controls::Control* control);
+    void showBusy(bool busy);
 
     QPointer<controls::Form> m_form; // Not owned.
     QPointer<QWidget> m_root;        // Not owned: this object's parent.
     QHash<const controls::Control*, QPointer<ControlView>> m_views; // Not owned: widgets' children.
     QHash<const QWidget*, QPointer<controls::Control>> m_controlOf; // Not owned.
     bool m_askingModel = false;
+    bool m_busyShown = false;
 };
 
 } // namespace tarvello::gui

@@ -16,8 +16,10 @@ class GridCells {
 public:
     explicit GridCells(controls::Grid& grid);
 
-    // Reads the column layout again.
+    // Reads the column layout again: the visible columns in their order.
     void refresh();
+    // Shows these grid columns, in this order.
+    void show(const QList<int>& gridColumns) { m_columns = gridColumns; }
     int columnCount() const { return int(m_columns.size()); }
     // The grid's column of a shown column.
     int gridColumn(int shownColumn) const { return m_columns.value(shownColumn, -1); }

@@ -1,6 +1,9 @@
 #include "platform/gui/treegridmodel.h"
 
 #include "platform/controls/treegrid.h"
+#include "platform/gui/imagelibrary.h"
+
+#include <utility>
 
 namespace tarvello::gui {
 
@@ -36,7 +39,7 @@ void TreeGridModel::build()
     m_children.clear();
     if (!m_tree)
         return;
-    m_cells.refresh();
+    arrangeColumns();
     const int count = m_tree->rowCount();
     m_parentOf.fill(-1, count);
     m_positionOf.fill(0, count);
@@ -53,6 +56,32 @@ void TreeGridModel::build()
         m_positionOf[row] = int(siblings.size());
         siblings << row;
     }
+}
+
+void TreeGridModel::arrangeColumns()
+{
+    m_cells.refresh();
+    m_pictureColumn = -1;
+    const QString outlineName = m_tree->outlineColumn();
+    const int named = outlineName.isEmpty() ? -1 : m_tree->columnIndex(outlineName);
+    int outline = -1;
+    QList<int> shown;
+    for (int shownColumn = 0; shownColumn < m_cells.columnCount(); ++shownColumn) {
+        const int column = m_cells.gridColumn(shownColumn);
+        if (m_tree->isTreeKeyColumn(column))
+            continue;
+        if (column == named)
+            outline = column;
+        else if (m_tree->columns().at(column).isPicture() && m_pictureColumn < 0)
+            m_pictureColumn = column;
+        else
+            shown << column;
+    }
+    if (outline >= 0)
+        shown.prepend(outline);
+    if (shown.isEmpty() && m_pictureColumn >= 0)
+        shown << std::exchange(m_pictureColumn, -1);
+    m_cells.show(shown);
 }
 
 const QList<int>& TreeGridModel::childrenOf(int gridRow) const
@@ -113,7 +142,15 @@ bool TreeGridModel::hasChildren(const QModelIndex& parent) const
 QVariant TreeGridModel::data(const QModelIndex& index, int role) const
 {
     const int row = gridRow(index);
-    return row < 0 || !m_tree ? QVariant() : m_cells.data(row, index.column(), role);
+    if (row < 0 || !m_tree)
+        return {};
+    if (role == Qt::DecorationRole && index.column() == 0 && m_pictureColumn >= 0) {
+        const QPixmap picture =
+            ImageLibrary::picture(m_tree->columns().at(m_pictureColumn).imageList,
+                                  m_tree->pictureKey(row, m_pictureColumn));
+        return picture.isNull() ? QVariant() : QVariant(picture);
+    }
+    return m_cells.data(row, index.column(), role);
 }
 
 QVariant TreeGridModel::headerData(int section, Qt::Orientation orientation, int role) const

@@ -16,6 +16,9 @@ namespace tarvello::gui {
 // depths; each row here hangs under the nearest row above it one level up. A node whose
 // children the grid hides (collapsed) still says it has children, so the view offers to
 // expand it; expanding is the grid's to do, and the model is rebuilt when it has.
+//
+// The grid's outline column comes first, with the picture of the grid's first picture
+// column beside its text; the node key and parent columns are left out.
 class TreeGridModel final : public QAbstractItemModel {
     Q_OBJECT
 public:
@@ -39,10 +42,13 @@ public:
 private:
     void reset();
     void build();
+    void arrangeColumns();
     const QList<int>& childrenOf(int gridRow) const;
 
     QPointer<controls::TreeGrid> m_tree; // Not owned: the form's.
     GridCells m_cells;
+    // The grid column whose picture the outline column shows; -1 for none.
+    int m_pictureColumn = -1;
     QList<int> m_roots;
     QList<int> m_parentOf;
     // Position of each row among its siblings.

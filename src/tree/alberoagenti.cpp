@@ -1,9 +1,15 @@
 #include "src/tree/alberoagenti.h"
 
+#include "platform/controls/field.h"
+#include "platform/controls/gridnavigator.h"
 #include "platform/controls/treegrid.h"
 #include "platform/db/connection.h"
+#include "platform/db/runtimeerror.h"
+#include "platform/frame/gestanagrafica.h"
 #include "src/common/errorstyles.h"
+#include "src/common/valuehelpers.h"
 #include "src/data/sqlagenti.h"
+#include "src/detail/dettagliagente.h"
 #include "src/host/globalcontext.h"
 #include "src/screen/frmmg_agenti.h"
 
@@ -17,6 +23,15 @@ const QString ImmaginiTipoAgente = QStringLiteral("IMG_ICONETREE");
 controls::TreeGrid& grigliaAlbero(const FRMMG_AGENTI& schermata)
 {
     return schermata.controllo<controls::TreeGrid>(u"GRD_AGENTI");
+}
+
+frame::GestAnagrafica& gestioneAgenti(const FRMMG_AGENTI& schermata)
+{
+    frame::GestAnagrafica* agenti = schermata.FME_GestAnagrafica(FRMMG_AGENTI::Agenti);
+    if (!agenti || !agenti->recordset())
+        throw db::RuntimeError(91, QStringLiteral("Object variable or With block variable not set"),
+                               QStringLiteral("FME_GestAnagrafica1"));
+    return *agenti;
 }
 
 } // namespace
@@ -49,6 +64,7 @@ void AlberoAgenti::INIT_GRD_AGENTI()
                                  1000);
             },
             [&] { albero.addColumn(QStringLiteral("AGENTE"), QStringLiteral("Agente"), 7000); },
+            [&] { albero.setOutlineColumn(QStringLiteral("AGENTE")); },
             [&] { albero.addColumn(QStringLiteral("MG17_INDTIPOAGE"), QStringLiteral(" "), 600); },
             [&] {
                 albero.setColumnImageList(QStringLiteral("MG17_INDTIPOAGE"), ImmaginiTipoAgente);
@@ -79,9 +95,59 @@ void AlberoAgenti::CaricaAlberoAgenti()
     albero.setDataSource(m_albero);
 }
 
-void AlberoAgenti::GRD_AGENTI_Click() {}
+void AlberoAgenti::GRD_AGENTI_Click()
+{
+    if (!m_albero || !m_albero->isOpen() || m_albero->bof() || m_albero->eof())
+        return;
+    const controls::Form::BusyScope attesa(m_schermata);
+    const QString codice = m_albero->value(u"MG17_AGENTE").toString();
+    frame::GestAnagrafica& agenti = gestioneAgenti(m_schermata);
 
-void AlberoAgenti::AggiornaAlberoAgente() {}
+    const db::RecordsetPtr copia = agenti.recordset()->clone();
+    copia->setFilter(sql::criterioAgente(codice));
+    if (copia->recordCount() == 1) {
+        agenti.moveToBookmark(copia->bookmark());
+    } else {
+        agenti.setStatus(frame::FrameStatus::New);
+        agenti.recordset()->setValue(u"MG17_AGENTE", codice);
+        agenti.search(true, true);
+    }
+
+    const bool conAgente =
+        !RTrimN(m_schermata.controllo<controls::Field>(u"TXT_AGENTE").text()).toString().isEmpty();
+    if (conAgente)
+        m_schermata.dettagli().RefreshChild();
+    m_schermata.controllo<controls::GridNavigator>(u"GRIDNAV_AGENTISOCI").setEnabled(conAgente);
+    m_schermata.controllo<controls::GridNavigator>(u"GRIDNAV_AGENTIMAT").setEnabled(conAgente);
+    grigliaAlbero(m_schermata).setFocus();
+}
+
+void AlberoAgenti::IMG_ESPANDI_Click()
+{
+    grigliaAlbero(m_schermata).expandAll();
+}
+
+void AlberoAgenti::IMG_COMPRIMI_Click()
+{
+    grigliaAlbero(m_schermata).collapseAll();
+}
+
+void AlberoAgenti::AggiornaAlberoAgente()
+{
+    QString codice;
+    ignoreEachStep({
+        [&] { codice = m_schermata.controllo<controls::Field>(u"TXT_AGENTE").text(); },
+        [&] { CaricaTabTreeview(); },
+        [&] { CaricaAlberoAgenti(); },
+        [&] {
+            if (!m_albero)
+                return Flow::Leave;
+            m_albero->moveFirst();
+            return Flow::Next;
+        },
+        [&] { m_albero->find(sql::criterioAgente(codice)); },
+    });
+}
 
 void AlberoAgenti::posizionaSuAgente(const QString& codice)
 {

@@ -23,8 +23,11 @@ public:
     void CaricaAlberoAgenti();
 
     db::RecordsetPtr Grst_AlberoAgenti() const { return m_albero; }
-    // A click on the tree: the agent frame shows the agent of the tree's current row.
+    // A click on the tree: the agent frame shows the agent of the tree's current row, taken
+    // from the frame's rows when it has it, else looked up by its code.
     void GRD_AGENTI_Click();
+    void IMG_ESPANDI_Click();
+    void IMG_COMPRIMI_Click();
     // Rebuilds the tree after a save and brings its current row onto the agent on view.
     void AggiornaAlberoAgente();
     // Brings the tree's current row onto the agent with that code, looking from the first row.
