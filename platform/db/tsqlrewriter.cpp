@@ -297,6 +297,8 @@ public:
                 continue;
             if (m_blockDepth > 0)
                 trackBlock(token.key);
+            else if (m_trigger)
+                m_blockDepth = token.key == u"BEGIN" ? 1 : 0;
             else if (isSymbol(token, u";") || isBatchSeparator(m_tokens, i))
                 close(i, i + 1);
             else if (token.kind == TokenKind::Word)
@@ -317,6 +319,7 @@ private:
         m_started = false;
         m_awaitingBody = false;
         m_inIf = false;
+        m_trigger = false;
     }
 
     void enter(const QString& key)
@@ -332,6 +335,9 @@ private:
         if (!m_started) {
             m_started = true;
             enter(key);
+        } else if (m_lead == u"CREATE" && key == u"TRIGGER") {
+            // A trigger's event and body name statements that belong to the CREATE.
+            m_trigger = true;
         } else if (m_awaitingBody) {
             if (key == u"BEGIN") {
                 m_blockDepth = 1;
@@ -372,8 +378,10 @@ private:
     {
         if (key == u"BEGIN" || key == u"CASE")
             ++m_blockDepth;
-        else if (key == u"END" && --m_blockDepth == 0)
+        else if (key == u"END" && --m_blockDepth == 0) {
             m_lead = key;
+            m_trigger = false;
+        }
     }
 
     const Tokens& m_tokens;
@@ -386,6 +394,7 @@ private:
     bool m_sawMain = false;
     bool m_inIf = false;
     bool m_awaitingBody = false;
+    bool m_trigger = false;
     int m_blockDepth = 0;
 };
 

@@ -207,6 +207,18 @@ TEST(TsqlRewriter, turnsDeleteWithJoinIntoRowidSubquery)
     EXPECT_REWRITE("DELETE #W WHERE a = 1", "DELETE FROM \"#W\" WHERE a = 1");
 }
 
+// Tests and scenarios set traps with triggers: the body's own ';' must not cut the CREATE.
+TEST(TsqlRewriter, keepsATriggerBodyInItsCreateStatement)
+{
+    const QString trigger = QStringLiteral(
+        "CREATE TRIGGER T_NO BEFORE DELETE ON T BEGIN SELECT RAISE(ABORT, 'no'); END");
+    EXPECT_EQ(single(trigger), trigger);
+    const QStringList statements =
+        hostRewriter().rewrite(trigger + QStringLiteral("; DELETE FROM T WHERE a = 1"));
+    ASSERT_EQ(statements.size(), 2) << statements.join(u'\n').toStdString();
+    EXPECT_EQ(statements.at(1), QStringLiteral("DELETE FROM T WHERE a = 1"));
+}
+
 TEST(TsqlRewriter, splitsBatchesIntoStatements)
 {
     const QStringList statements = hostRewriter().rewrite(
