@@ -60,9 +60,7 @@ bool Navigator::relabelButton(const QString& key, const QString& newKey, const Q
 bool Navigator::isAvailable(QStringView key) const
 {
     const Button* found = button(key);
-    if (!found || !found->visible || !found->enabled || !isEnabled() || !isVisible())
-        return false;
-    return key != NavigatorKey::New || m_newRowAllowed;
+    return found && found->visible && found->enabled && isEnabled() && isVisible();
 }
 
 void Navigator::setNewRowAllowed(bool allowed)

@@ -32,8 +32,10 @@ inline const QString Export = QStringLiteral("Esporta");
 // (a record frame's) or the navigator's own; then afterButton with whether it succeeded.
 // A cancelled press raises nothing after beforeButton.
 //
-// The new-row switch allows or stops the "Nuovo" button; the change indicator tells that
-// rows were changed behind the target's back.
+// The new-row switch is the screen's word on whether a new row may be added now. It does not
+// stop a press of "Nuovo": a screen may need to explain a refusal, so its beforeButton handler
+// decides and cancels. The change indicator tells that rows were changed behind the target's
+// back.
 class Navigator : public Control {
     Q_OBJECT
 public:

@@ -152,6 +152,28 @@ void Recordset::close()
     m_index = -1;
 }
 
+void Recordset::reopen(Connection& connection, const QString& tsql)
+{
+    ResultSet rows = connection.query(tsql);
+    QString baseTable;
+    if (m_store->lock != LockType::ReadOnly)
+        resolveBaseTable(connection, tsql, rows.columns, baseTable);
+    m_store->connection = &connection;
+    m_store->source = tsql;
+    m_store->columns = std::move(rows.columns);
+    m_store->baseTable = baseTable;
+    m_store->indexColumns();
+    m_store->reset(std::move(rows.rows));
+    m_store->open = true;
+    m_filter.clear();
+    m_filterGroup = FilterGroup::None;
+    m_sort.clear();
+    m_index = 0;
+    m_store->notifyRowsChanged();
+    m_index = 0;
+    Q_EMIT currentChanged();
+}
+
 QString Recordset::source() const
 {
     return m_store->source;

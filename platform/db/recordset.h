@@ -53,6 +53,10 @@ public:
 
     bool isOpen() const;
     void close();
+    // Opens this recordset again on another query, in place: whoever holds it (a record
+    // frame, a grid) sees the new rows without being handed a new object. Filter and sort
+    // are dropped; on a failing query the recordset stays as it was.
+    void reopen(Connection& connection, const QString& tsql);
     QString source() const;
     Connection* activeConnection() const;
     bool isReadOnly() const;

@@ -1,26 +1,390 @@
 #include "src/detail/dettagliagente.h"
 
+#include "platform/controls/combobox.h"
+#include "platform/controls/eventargs.h"
+#include "platform/controls/field.h"
+#include "platform/controls/grid.h"
+#include "platform/controls/gridnavigator.h"
+#include "platform/frame/gestanagrafica.h"
+#include "src/common/errorstyles.h"
+#include "src/common/valuehelpers.h"
+#include "src/data/sqlagenti.h"
+#include "src/data/sqldettagli.h"
+#include "src/detail/girivisite.h"
+#include "src/detail/operazionidettaglio.h"
+#include "src/host/errorlog.h"
+#include "src/host/globalcontext.h"
+#include "src/host/messagecatalogue.h"
 #include "src/screen/frmmg_agenti.h"
+
+#include <array>
 
 namespace tarvello::agenti {
 
+namespace {
+
+using controls::NavigatorKey::New;
+
+// The message-box style with the warning icon and the OK button.
+constexpr int StileAvviso = 48;
+// The payment type that only describes; its name is the last of the list.
+constexpr int SoloDescrittivo = 99;
+constexpr int TipiNumerati = 16;
+
+// One detail kept in a table of its own, keyed to the company and the agent.
+struct Dettaglio {
+    int gestione;
+    const char* prefisso;
+    QString (*perAgente)(qint32, qint64);
+    QString (*vuoto)();
+    QString cosa;
+
+    QString colonna(const char* suffisso) const
+    {
+        return QString::fromUtf8(prefisso) + QString::fromUtf8(suffisso);
+    }
+};
+
+const std::array<Dettaglio, 4>& dettagli()
+{
+    static const std::array<Dettaglio, 4> elenco{{
+        {FRMMG_AGENTI::Soci, "MG18", &sql::sociAgente, &sql::sociVuoto,
+         QStringLiteral("i soci dell'agente")},
+        {FRMMG_AGENTI::Maturazione, "MG16", &sql::maturazioneAgente, &sql::maturazioneVuoto,
+         QStringLiteral("i giorni di maturazione dell'agente")},
+        {FRMMG_AGENTI::TentataVendita, "MG34", &sql::tentataVenditaAgente,
+         &sql::tentataVenditaVuoto, QStringLiteral("i dati per la tentata vendita dell'agente")},
+        {FRMMG_AGENTI::DettaglioGiri, "MG1I", &sql::dettaglioGiriAgente, &sql::dettaglioGiriVuoto,
+         QStringLiteral("il dettaglio dei giri visite")},
+    }};
+    return elenco;
+}
+
+const Dettaglio& dettaglio(int gestione)
+{
+    return dettagli().at(gestione - FRMMG_AGENTI::Soci);
+}
+
+} // namespace
+
 DettagliAgente::DettagliAgente(FRMMG_AGENTI& schermata)
     : m_schermata(schermata)
+    , m_giri(std::make_unique<GiriVisite>(schermata))
 {}
 
 DettagliAgente::~DettagliAgente() = default;
 
-void DettagliAgente::collega() {}
+const QString& DettagliAgente::GiroCorrente() const
+{
+    return m_giri->GiroCorrente();
+}
 
-void DettagliAgente::ShowChild() {}
+void DettagliAgente::TeminateElencoGiri()
+{
+    m_giri->TeminateElencoGiri();
+}
 
-void DettagliAgente::ClearChild() {}
+void DettagliAgente::collega()
+{
+    using frame::GestAnagrafica;
+    QObject* contesto = &m_schermata;
+    for (int numero :
+         {FRMMG_AGENTI::Soci, FRMMG_AGENTI::Maturazione, FRMMG_AGENTI::TentataVendita}) {
+        GestAnagrafica* gestione = m_schermata.FME_GestAnagrafica(numero);
+        if (!gestione)
+            return;
+        QObject::connect(gestione, &GestAnagrafica::AfterAddNew, contesto,
+                         [this, numero](int esito) { chiaveNuovaRiga(numero, esito); });
+    }
+    GestAnagrafica* soci = m_schermata.FME_GestAnagrafica(FRMMG_AGENTI::Soci);
+    QObject::connect(soci, &GestAnagrafica::AfterDelete, contesto,
+                     [this](int) { FME_GestAnagrafica2_AfterDelete(); });
+    QObject::connect(soci, &GestAnagrafica::AfterUndo, contesto,
+                     [this](int esito) { FME_GestAnagrafica2_AfterUndo(esito); });
+    QObject::connect(soci, &GestAnagrafica::ChangeStatus, contesto,
+                     [this](int stato, int) { FME_GestAnagrafica2_ChangeStatus(stato); });
+    QObject::connect(soci, &GestAnagrafica::UpdateBatchAll, contesto,
+                     [this] { FME_GestAnagrafica2_UpdateBatchAll(); });
 
-void DettagliAgente::RefreshChild() {}
+    GestAnagrafica* maturazione = m_schermata.FME_GestAnagrafica(FRMMG_AGENTI::Maturazione);
+    QObject::connect(maturazione, &GestAnagrafica::ChangeStatus, contesto,
+                     [this](int stato, int) { FME_GestAnagrafica3_ChangeStatus(stato); });
+    QObject::connect(maturazione, &GestAnagrafica::UpdateBatchAll, contesto,
+                     [this] { salvaDettaglioSenzaNuovaRiga(FRMMG_AGENTI::Maturazione); });
+    QObject::connect(m_schermata.FME_GestAnagrafica(FRMMG_AGENTI::TentataVendita),
+                     &GestAnagrafica::UpdateBatchAll, contesto,
+                     [this] { salvaDettaglioSenzaNuovaRiga(FRMMG_AGENTI::TentataVendita); });
+
+    auto& navigatoreSoci = m_schermata.controllo<controls::GridNavigator>(u"GRIDNAV_AGENTISOCI");
+    QObject::connect(&navigatoreSoci, &controls::Navigator::beforeButton, contesto,
+                     [this](controls::NavigatorButtonArgs& args) {
+                         GRIDNAV_AGENTISOCI_BeforeButtonClick(args);
+                     });
+    QObject::connect(&navigatoreSoci, &controls::Navigator::afterButton, contesto,
+                     [this](bool riuscito, const QString& pulsante) {
+                         GRIDNAV_AfterButtonClick(riuscito, pulsante,
+                                                  QStringLiteral("TXT_CODSOCIO"));
+                     });
+    QObject::connect(&m_schermata.controllo<controls::GridNavigator>(u"GRIDNAV_AGENTIMAT"),
+                     &controls::Navigator::afterButton, contesto,
+                     [this](bool riuscito, const QString& pulsante) {
+                         GRIDNAV_AfterButtonClick(riuscito, pulsante,
+                                                  QStringLiteral("CBO_TIPOEFF"));
+                     });
+    QObject::connect(&m_schermata.controllo<controls::Grid>(u"GRID_AGENTIMAT"),
+                     &controls::Grid::cellTextRequested, contesto,
+                     [this](controls::CellTextArgs& args) { GRID_AGENTIMAT_CellText(args); });
+    m_giri->collega();
+}
+
+void DettagliAgente::ShowChild()
+{
+    const qint32 ditta = m_schermata.Codice_Ditta();
+    const qint64 agente = idAgenteCorrente(m_schermata);
+    for (const Dettaglio& d : dettagli()) {
+        const QString sql = d.perAgente(ditta, agente);
+        riapriDettaglio(m_schermata, d.gestione, sql, sql);
+    }
+    m_giri->ImpostaElencoGiri();
+    m_giri->Refresh_VF_MG1H(false);
+}
+
+void DettagliAgente::ClearChild()
+{
+    for (const Dettaglio& d : dettagli()) {
+        const QString sql = d.vuoto();
+        riapriDettaglio(m_schermata, d.gestione, sql, sql);
+    }
+    m_schermata.controllo<controls::Field>(u"TXT_GIRO").setText(QString());
+    m_giri->prendiGiroDalCampo();
+    m_giri->Refresh_VF_MG1H(false);
+    m_giri->TeminateElencoGiri();
+}
+
+void DettagliAgente::RefreshChild()
+{
+    auto& grigliaSoci = m_schermata.controllo<controls::Grid>(u"GRID_AGENTISOCI");
+    auto& grigliaMaturazione = m_schermata.controllo<controls::Grid>(u"GRID_AGENTIMAT");
+    const qint32 ditta = m_schermata.Codice_Ditta();
+    const qint64 agente = idAgenteCorrente(m_schermata);
+    // Gives a detail its query for the agent and moves the rows it holds to the agent.
+    const auto rechiave = [&](int numero, const QString& sql) {
+        frame::GestAnagrafica& gestione = *m_schermata.FME_GestAnagrafica(numero);
+        const db::RecordsetPtr righe = m_schermata.Grst_GestAnagrafica(numero);
+        m_schermata.setGstr_GestAnagrafica(numero, sql);
+        gestione.setSql(sql);
+        if (righe->recordCount() > 0)
+            riscriviAgente(gestione, *righe, dettaglio(numero).colonna("_IDAGENTE_MG17"), agente);
+        return righe;
+    };
+
+    grigliaSoci.setDataSource(nullptr);
+    grigliaMaturazione.setDataSource(nullptr);
+    for (int numero : {FRMMG_AGENTI::Soci, FRMMG_AGENTI::Maturazione, FRMMG_AGENTI::TentataVendita})
+        rechiave(numero, dettaglio(numero).perAgente(ditta, agente));
+    grigliaSoci.setDataSource(m_schermata.Grst_GestAnagrafica(FRMMG_AGENTI::Soci));
+    grigliaMaturazione.setDataSource(m_schermata.Grst_GestAnagrafica(FRMMG_AGENTI::Maturazione));
+
+    const QString giro =
+        RTrimN(m_schermata.controllo<controls::Field>(u"TXT_GIRO").text()).toString();
+    m_schermata.controllo<controls::Grid>(u"GRD_DETTAGLIOGIRI")
+        .setDataSource(
+            rechiave(FRMMG_AGENTI::DettaglioGiri, sql::dettaglioGiriDelGiro(ditta, agente, giro)));
+}
 
 void DettagliAgente::setSociAggiungibili(bool aggiungibili)
 {
     m_sociAggiungibili = aggiungibili;
+    m_schermata.controllo<controls::GridNavigator>(u"GRIDNAV_AGENTISOCI")
+        .setNewRowAllowed(aggiungibili);
+}
+
+void DettagliAgente::chiaveNuovaRiga(int numero, int fenm_operationresult)
+{
+    if (fenm_operationresult != frame::OperationSucceeded)
+        return;
+    const Dettaglio& d = dettaglio(numero);
+    const db::RecordsetPtr righe = m_schermata.FME_GestAnagrafica(numero)->recordset();
+    righe->setValue(d.colonna("_DITTA_CG18"), m_schermata.Codice_Ditta());
+    righe->setValue(d.colonna("_IDAGENTE_MG17"), MG17_IDAGENTE(m_schermata));
+}
+
+bool DettagliAgente::limiteSoci(double& limite) const
+{
+    const db::Value testo = RTrimN(m_schermata.controllo<controls::Field>(u"TXT_NUMSOCI").text());
+    if (testo.toString().isEmpty())
+        return false;
+    limite = CDecN(testo).toDouble();
+    return true;
+}
+
+void DettagliAgente::FME_GestAnagrafica2_AfterDelete()
+{
+    double limite = 0;
+    if (!limiteSoci(limite))
+        return;
+    const auto righe = double(m_schermata.Grst_GestAnagrafica(FRMMG_AGENTI::Soci)->recordCount());
+    setSociAggiungibili(righe < limite);
+}
+
+void DettagliAgente::FME_GestAnagrafica2_AfterUndo(int fenm_operationresult)
+{
+    if (fenm_operationresult != frame::OperationSucceeded)
+        return;
+    frame::GestAnagrafica& soci = *m_schermata.FME_GestAnagrafica(FRMMG_AGENTI::Soci);
+    const db::RecordsetPtr righe = m_schermata.Grst_GestAnagrafica(FRMMG_AGENTI::Soci);
+    if (righe->bof() || righe->eof() || righe->recordCount() != 1 ||
+        soci.status() != frame::FrameStatus::New)
+        return;
+    soci.detach();
+    ignoreEachStep({
+        [&] { righe->requery(); },
+        [&] { soci.refresh(); },
+        [&] {
+            auto& codice = m_schermata.controllo<controls::Field>(u"TXT_CODSOCIO");
+            if (codice.isEnabled())
+                codice.setFocus();
+        },
+    });
+}
+
+void DettagliAgente::FME_GestAnagrafica2_ChangeStatus(int fenm_status)
+{
+    auto& codice = m_schermata.controllo<controls::Field>(u"TXT_CODSOCIO");
+    if (fenm_status == frame::FrameStatus::Browse)
+        codice.setEnabled(false);
+    else if (fenm_status == frame::FrameStatus::Search || fenm_status == frame::FrameStatus::New)
+        codice.setEnabled(true);
+    setSociAggiungibili(m_sociAggiungibili);
+}
+
+void DettagliAgente::FME_GestAnagrafica3_ChangeStatus(int fenm_status)
+{
+    auto& tipo = m_schermata.controllo<controls::ComboBox>(u"CBO_TIPOEFF");
+    if (fenm_status == frame::FrameStatus::Search || fenm_status == frame::FrameStatus::New) {
+        tipo.setEnabled(true);
+        tipo.setFocus();
+    } else if (fenm_status == frame::FrameStatus::Browse) {
+        tipo.setEnabled(false);
+    }
+}
+
+void DettagliAgente::salvaDettaglioSenzaNuovaRiga(int numero)
+{
+    frame::GestAnagrafica& gestione = *m_schermata.FME_GestAnagrafica(numero);
+    const db::RecordsetPtr righe = m_schermata.Grst_GestAnagrafica(numero);
+    controls::Grid* griglia = numero == FRMMG_AGENTI::Maturazione
+                                  ? &m_schermata.controllo<controls::Grid>(u"GRID_AGENTIMAT")
+                                  : nullptr;
+    if (!gestione.changeFlag())
+        return;
+    // A new row still open is not saved with the others; never written, it simply goes.
+    if (gestione.status() == frame::FrameStatus::New && !righe->bof() && !righe->eof() &&
+        righe->status() == db::RowStatus::New)
+        righe->deleteRow();
+    if (griglia) {
+        gestione.setGrid(nullptr);
+        griglia->setDataSource(nullptr);
+    }
+    gestione.setRecordset(nullptr);
+    ignoreEachStep({
+        [&] { scriviInBlocco(m_schermata, *righe, dettaglio(numero).cosa); },
+        [&] { gestione.setRecordset(righe); },
+        [&] {
+            if (!griglia)
+                return;
+            griglia->setDataSource(righe);
+            gestione.setGrid(griglia);
+        },
+        [&] {
+            if (righe->recordCount() == 0)
+                gestione.setStatus(frame::FrameStatus::New);
+        },
+        [&] { gestione.refresh(); },
+    });
+}
+
+void DettagliAgente::FME_GestAnagrafica2_UpdateBatchAll()
+{
+    frame::GestAnagrafica& soci = *m_schermata.FME_GestAnagrafica(FRMMG_AGENTI::Soci);
+    const db::RecordsetPtr righe = m_schermata.Grst_GestAnagrafica(FRMMG_AGENTI::Soci);
+    if (!soci.changeFlag() && !soci.secondChangeFlag())
+        return;
+    if (soci.status() == frame::FrameStatus::Browse) {
+        ignoreEachStep({
+            [&] { scriviInBlocco(m_schermata, *righe, dettaglio(FRMMG_AGENTI::Soci).cosa); },
+            [&] { soci.setFollowRowMoves(false); },
+            [&] { righe->moveFirst(); },
+            [&] { soci.setFollowRowMoves(true); },
+        });
+    } else if (righe->recordCount() == 1) {
+        // The only row is the one being entered: it is dropped, and the partners the query
+        // still finds in the database go with it.
+        righe->requery();
+        if (righe->recordCount() > 0) {
+            soci.setFollowRowMoves(false);
+            for (righe->moveFirst(); !righe->eof(); righe->moveNext())
+                righe->deleteRow();
+            righe->updateBatch();
+            // The frame's undo asks before dropping edits; those edits went with the requery,
+            // so the frame is told it holds none while it lets its row go.
+            soci.notifyChange(false);
+            soci.dropPendingRow(true, true, true);
+            soci.notifyChange(true);
+            soci.setFollowRowMoves(true);
+        }
+    }
+    soci.setChangeFlag(false);
+    soci.setSecondChangeFlag(false);
+}
+
+void DettagliAgente::GRIDNAV_AGENTISOCI_BeforeButtonClick(controls::NavigatorButtonArgs& args)
+{
+    double limite = 0;
+    if (args.key != New || !limiteSoci(limite))
+        return;
+    m_schermata.FME_GestAnagrafica(FRMMG_AGENTI::Soci)->confirmPendingChanges(true, true, false);
+    const auto righe = double(m_schermata.Grst_GestAnagrafica(FRMMG_AGENTI::Soci)->recordCount());
+    if (righe < limite) {
+        setSociAggiungibili(true);
+        return;
+    }
+    host::ErrorLog* log = m_schermata.Gcls_Log();
+    if (log)
+        log->message(QStringLiteral("Impossibile aggiungere un nuovo socio.") +
+                         QStringLiteral("\r\n") +
+                         QStringLiteral("Il numero dei soci è superiore al valore del campo "
+                                        "Numero di soci in Dati generali !!!"),
+                     StileAvviso, QStringLiteral("Attenzione"));
+    m_schermata.SelezionaTab(0);
+    m_schermata.SelezionaTab(1);
+    args.cancel = true;
+    setSociAggiungibili(false);
+}
+
+void DettagliAgente::GRIDNAV_AfterButtonClick(bool success, const QString& pulsante,
+                                              const QString& fuoco)
+{
+    if (success && pulsante == New)
+        m_schermata.controllo<controls::Control>(fuoco).setFocus();
+}
+
+void DettagliAgente::GRID_AGENTIMAT_CellText(controls::CellTextArgs& args)
+{
+    if (args.field != u"MG16_TIPOEFF")
+        return;
+    ignoreEachStep({
+        [&] {
+            const qint64 codice = CDecN(args.text).toInt64();
+            const QStringList& nomi = m_schermata.tipiEffetti();
+            QString nome;
+            if (codice >= 1 && codice <= TipiNumerati)
+                nome = nomi.value(codice - 1);
+            else if (codice == SoloDescrittivo)
+                nome = nomi.value(TipiNumerati);
+            args.text = m_schermata.globale().messages().text(nome);
+        },
+    });
 }
 
 } // namespace tarvello::agenti

@@ -1,10 +1,17 @@
 #pragma once
 
 #include <QString>
+#include <memory>
+
+namespace tarvello::controls {
+struct CellTextArgs;
+struct NavigatorButtonArgs;
+} // namespace tarvello::controls
 
 namespace tarvello::agenti {
 
 class FRMMG_AGENTI;
+class GiriVisite;
 
 // The four details of the agent on view (partners, maturation days, van-sales data, route
 // detail), each a record frame of the screen over a recordset the screen keeps open: how
@@ -32,12 +39,30 @@ public:
     bool SociAggiungibili() const { return m_sociAggiungibili; }
     void setSociAggiungibili(bool aggiungibili);
     // The code of the route whose detail is on view, right-trimmed; empty when none.
-    const QString& GiroCorrente() const { return m_giroCorrente; }
+    const QString& GiroCorrente() const;
+    GiriVisite& giri() const { return *m_giri; }
+    // Lets the route list go; the screen's unload calls it.
+    void TeminateElencoGiri();
 
 private:
+    void FME_GestAnagrafica2_AfterDelete();
+    void FME_GestAnagrafica2_AfterUndo(int fenm_operationresult);
+    void FME_GestAnagrafica2_ChangeStatus(int fenm_status);
+    void FME_GestAnagrafica3_ChangeStatus(int fenm_status);
+    void FME_GestAnagrafica2_UpdateBatchAll();
+    // The batch save of maturation days and van-sales data; only the first has a grid.
+    void salvaDettaglioSenzaNuovaRiga(int gestione);
+    // Keys a new row of a detail to the company and the agent.
+    void chiaveNuovaRiga(int gestione, int fenm_operationresult);
+    void GRIDNAV_AGENTISOCI_BeforeButtonClick(controls::NavigatorButtonArgs& args);
+    void GRIDNAV_AfterButtonClick(bool success, const QString& pulsante, const QString& fuoco);
+    void GRID_AGENTIMAT_CellText(controls::CellTextArgs& args);
+    // TXT_NUMSOCI's value when it holds one; the partners then have a limit.
+    bool limiteSoci(double& limite) const;
+
     FRMMG_AGENTI& m_schermata; // Not owned: the screen owns this.
+    std::unique_ptr<GiriVisite> m_giri;
     bool m_sociAggiungibili = false;
-    QString m_giroCorrente;
 };
 
 } // namespace tarvello::agenti

@@ -186,6 +186,12 @@ QString FRMMG_AGENTI::Gstr_GestAnagrafica(int numero) const
     return numero >= Agenti && numero <= DettaglioGiri ? m_sql.at(numero - 1) : QString();
 }
 
+void FRMMG_AGENTI::setGstr_GestAnagrafica(int numero, const QString& sql)
+{
+    if (numero >= Agenti && numero <= DettaglioGiri)
+        m_sql.at(numero - 1) = sql;
+}
+
 ImpostazioniCampoId FRMMG_AGENTI::impostazioniCampoId(QStringView nome) const
 {
     if (nome == u"TXT_CAPOAREA")
@@ -662,6 +668,7 @@ void FRMMG_AGENTI::Form_Unload()
         [&] { navigatore().setScriptObject(nullptr); },
         [&] { globale().deregisterModule(m_activeInterface); },
         [&] { rilasciaGestioni(); },
+        [&] { m_dettagli->TeminateElencoGiri(); },
         [&] { m_oggetti.priorita.reset(); },
         [&] { m_albero->rilascia(); },
         [&] {

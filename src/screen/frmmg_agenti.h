@@ -111,6 +111,12 @@ public:
     frame::GestAnagrafica* FME_GestAnagrafica(int gestione) const;
     db::RecordsetPtr Grst_GestAnagrafica(int gestione) const;
     QString Gstr_GestAnagrafica(int gestione) const;
+    // The details keep their query texts here as they reload or re-key their recordsets.
+    void setGstr_GestAnagrafica(int gestione, const QString& sql);
+    // The lookup-and-decode objects that describe customers and routes; none before the load
+    // or after the unload.
+    host::LookupDecoder* decodificatoreClienti() const { return m_oggetti.clienti.get(); }
+    host::LookupDecoder* decodificatoreGiri() const { return m_oggetti.giri.get(); }
     // The lookup-and-decode objects of the agents (agent lists and typologies) and of the
     // suppliers; none before the load or after the unload.
     host::LookupDecoder* decodificatoreAgenti() const { return m_oggetti.agenti.get(); }

@@ -68,10 +68,19 @@ TEST_F(NavigatorTest, CancelInBeforeButtonStopsTheActionAndTheAfterEvent)
     EXPECT_EQ(log, QStringList({"before Nuovo"}));
 }
 
-TEST_F(NavigatorTest, NewRowSwitchAndEnabledSettingsStopPresses)
+// A screen that keeps "Nuovo" refused through the new-row switch still has to be asked, so
+// that it can tell the person why; only the enabled and visible settings stop a press.
+TEST_F(NavigatorTest, EnabledSettingsStopPressesTheNewRowSwitchDoesNot)
 {
+    QList<bool> switched;
+    QObject::connect(navigator, &Navigator::newRowAllowedChanged,
+                     [&](bool allowed) { switched << allowed; });
     navigator->setNewRowAllowed(false);
-    EXPECT_FALSE(navigator->isAvailable(NavigatorKey::New));
+    navigator->setNewRowAllowed(false);
+    EXPECT_FALSE(navigator->isNewRowAllowed());
+    EXPECT_EQ(switched, QList<bool>{false});
+    EXPECT_TRUE(navigator->isAvailable(NavigatorKey::New));
+    refuse << NavigatorKey::New;
     EXPECT_FALSE(navigator->press(NavigatorKey::New));
     EXPECT_TRUE(navigator->press(NavigatorKey::Confirm));
 
@@ -85,8 +94,8 @@ TEST_F(NavigatorTest, NewRowSwitchAndEnabledSettingsStopPresses)
     EXPECT_FALSE(navigator->press(NavigatorKey::Confirm));
     EXPECT_FALSE(navigator->press(QStringLiteral("Stampa"))) << "no such button";
 
-    EXPECT_EQ(log, QStringList({"before Conferma", "click Conferma", "frame Conferma",
-                                "after Conferma ok"}));
+    EXPECT_EQ(log, QStringList({"before Nuovo", "before Conferma", "click Conferma",
+                                "frame Conferma", "after Conferma ok"}));
 }
 
 TEST_F(NavigatorTest, MovesLeftByTheTargetMoveTheGridRecordset)

@@ -205,6 +205,32 @@ TEST_P(RecordsetTest, RequeryReadsRowsWrittenByOthersAndSortOrdersThem)
     EXPECT_EQ(codes(*rs), (QStringList{"C", "D", "A", "B", "AA"}));
 }
 
+// A record frame and a grid hold the same recordset object across a reload; a reopen that
+// handed out a new object, or left the old filter on, would leave them showing stale rows.
+TEST_P(RecordsetTest, ReopenLoadsAnotherQueryIntoTheSameObjectAndItsClones)
+{
+    const RecordsetPtr rs = openAll();
+    const RecordsetPtr reader = rs->clone();
+    rs->setFilter(QStringLiteral("D_OWNER = 2"));
+    rs->setValue(u"D_CODE", "LOST");
+    rs->close();
+    rs->reopen(db(), QStringLiteral("SELECT ROW_NUMBER() OVER (ORDER BY D_OWNER) AS ID, * FROM D "
+                                    "WHERE D_OWNER = 1"));
+    EXPECT_TRUE(rs->isOpen());
+    EXPECT_TRUE(rs->filter().isEmpty());
+    EXPECT_EQ(rs->pendingCount(), 0);
+    EXPECT_EQ(codes(*rs), (QStringList{"A", "B"}));
+    EXPECT_EQ(codes(*reader), (QStringList{"A", "B"}));
+    EXPECT_EQ(rs->absolutePosition(), 1);
+
+    rs->setValue(u"D_CODE", "A2");
+    rs->updateBatch();
+    EXPECT_EQ(cell(QStringLiteral("SELECT D_CODE FROM D WHERE D_ID = 1")), QStringLiteral("A2"));
+
+    EXPECT_THROW(rs->reopen(db(), QStringLiteral("SELECT * FROM NO_SUCH_TABLE")), RuntimeError);
+    EXPECT_EQ(codes(*rs), (QStringList{"A2", "B"}));
+}
+
 TEST_P(RecordsetTest, MovingPastTheEndsRaisesAsTheHostDoes)
 {
     const RecordsetPtr rs = openAll();

@@ -1,0 +1,61 @@
+#pragma once
+
+#include "platform/db/recordset.h"
+
+#include <QString>
+
+namespace tarvello::controls {
+struct CellTextArgs;
+struct DecodeArgs;
+struct LookupArgs;
+} // namespace tarvello::controls
+
+namespace tarvello::agenti {
+
+class FRMMG_AGENTI;
+
+// The page of the routes the agent visits: the list of the agent's routes (GRD_GIRI), the
+// route on view (TXT_GIRO, GiroCorrente) and the customers of that route (GRD_DETTAGLIOGIRI
+// over the route-detail frame FME_GestAnagrafica5).
+class GiriVisite {
+public:
+    explicit GiriVisite(FRMMG_AGENTI& schermata);
+    GiriVisite(const GiriVisite&) = delete;
+    GiriVisite& operator=(const GiriVisite&) = delete;
+
+    // Connects the route list, the route field and the route-detail frame.
+    void collega();
+
+    const QString& GiroCorrente() const { return m_giroCorrente; }
+    // The route on view becomes the right-trimmed text of TXT_GIRO.
+    void prendiGiroDalCampo();
+    // The routes the agent has customers on; none before the first ImpostaElencoGiri.
+    db::RecordsetPtr Grst_ElencoGiri() const { return m_elencoGiri; }
+
+    // Builds the route list of the agent on view and puts its first route on view.
+    void ImpostaElencoGiri();
+    // Lets the route list go.
+    void TeminateElencoGiri();
+    // Shows the route on view; aggiungiGiro lists it when the list lacks it.
+    void Refresh_VF_MG1H(bool aggiungiGiro);
+    // Reloads the customers of the route on view.
+    void CaricaDettaglioGiro();
+    void GRD_GIRI_Click();
+
+private:
+    void TXT_GIRO_GotFocus();
+    void TXT_GIRO_LostFocus();
+    void TXT_GIRO_Decode(controls::DecodeArgs& args);
+    void TXT_GIRO_Lookup(controls::LookupArgs& args);
+    void FME_GestAnagrafica5_AfterAddNew(int fenm_operationresult);
+    void FME_GestAnagrafica5_ChangeStatus(int fenm_status);
+    void FME_GestAnagrafica5_UpdateBatchAll();
+    void GRD_DETTAGLIOGIRI_CellText(controls::CellTextArgs& args);
+    void aggiungiAlElenco();
+
+    FRMMG_AGENTI& m_schermata; // Not owned: the screen owns this.
+    QString m_giroCorrente;
+    db::RecordsetPtr m_elencoGiri;
+};
+
+} // namespace tarvello::agenti
