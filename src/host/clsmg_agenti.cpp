@@ -137,14 +137,19 @@ void CLSMG_AGENTI::ChangeDitta(qint32 /*company*/)
         m_screen->CambiaDitta(richiesto(m_clsGlobal, "ClsGlobal").company().code);
 }
 
+void CLSMG_AGENTI::registraSchermata(const std::function<void(QObject*&)>& registra)
+{
+    QObject* schermata = m_screen->oggettoSchermata({});
+    registra(schermata);
+    m_oggettoSchermata = schermata;
+}
+
 void CLSMG_AGENTI::InitializeLayoutObjectModel(host::LayoutObjectModel& ClsLayout)
 {
     if (!attivo() || !m_screen)
         return;
-    m_oggettoSchermata = m_screen->oggettoSchermata({});
-    QObject* registrato = m_oggettoSchermata;
-    ClsLayout.registerObject(registrato, TitoloModulo);
-    m_oggettoSchermata = registrato;
+    registraSchermata(
+        [&](QObject*& schermata) { ClsLayout.registerObject(schermata, TitoloModulo); });
     const std::pair<const char*, const char*> griglie[] = {
         {"GRID_AGENTISOCI", "Griglia agenti soci"},
         {"GRID_AGENTIMAT", "Griglia giorni di maturazione"},
@@ -159,15 +164,14 @@ void CLSMG_AGENTI::InitializeScriptObjectModel(host::ScriptObjectModel& ClsScrip
 {
     if (!attivo() || !m_screen)
         return;
-    m_oggettoSchermata = m_screen->oggettoSchermata({});
-    QObject* registrato = m_oggettoSchermata;
-    const QString nomeSchermata = registrato ? registrato->objectName() : QString();
-    ClsScript.registerObject(nomeSchermata, registrato, 0, TitoloModulo);
-    m_oggettoSchermata = registrato;
-    // "Name" is the frame's late-bound property for scripts, not its object name, by which
-    // the screen finds its frames.
+    registraSchermata([&](QObject*& schermata) {
+        const QString nome = schermata ? schermata->objectName() : QString();
+        ClsScript.registerObject(nome, schermata, 0, TitoloModulo);
+    });
     if (!m_activeFrame)
         return;
+    // "Name" is the frame's late-bound property for scripts, not its object name, by which
+    // the screen finds its frames.
     m_activeFrame->setProperty("Name", QStringLiteral("DTS_Anagrafica_agenti"));
     const QString nomeGestione = m_activeFrame->property("Name").toString();
     QObject* registrata = m_activeFrame;

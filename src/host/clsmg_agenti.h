@@ -8,6 +8,7 @@
 #include "src/host/navigator.h"
 
 #include <QPointer>
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -125,6 +126,9 @@ private:
     // IsActive as the host sees it, through ActiveDll: false once the screen has let go.
     bool attivo() const;
     AgentiScreen& schermata() const;
+    // Registers the screen with a layout or script model, keeping the object the model hands
+    // back in its place.
+    void registraSchermata(const std::function<void(QObject*&)>& registra);
     void CollegaMultimedia();
     AgentiScreenFactory m_screenFactory;
     // Every screen this object has opened; a second ShowForm leaves the first screen open.
