@@ -48,7 +48,7 @@ qsizetype pdfPageCount(const QByteArray& pdf)
 
 // Company 1 has agents (one a reference and area manager of another, one with a quote in
 // its code), company 2 none.
-class AgentsPrintout : public ::testing::Test {
+class AgentsPrintout : public ::testing::TestWithParam<test::DatabaseTarget> {
 protected:
     void SetUp() override
     {
@@ -96,7 +96,7 @@ protected:
         return path;
     }
 
-    test::TestDatabase database{test::DatabaseTarget{QStringLiteral("sqlite"), false}};
+    test::TestDatabase database{GetParam()};
     services::ScriptedPrompts prompts;
     services::HostContext context{
         prompts, database.connectionString(), {1, QStringLiteral("Rossi Forniture")}};
@@ -105,7 +105,7 @@ protected:
     qint64 lastRegistry = 100;
 };
 
-TEST_F(AgentsPrintout, OneAgentIsPrintedOnOnePageWithWhatItRefersTo)
+TEST_P(AgentsPrintout, OneAgentIsPrintedOnOnePageWithWhatItRefersTo)
 {
     const QString path = print(QStringLiteral("A002"));
     EXPECT_EQ(module.printedFile(), path);
@@ -131,7 +131,7 @@ TEST_F(AgentsPrintout, OneAgentIsPrintedOnOnePageWithWhatItRefersTo)
     EXPECT_EQ(prompts.history().first().answer, QStringLiteral("file \"%1\"").arg(path));
 }
 
-TEST_F(AgentsPrintout, AllAgentsOfTheCompanyTakeAsManyPagesAsTheyNeed)
+TEST_P(AgentsPrintout, AllAgentsOfTheCompanyTakeAsManyPagesAsTheyNeed)
 {
     for (int n = 1; n <= 60; ++n)
         addAgent(QStringLiteral("Z%1").arg(n, 3, 10, QLatin1Char('0')),
@@ -153,7 +153,7 @@ TEST_F(AgentsPrintout, AllAgentsOfTheCompanyTakeAsManyPagesAsTheyNeed)
     EXPECT_LT(text.indexOf(QStringLiteral("Anna")), text.indexOf(QStringLiteral("Z001")));
 }
 
-TEST_F(AgentsPrintout, NoAgentsToPrintIsToldWithoutAskingForAFile)
+TEST_P(AgentsPrintout, NoAgentsToPrintIsToldWithoutAskingForAFile)
 {
     context.setCompany({2, QStringLiteral("Ditta vuota")});
     module.ShowForm();
@@ -177,7 +177,7 @@ TEST_F(AgentsPrintout, NoAgentsToPrintIsToldWithoutAskingForAFile)
     EXPECT_TRUE(module.printedFile().isEmpty());
 }
 
-TEST_F(AgentsPrintout, AFileThatCannotBeWrittenIsToldAndNothingIsShown)
+TEST_P(AgentsPrintout, AFileThatCannotBeWrittenIsToldAndNothingIsShown)
 {
     prompts.queue(PromptAnswer::file(output.filePath(QStringLiteral("manca/agenti.pdf"))));
     module.setCodiceAgente(QStringLiteral("A001"));
@@ -191,7 +191,7 @@ TEST_F(AgentsPrintout, AFileThatCannotBeWrittenIsToldAndNothingIsShown)
     EXPECT_TRUE(module.printedFile().isEmpty());
 }
 
-TEST_F(AgentsPrintout, LeftWithoutChoosingAFileNothingIsPrinted)
+TEST_P(AgentsPrintout, LeftWithoutChoosingAFileNothingIsPrinted)
 {
     module.setCodiceAgente(QStringLiteral("A001"));
     module.ShowForm();
@@ -201,7 +201,7 @@ TEST_F(AgentsPrintout, LeftWithoutChoosingAFileNothingIsPrinted)
     EXPECT_TRUE(QDir(output.path()).isEmpty());
 }
 
-TEST_F(AgentsPrintout, TheHostStartsItOnTheCodeItWasGiven)
+TEST_P(AgentsPrintout, TheHostStartsItOnTheCodeItWasGiven)
 {
     std::unique_ptr<host::CalledModule> created =
         context.createModule(QStringLiteral("Brendolo.CLSMG_STAGENTI"));
@@ -218,6 +218,9 @@ TEST_F(AgentsPrintout, TheHostStartsItOnTheCodeItWasGiven)
     EXPECT_TRUE(text.contains(QStringLiteral("Capo area")));
     EXPECT_FALSE(text.contains(QStringLiteral("Luca Verdi")));
 }
+
+INSTANTIATE_TEST_SUITE_P(Targets, AgentsPrintout, ::testing::ValuesIn(test::databaseTargets()),
+                         [](const auto& info) { return test::targetName(info.param); });
 
 TEST(AgentsReportDocument, ShowsKindsAndLeavesMissingValuesBlank)
 {
