@@ -36,26 +36,26 @@ void FRMMG_AGENTI::CambiaDitta(qint32 ditta)
     if (!FME_GestAnagrafica(Agenti))
         return;
     db::Connection* connessioneAgenti = nullptr;
+    const auto righeAgenti = [this]() -> db::Recordset& {
+        return richiesto(m_recordset.at(Agenti - 1).get(), "Grst_GestAnagrafica1");
+    };
     reportModuleError(
         m_errori, QStringLiteral("CLSMG_AGENTI.ActiveNavigator_ChangeDitta"),
         {
             [&] { m_ditta = ditta; },
             [&] { gestione(Agenti).detach(); },
             [&] {
-                db::Recordset& righe =
-                    richiesto(m_recordset.at(Agenti - 1).get(), "Grst_GestAnagrafica1");
-                connessioneAgenti = righe.activeConnection();
-                righe.close();
+                connessioneAgenti = righeAgenti().activeConnection();
+                righeAgenti().close();
             },
             [&] {
                 m_sql.at(Agenti - 1) =
                     agenteNellaDitta(m_ditta, controllo<controls::Field>(u"TXT_AGENTE").text());
             },
+            // Reopened in place: the frame, and whoever else holds the recordset, keep it.
             [&] {
-                db::Connection& connessione =
-                    connessioneAgenti ? *connessioneAgenti : this->connessione();
-                m_recordset.at(Agenti - 1) = db::Recordset::open(connessione, m_sql.at(Agenti - 1));
-                gestione(Agenti).setRecordset(m_recordset.at(Agenti - 1));
+                righeAgenti().reopen(richiesto(connessioneAgenti, "ActiveConnection"),
+                                     m_sql.at(Agenti - 1));
             },
             [&] { gestione(Agenti).refresh({}); },
         });

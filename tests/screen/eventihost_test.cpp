@@ -89,10 +89,12 @@ TEST_F(EventiHost, InACompanyWithoutTheCodeOnViewTheAgentRecordsetIsEmpty)
     EXPECT_EQ(schermata().Codice_Ditta(), dittaSemplice);
     EXPECT_EQ(schermata().Gstr_GestAnagrafica(FRMMG_AGENTI::Agenti), atteso);
     EXPECT_TRUE(istruzioni().contains(atteso));
-    EXPECT_FALSE(prima->isOpen());
+    // The recordset is reopened in place: the frame still works on it.
+    EXPECT_EQ(schermata().Grst_GestAnagrafica(FRMMG_AGENTI::Agenti), prima);
+    EXPECT_EQ(agenti().recordset(), prima);
+    EXPECT_TRUE(prima->isOpen());
+    EXPECT_EQ(prima->source(), atteso);
     EXPECT_EQ(righeAgenti().recordCount(), 0);
-    // The frame works on the recordset reopened, not on the one closed.
-    EXPECT_EQ(agenti().recordset(), schermata().Grst_GestAnagrafica(FRMMG_AGENTI::Agenti));
     EXPECT_TRUE(agenti().isAttached());
     EXPECT_EQ(agenti().status(), frame::FrameStatus::New);
 }
