@@ -1,0 +1,285 @@
+#include "platform/controls/combobox.h"
+#include "platform/controls/field.h"
+#include "platform/db/runtimeerror.h"
+#include "schermatafixture.h"
+#include "src/detail/dettagliagente.h"
+#include "src/screen/codiciagente.h"
+#include "src/screen/schedaagente.h"
+
+namespace tarvello::test {
+
+namespace {
+
+using agenti::FRMMG_AGENTI;
+namespace FrameStatus = frame::FrameStatus;
+
+constexpr int StileAvviso = 48;
+const QString QuoteOltreCento = QStringLiteral("Il totale delle % quote supera il 100% !!!");
+
+// The agents screen opened on one agent of the company.
+class SchedaAgenteTest : public SchermataTest {
+protected:
+    void SetUp() override
+    {
+        SchermataTest::SetUp();
+        id = inserisciAgente(QStringLiteral("A001"));
+        Apertura apertura;
+        apertura.codiceChiamato = QStringLiteral("A001");
+        apri(apertura);
+        ASSERT_EQ(agente().status(), FrameStatus::Browse);
+    }
+
+    frame::GestAnagrafica& agente() const { return gestione(FRMMG_AGENTI::Agenti); }
+    controls::Field& campo(QStringView nome) const { return controllo<controls::Field>(nome); }
+    controls::ComboBox& lista(QStringView nome) const
+    {
+        return controllo<controls::ComboBox>(nome);
+    }
+    db::Value riga(const QString& colonna) const { return agente().recordset()->value(colonna); }
+    QStringList messaggi() const
+    {
+        QStringList testi;
+        for (const services::PromptRecord& prompt : prompts.history())
+            testi << prompt.text;
+        return testi;
+    }
+    // A partner row held by the partners frame and not saved yet.
+    void socioInSospeso(int codice, const char* quota)
+    {
+        const db::RecordsetPtr soci = gestione(FRMMG_AGENTI::Soci).recordset();
+        soci->addNew();
+        soci->setValue(u"MG18_DITTA_CG18", dittaDivisionale);
+        soci->setValue(u"MG18_IDAGENTE_MG17", id);
+        soci->setValue(u"MG18_CODSOCIO", codice);
+        soci->setValue(u"MG18_NOMECOGN", QStringLiteral("SOCIO %1").arg(codice));
+        soci->setValue(u"MG18_PERQUOTA", *db::Decimal::parse(QString::fromLatin1(quota)));
+        soci->update();
+        gestione(FRMMG_AGENTI::Soci).setChangeFlag(true);
+    }
+    // A change of the header, so that the save has something to write.
+    void cambiaProvvigione(const QString& percentuale)
+    {
+        campo(u"TXT_PERPROV").setText(percentuale);
+    }
+
+    qint64 id = 0;
+};
+
+// The unbound fields are written into the row before the frame gives up on a name no
+// registry entry has: a later save must find them there, and nothing reaches the database.
+TEST_F(SchedaAgenteTest, ARegistryNameNotFoundRefusesTheSaveAfterWritingTheUnboundValues)
+{
+    lista(u"CBO_INDTIPOLISFIX").setValue(3);
+    campo(u"TXT_NUMLISTFIX").setText(QStringLiteral("12"));
+    lista(u"CBO_IDENTIFTAB").setValue(1);
+    lista(u"CBO_IDENTIFRIGA").setValue(-1);
+    lista(u"CBO_IDENTIFCOL").setValue(0);
+    campo(u"TXT_RAGSOANAG").setText(QStringLiteral("NESSUNO TALE"));
+    const qsizetype promptPrima = prompts.history().size();
+
+    EXPECT_FALSE(agente().save());
+
+    EXPECT_FALSE(campo(u"TXT_RAGSOANAG").isValid());
+    EXPECT_EQ(prompts.history().size(), promptPrima) << messaggi().join(u'\n').toStdString();
+    EXPECT_EQ(riga(QStringLiteral("MG17_INDTIPOLISFIX")), db::Value(3));
+    EXPECT_EQ(riga(QStringLiteral("MG17_NUMLISFIX")), db::Value(12));
+    EXPECT_EQ(riga(QStringLiteral("MG17_IDENTIFTAB")), db::Value(1));
+    EXPECT_TRUE(riga(QStringLiteral("MG17_IDENTIFRIGA")).isNull());
+    EXPECT_EQ(riga(QStringLiteral("MG17_IDENTIFCOL")), db::Value(0));
+    EXPECT_NE(db().query(QStringLiteral("SELECT MG17_INDTIPOLISFIX FROM MG17_AGENTI"))
+                  .rows.first()
+                  .first(),
+              db::Value(3))
+        << "the refused row reached the database";
+    EXPECT_EQ(campo(u"TXT_RAGSOANAG").text(), QStringLiteral("NESSUNO TALE"));
+}
+
+// The list "-1" stands for no fixed price list: it must be stored as Null, not as -1.
+TEST_F(SchedaAgenteTest, TheUnboundValuesAreSavedAndShownBack)
+{
+    lista(u"CBO_INDTIPOLISFIX").setValue(-1);
+    campo(u"TXT_NUMLISTFIX").setText(QString());
+    lista(u"CBO_IDENTIFRIGA").setValue(2);
+    cambiaProvvigione(QStringLiteral("3"));
+    ASSERT_TRUE(agente().save());
+    const db::ValueList salvata =
+        db().query(QStringLiteral("SELECT MG17_INDTIPOLISFIX, MG17_NUMLISFIX, MG17_IDENTIFRIGA "
+                                  "FROM MG17_AGENTI"))
+            .rows.first();
+    EXPECT_TRUE(salvata.at(0).isNull());
+    EXPECT_TRUE(salvata.at(1).isNull());
+    EXPECT_EQ(salvata.at(2), db::Value(2));
+
+    lista(u"CBO_IDENTIFRIGA").setValue(0);
+    agente().setStatus(FrameStatus::Search);
+    campo(u"TXT_AGENTE").setText(QStringLiteral("A001"));
+    ASSERT_TRUE(agente().search(false, true));
+    EXPECT_EQ(lista(u"CBO_INDTIPOLISFIX").text(), QStringLiteral("-1"));
+    EXPECT_EQ(lista(u"CBO_IDENTIFRIGA").text(), QStringLiteral("2"));
+    EXPECT_EQ(lista(u"CBO_IDENTIFTAB").text(), QStringLiteral("-1"));
+    EXPECT_FALSE(agente().secondChangeFlag()) << "showing the row is not a change";
+}
+
+// The warning is for a total above 100 only, and it never stops the save.
+TEST_F(SchedaAgenteTest, PartnersSharesAboveOneHundredWarnWithoutRefusing)
+{
+    socioInSospeso(1, "60");
+    socioInSospeso(2, "40");
+    cambiaProvvigione(QStringLiteral("4"));
+    EXPECT_TRUE(agente().save());
+    EXPECT_FALSE(messaggi().contains(QuoteOltreCento));
+
+    socioInSospeso(3, "0.001");
+    cambiaProvvigione(QStringLiteral("5"));
+    EXPECT_TRUE(agente().save());
+    ASSERT_TRUE(messaggi().contains(QuoteOltreCento)) << messaggi().join(u'\n').toStdString();
+    const services::PromptRecord& avviso =
+        prompts.history().at(messaggi().indexOf(QuoteOltreCento));
+    EXPECT_EQ(avviso.style, StileAvviso);
+    EXPECT_EQ(avviso.title, QStringLiteral("Attenzione"));
+    EXPECT_EQ(
+        db().query(QStringLiteral("SELECT MG17_PERPROV FROM MG17_AGENTI")).rows.first().first(),
+        db::Value(5));
+}
+
+// Reason 7 is the frame showing again the row it just saved: the detail grids hold what they
+// must and reloading them would drop what the person sees.
+TEST_F(SchedaAgenteTest, AStatusChangeAfterASaveDoesNotReloadTheDetails)
+{
+    const auto dettagliCaricati = [this] {
+        for (const QString& istruzione : istruzioni()) {
+            if (istruzione.contains(QStringLiteral("MG18_AGENTISOCI")) &&
+                istruzione.contains(QStringLiteral("MG18_IDAGENTE_MG17 = ")))
+                return true;
+        }
+        return false;
+    };
+    schermata().Gcon_Connect()->log().clear();
+    Q_EMIT agente().ChangeStatus(FrameStatus::Browse, frame::StatusReason::Refreshed);
+    EXPECT_FALSE(dettagliCaricati());
+    EXPECT_EQ(campo(u"TXT_RAGSOANAG").text(), QStringLiteral("AGENTE A001"));
+    EXPECT_FALSE(campo(u"TXT_AGENTE").isEnabled());
+
+    Q_EMIT agente().ChangeStatus(FrameStatus::Browse, frame::StatusReason::Moved);
+    EXPECT_TRUE(dettagliCaricati()) << istruzioni().join(u'\n').toStdString();
+}
+
+// Without a detail change the frame's own answer stands; a detail change makes it true.
+TEST_F(SchedaAgenteTest, IsRecordChangedAddsTheDetailsChanges)
+{
+    frame::RecordChangedArgs invariato;
+    Q_EMIT agente().IsRecordChanged(invariato);
+    EXPECT_FALSE(invariato.fbol_isRecordChanged);
+    frame::RecordChangedArgs giaCambiato{true};
+    Q_EMIT agente().IsRecordChanged(giaCambiato);
+    EXPECT_TRUE(giaCambiato.fbol_isRecordChanged);
+
+    gestione(FRMMG_AGENTI::TentataVendita).setSecondChangeFlag(true);
+    frame::RecordChangedArgs dettaglio;
+    Q_EMIT agente().IsRecordChanged(dettaglio);
+    EXPECT_TRUE(dettaglio.fbol_isRecordChanged);
+}
+
+// The code shown for the reference agent follows the id the row holds.
+TEST_F(SchedaAgenteTest, TheReferenceCodeFollowsTheReferenceId)
+{
+    const qint64 capo = inserisciAgente(QStringLiteral("C'01"));
+    campo(u"TXT_AGERIF").setText(QString::number(capo));
+    agente().refreshState();
+    EXPECT_EQ(campo(u"TXT_AGERIFVIDEO1").text(), QStringLiteral("C'01"));
+    EXPECT_EQ(schermata().scheda().UltimoIdAgeRif(), capo);
+
+    campo(u"TXT_AGERIF").setText(QStringLiteral("0"));
+    agente().refreshState();
+    EXPECT_EQ(campo(u"TXT_AGERIFVIDEO1").text(), QString());
+    EXPECT_EQ(schermata().scheda().UltimoIdAgeRif(), 0);
+}
+
+// Undo reloads the partners and tells whether one more may be added.
+TEST_F(SchedaAgenteTest, UndoRecountsWhetherAPartnerMayBeAdded)
+{
+    db().run(
+        QStringLiteral("INSERT INTO MG18_AGENTISOCI (MG18_DITTA_CG18, MG18_IDAGENTE_MG17, "
+                       "MG18_CODSOCIO, MG18_NOMECOGN, MG18_PERQUOTA) VALUES (1, ?, 1, 'S', 50)"),
+        {id});
+    campo(u"TXT_NUMSOCI").setText(QStringLiteral("1"));
+    ASSERT_TRUE(agente().save());
+    schermata().dettagli().ShowChild();
+    ASSERT_EQ(gestione(FRMMG_AGENTI::Soci).recordset()->recordCount(), 1);
+
+    cambiaProvvigione(QStringLiteral("7"));
+    ASSERT_TRUE(agente().undo());
+    EXPECT_FALSE(schermata().dettagli().SociAggiungibili());
+
+    campo(u"TXT_NUMSOCI").setText(QStringLiteral("2"));
+    ASSERT_TRUE(agente().save());
+    cambiaProvvigione(QStringLiteral("8"));
+    ASSERT_TRUE(agente().undo());
+    EXPECT_TRUE(schermata().dettagli().SociAggiungibili());
+}
+
+// Only the reference-agent column protects an agent from deletion.
+TEST_F(SchedaAgenteTest, OnlyAReferenceAgentHasChildren)
+{
+    db().run(QStringLiteral("UPDATE MG17_AGENTI SET MG17_IDCAPOAREA_MG17 = ?, "
+                            "MG17_IDCAPOZONA_MG17 = ?"),
+             {id, id});
+    inserisciAgente(QStringLiteral("A002"), dittaDivisionale, 0);
+    agenti::SchedaAgente& scheda = schermata().scheda();
+    EXPECT_FALSE(scheda.Esistefiglio(qint32(id)));
+    inserisciAgente(QStringLiteral("A009"), dittaSemplice, id);
+    EXPECT_FALSE(scheda.Esistefiglio(qint32(id))) << "another company's agent";
+    inserisciAgente(QStringLiteral("A003"), dittaDivisionale, id);
+    EXPECT_TRUE(scheda.Esistefiglio(qint32(id)));
+}
+
+TEST_F(SchedaAgenteTest, DocumentsOfAnyOfTheFiveTablesMakeTheAgentUsed)
+{
+    agenti::SchedaAgente& scheda = schermata().scheda();
+    EXPECT_FALSE(scheda.AgenteUtilizzato(qint32(id)));
+    db().run(QStringLiteral("INSERT INTO CT06_CACORPO (CT06_DITTA_CG18, CT06_IDAGENTE_MG17) "
+                            "VALUES (?, ?)"),
+             {dittaSemplice, id});
+    EXPECT_FALSE(scheda.AgenteUtilizzato(qint32(id))) << "another company's document";
+    db().run(QStringLiteral("INSERT INTO CT06_CACORPO (CT06_DITTA_CG18, CT06_IDAGENTE_MG17) "
+                            "VALUES (?, ?)"),
+             {dittaDivisionale, id});
+    EXPECT_TRUE(scheda.AgenteUtilizzato(qint32(id)));
+    db().run(QStringLiteral("DROP TABLE DO21_DOCTESTAPROV"));
+    EXPECT_TRUE(scheda.AgenteUtilizzato(qint32(id))) << "a missing table stops nothing";
+}
+
+// Grandparent reads compare the id as quoted text; an agent without one gives nothing, and an
+// error carries the procedure's trace.
+TEST_F(SchedaAgenteTest, NonnoAgenteGivesTheReferenceOfTheReference)
+{
+    const qint64 figlio = inserisciAgente(QStringLiteral("A002"), dittaDivisionale, id);
+    db::Connection& connessione = *schermata().Gcon_Connect();
+    EXPECT_EQ(agenti::NonnoAgente(connessione, dittaDivisionale, QString::number(figlio)),
+              QString::number(id));
+    EXPECT_EQ(agenti::NonnoAgente(connessione, dittaDivisionale, QString::number(id)), QString());
+    EXPECT_EQ(agenti::NonnoAgente(connessione, dittaSemplice, QString::number(figlio)), QString());
+    db().run(QStringLiteral("DROP TABLE MG17_AGENTI"));
+    try {
+        agenti::NonnoAgente(connessione, dittaDivisionale, QString::number(figlio));
+        ADD_FAILURE() << "no error from a missing table";
+    } catch (const db::RuntimeError& errore) {
+        EXPECT_TRUE(errore.source().startsWith(QStringLiteral("NonnoAgente:\r\n")))
+            << errore.source().toStdString();
+    }
+}
+
+TEST(NumeroIntero, ReadsOnlyWholeNumbers)
+{
+    EXPECT_EQ(agenti::NumeroIntero(QStringLiteral("42")), 42);
+    EXPECT_EQ(agenti::NumeroIntero(QString()), 0);
+    EXPECT_EQ(agenti::NumeroIntero(db::Value::null()), 0);
+    EXPECT_EQ(agenti::NumeroIntero(7), 7);
+    EXPECT_FALSE(agenti::NumeroIntero(QStringLiteral("4 OR 1=1")).has_value());
+    EXPECT_FALSE(agenti::NumeroIntero(QStringLiteral("1,5")).has_value());
+    EXPECT_FALSE(agenti::NumeroIntero(QStringLiteral("ABC")).has_value());
+}
+
+} // namespace
+
+} // namespace tarvello::test
