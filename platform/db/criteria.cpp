@@ -304,6 +304,14 @@ bool Criteria::matches(const FieldReader& field) const
     return !m_root || evaluate(*m_root, field);
 }
 
+std::optional<std::pair<QString, QString>> Criteria::textEquality() const
+{
+    if (!m_root || m_root->kind != Node::Kind::Compare || m_root->op != u"=" ||
+        m_root->literal.kind() != Value::Kind::Text)
+        return std::nullopt;
+    return std::pair{m_root->field, m_root->literal.toString()};
+}
+
 QStringList Criteria::fields() const
 {
     QStringList out;

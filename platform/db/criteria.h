@@ -5,6 +5,8 @@
 #include <QString>
 #include <functional>
 #include <memory>
+#include <optional>
+#include <utility>
 
 namespace tarvello::db {
 
@@ -23,6 +25,8 @@ public:
     bool matches(const FieldReader& field) const;
     // The fields the criteria name, so a caller can check them once.
     QStringList fields() const;
+    // The field and the text when the criteria are one "FIELD = 'text'"; none otherwise.
+    std::optional<std::pair<QString, QString>> textEquality() const;
 
     struct Node;
 

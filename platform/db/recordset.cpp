@@ -13,6 +13,43 @@ namespace tarvello::db {
 
 namespace {
 
+// Matches rows one after another against parsed criteria, with their fields resolved to
+// columns once rather than by name for every row.
+class RowMatcher {
+public:
+    RowMatcher(const Criteria& criteria, QList<std::pair<QString, int>> columns)
+        : m_criteria(criteria)
+        , m_columns(std::move(columns))
+        , m_reader([this](const QString& name) { return read(name); })
+    {}
+    RowMatcher(const RowMatcher&) = delete;
+    RowMatcher& operator=(const RowMatcher&) = delete;
+
+    bool matches(const StoredRow& row)
+    {
+        if (m_criteria.isEmpty())
+            return true;
+        m_row = &row;
+        return m_criteria.matches(m_reader);
+    }
+
+private:
+    Value read(const QString& name) const
+    {
+        for (const auto& [field, column] : m_columns) {
+            if (field.compare(name, Qt::CaseInsensitive) == 0)
+                return m_row->values[column];
+        }
+        throw RuntimeError(RuntimeError::ItemNotFound,
+                           QStringLiteral("Item cannot be found in the collection"));
+    }
+
+    const Criteria& m_criteria;
+    const QList<std::pair<QString, int>> m_columns;
+    const StoredRow* m_row = nullptr;
+    const Criteria::FieldReader m_reader;
+};
+
 [[noreturn]] void noCurrentRecord()
 {
     throw RuntimeError(RuntimeError::NoCurrentRecord,
@@ -148,7 +185,7 @@ void Recordset::close()
 {
     m_store->open = false;
     m_store->reset({});
-    m_view.clear();
+    setView({});
     m_index = -1;
 }
 
@@ -357,9 +394,30 @@ Recordset::Bookmark Recordset::bookmark() const
     return currentRowData().bookmark;
 }
 
+qsizetype Recordset::viewPosition(Bookmark bookmark) const
+{
+    // A few lookups scan the view; a run of them (every row of a grid) earns an index.
+    constexpr int scansBeforeIndexing = 8;
+    if (m_positions.isEmpty() && ++m_lookupsSinceChange <= scansBeforeIndexing)
+        return m_view.indexOf(bookmark);
+    if (m_positions.isEmpty()) {
+        m_positions.reserve(m_view.size());
+        for (qsizetype i = 0; i < m_view.size(); ++i)
+            m_positions.insert(m_view[i], i);
+    }
+    return m_positions.value(bookmark, -1);
+}
+
+void Recordset::setView(QList<Bookmark> view)
+{
+    m_view = std::move(view);
+    m_positions.clear();
+    m_lookupsSinceChange = 0;
+}
+
 void Recordset::setBookmark(Bookmark bookmark)
 {
-    const qsizetype index = m_view.indexOf(bookmark);
+    const qsizetype index = viewPosition(bookmark);
     if (index < 0)
         throw RuntimeError(RuntimeError::InvalidProcedureCall,
                            QStringLiteral("The bookmark names no row of the recordset"));
@@ -368,24 +426,38 @@ void Recordset::setBookmark(Bookmark bookmark)
 
 bool Recordset::hasBookmark(Bookmark bookmark) const
 {
-    return m_view.contains(bookmark);
+    return viewPosition(bookmark) >= 0;
 }
 
-std::function<Value(const QString&)> Recordset::readerFor(const StoredRow& row) const
+std::optional<QList<Recordset::Bookmark>>
+Recordset::filterCandidates(const Criteria& criteria) const
 {
-    return [this, &row](const QString& name) { return row.values[requireField(name)]; };
+    // The row an AddNew is filling is shown whatever the filter says: the whole scan finds it.
+    if (m_filterGroup != FilterGroup::None || m_store->adding)
+        return std::nullopt;
+    const auto equality = criteria.textEquality();
+    if (!equality)
+        return std::nullopt;
+    return m_store->rowsWithText(requireField(equality->first), equality->second);
+}
+
+QList<std::pair<QString, int>> Recordset::criteriaColumns(const Criteria& criteria) const
+{
+    QList<std::pair<QString, int>> columns;
+    for (const QString& name : criteria.fields())
+        columns.append({name, requireField(name)});
+    return columns;
 }
 
 bool Recordset::find(const QString& criterion, qsizetype skip, bool forward)
 {
     const Criteria criteria = Criteria::parse(criterion);
-    for (const QString& name : criteria.fields())
-        requireField(name);
+    RowMatcher matcher(criteria, criteriaColumns(criteria));
     qsizetype index = std::clamp<qsizetype>(m_index, 0, qMax<qsizetype>(m_view.size() - 1, 0));
     index += forward ? skip : -skip;
     for (; index >= 0 && index < m_view.size(); index += forward ? 1 : -1) {
         const RowStore::Row* row = m_store->find(m_view[index]);
-        if (row && criteria.matches(readerFor(*row))) {
+        if (row && matcher.matches(*row)) {
             setCurrentIndex(index);
             return true;
         }
@@ -435,9 +507,9 @@ QString Recordset::sort() const
 void Recordset::rebuildView(Bookmark keep)
 {
     const Criteria criteria = Criteria::parse(m_filter);
+    RowMatcher matcher(criteria, criteriaColumns(criteria));
     QList<Bookmark> view;
-    view.reserve(m_store->rows().size());
-    for (const RowStore::Row& row : m_store->rows()) {
+    const auto consider = [&](const RowStore::Row& row) {
         const bool pending = row.status != RowStatus::Unmodified;
         bool visible = row.status != RowStatus::Deleted;
         if (m_filterGroup == FilterGroup::PendingRecords)
@@ -445,13 +517,23 @@ void Recordset::rebuildView(Bookmark keep)
         else if (m_filterGroup == FilterGroup::ConflictingRecords)
             visible = row.conflict;
         else if (visible && row.bookmark != m_store->adding)
-            visible = criteria.matches(readerFor(row));
+            visible = matcher.matches(row);
         if (visible)
             view << row.bookmark;
+    };
+    if (const std::optional<QList<Bookmark>> candidates = filterCandidates(criteria)) {
+        for (const Bookmark bookmark : *candidates) {
+            if (const RowStore::Row* row = m_store->find(bookmark))
+                consider(*row);
+        }
+    } else {
+        view.reserve(m_store->rows().size());
+        for (const RowStore::Row& row : m_store->rows())
+            consider(row);
     }
     if (!m_sort.trimmed().isEmpty())
         sortView(view);
-    m_view = std::move(view);
+    setView(std::move(view));
     const qsizetype kept = keep ? m_view.indexOf(keep) : -1;
     if (kept >= 0)
         m_index = kept;

@@ -3,10 +3,13 @@
 #include "platform/db/resultset.h"
 #include "platform/db/value.h"
 
+#include <QHash>
 #include <QObject>
 #include <QString>
 #include <functional>
 #include <memory>
+#include <optional>
+#include <utility>
 
 namespace tarvello::db {
 
@@ -17,6 +20,7 @@ using RecordsetPtr = std::shared_ptr<Recordset>;
 
 enum class RowStatus { Unmodified, Modified, New, Deleted };
 struct StoredRow;
+class Criteria;
 
 // A client-side recordset in the manner the module expects: rows read completely, a cursor
 // with BOF/EOF, fields by name, bookmarks, Find, Filter and Sort, clones sharing the same
@@ -154,11 +158,21 @@ private:
     int requireField(QStringView name) const;
     void requireWritable() const;
     StoredRow& currentRowData() const;
-    std::function<Value(const QString&)> readerFor(const StoredRow& row) const;
+    // The only rows a filter can show, when an index tells them without a scan.
+    std::optional<QList<Bookmark>> filterCandidates(const Criteria& criteria) const;
+    // The criteria's fields as columns of this recordset (ItemNotFound for an unknown one).
+    QList<std::pair<QString, int>> criteriaColumns(const Criteria& criteria) const;
+    // Where a bookmark stands in the view; -1 when it is not visible.
+    qsizetype viewPosition(Bookmark bookmark) const;
+    void setView(QList<Bookmark> view);
     void writeRows(const QList<Bookmark>& bookmarks);
 
     std::shared_ptr<RowStore> m_store;
     QList<Bookmark> m_view; // visible rows in order
+    // Positions in m_view by bookmark, built once lookups by bookmark repeat (a grid reading
+    // every row), dropped when the view changes.
+    mutable QHash<Bookmark, qsizetype> m_positions;
+    mutable int m_lookupsSinceChange = 0;
     qsizetype m_index = -1; // into m_view; -1 = BOF, m_view.size() = EOF
     QString m_filter;
     FilterGroup m_filterGroup = FilterGroup::None;

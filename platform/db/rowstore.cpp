@@ -1,9 +1,12 @@
 #include "platform/db/rowstore.h"
 
+#include <algorithm>
+
 namespace tarvello::db {
 
 void RowStore::reset(QList<ValueList> rows)
 {
+    m_textIndexes.clear();
     m_rows.clear();
     m_rows.reserve(rows.size());
     m_index.clear();
@@ -20,6 +23,7 @@ void RowStore::reset(QList<ValueList> rows)
 
 Recordset::Bookmark RowStore::append(ValueList values, Recordset::RowStatus status)
 {
+    m_textIndexes.clear();
     Row row;
     row.bookmark = m_next++;
     row.values = std::move(values);
@@ -34,6 +38,7 @@ void RowStore::remove(Recordset::Bookmark bookmark)
     const auto found = m_index.constFind(bookmark);
     if (found == m_index.cend())
         return;
+    m_textIndexes.clear();
     m_rows.removeAt(*found);
     if (adding == bookmark)
         adding = 0;
@@ -50,6 +55,39 @@ const RowStore::Row* RowStore::find(Recordset::Bookmark bookmark) const
 {
     const auto found = m_index.constFind(bookmark);
     return found == m_index.cend() ? nullptr : &m_rows[*found];
+}
+
+std::optional<QList<Recordset::Bookmark>> RowStore::rowsWithText(int column,
+                                                                 const QString& text) const
+{
+    auto built = m_textIndexes.constFind(column);
+    if (built == m_textIndexes.cend()) {
+        std::optional<QMultiHash<QString, qsizetype>> index(std::in_place);
+        index->reserve(m_rows.size());
+        for (qsizetype i = 0; i < m_rows.size(); ++i) {
+            const ValueList& values = m_rows[i].values;
+            if (column >= values.size())
+                continue;
+            const Value& value = values.at(column);
+            if (value.isNull() || value.isEmpty())
+                continue;
+            if (value.kind() != Value::Kind::Text) {
+                index.reset();
+                break;
+            }
+            index->insert(value.toString().toCaseFolded(), i);
+        }
+        built = m_textIndexes.insert(column, std::move(index));
+    }
+    if (!*built)
+        return std::nullopt;
+    QList<qsizetype> positions = (*built)->values(text.toCaseFolded());
+    std::sort(positions.begin(), positions.end());
+    QList<Recordset::Bookmark> bookmarks;
+    bookmarks.reserve(positions.size());
+    for (const qsizetype position : std::as_const(positions))
+        bookmarks << m_rows[position].bookmark;
+    return bookmarks;
 }
 
 int RowStore::columnIndex(QStringView name) const

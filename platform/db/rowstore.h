@@ -47,8 +47,21 @@ public:
     // Builds the name index once the columns are known.
     void indexColumns();
     // Every row-set change ends with this, so each handle rebuilds its view once.
-    void notifyRowsChanged() { Q_EMIT rowsChanged(); }
-    void notifyValueChanged(Recordset::Bookmark bookmark) { Q_EMIT valueChanged(bookmark); }
+    void notifyRowsChanged()
+    {
+        m_textIndexes.clear();
+        Q_EMIT rowsChanged();
+    }
+    void notifyValueChanged(Recordset::Bookmark bookmark)
+    {
+        m_textIndexes.clear();
+        Q_EMIT valueChanged(bookmark);
+    }
+    // The rows, in their order, whose value in the column is a text equal to `text` without
+    // regard to case, as a criterion compares them; none when the column holds anything but
+    // texts and empty values, for then a comparison may find rows an index would miss. Built
+    // on first use, dropped by any change of the rows.
+    std::optional<QList<Recordset::Bookmark>> rowsWithText(int column, const QString& text) const;
 
 Q_SIGNALS:
     void rowsChanged();
@@ -60,6 +73,8 @@ private:
     QList<Row> m_rows;
     QHash<Recordset::Bookmark, qsizetype> m_index;
     QHash<QString, int> m_columnIndex; // upper-case name -> column
+    // By column: row positions by case-folded text; none for a column that is not all texts.
+    mutable QHash<int, std::optional<QMultiHash<QString, qsizetype>>> m_textIndexes;
     Recordset::Bookmark m_next = 1;
 };
 
