@@ -218,6 +218,51 @@ TEST_F(SchedaAgenteTest, UndoRecountsWhetherAPartnerMayBeAdded)
     EXPECT_TRUE(schermata().dettagli().SociAggiungibili());
 }
 
+// A new agent has no id until its row is written: the detail rows held for it, the route
+// detail's too, get it after the insert and are saved with it, each frame its own rows only.
+TEST_F(SchedaAgenteTest, ANewAgentsDetailRowsGetItsIdWhenItIsSaved)
+{
+    db().run(QStringLiteral("INSERT INTO MG1I_DETTAGLIOGIRI (MG1I_DITTA_CG18, MG1I_IDAGENTE_MG17, "
+                            "MG1I_GIRO_MG1H, MG1I_PROGRESSIVO, MG1I_CLIFOR_CG44) VALUES (1, ?, "
+                            "'G01', 1, 11)"),
+             {id});
+    ASSERT_TRUE(agente().addNew());
+    campo(u"TXT_AGENTE").setText(QStringLiteral("N001"));
+    campo(u"TXT_RAGSOANAG").setText(QStringLiteral("AGENTE A001"));
+    const db::RecordsetPtr giri = gestione(FRMMG_AGENTI::DettaglioGiri).recordset();
+    giri->addNew();
+    giri->setValue(u"MG1I_DITTA_CG18", dittaDivisionale);
+    giri->setValue(u"MG1I_GIRO_MG1H", QStringLiteral("G01"));
+    giri->setValue(u"MG1I_PROGRESSIVO", 1);
+    giri->setValue(u"MG1I_CLIFOR_CG44", 10);
+    giri->update();
+    gestione(FRMMG_AGENTI::DettaglioGiri).setChangeFlag(true);
+    socioInSospeso(1, "50");
+    const db::RecordsetPtr soci = gestione(FRMMG_AGENTI::Soci).recordset();
+    soci->setValue(u"MG18_IDAGENTE_MG17", db::Value::null());
+    soci->update();
+
+    ASSERT_TRUE(agente().save()) << messaggi().join(u'\n').toStdString();
+
+    const qint64 nuovo = riga(QStringLiteral("MG17_IDAGENTE")).toInt64();
+    ASSERT_NE(nuovo, id);
+    EXPECT_EQ(db().query(QStringLiteral("SELECT MG1I_IDAGENTE_MG17 FROM MG1I_DETTAGLIOGIRI "
+                                        "WHERE MG1I_CLIFOR_CG44 = 10"))
+                  .rows.value(0)
+                  .value(0),
+              db::Value(nuovo));
+    EXPECT_EQ(db().query(QStringLiteral("SELECT MG18_IDAGENTE_MG17 FROM MG18_AGENTISOCI"))
+                  .rows.value(0)
+                  .value(0),
+              db::Value(nuovo));
+    EXPECT_EQ(db().query(QStringLiteral("SELECT MG1I_IDAGENTE_MG17 FROM MG1I_DETTAGLIOGIRI "
+                                        "WHERE MG1I_CLIFOR_CG44 = 11"))
+                  .rows.value(0)
+                  .value(0),
+              db::Value(id))
+        << "another agent's route row was taken over";
+}
+
 // Only the reference-agent column protects an agent from deletion.
 TEST_F(SchedaAgenteTest, OnlyAReferenceAgentHasChildren)
 {
