@@ -8,6 +8,7 @@
 
 #include <QRegularExpression>
 #include <algorithm>
+#include <utility>
 
 namespace tarvello::db {
 
@@ -332,6 +333,7 @@ void Recordset::setCurrentIndex(qsizetype index)
     if (!m_store->open)
         notOpen();
     index = std::clamp<qsizetype>(index, -1, m_view.size());
+    m_onDeleted = false;
     if (index == m_index)
         return;
     leaveEdit();
@@ -363,6 +365,11 @@ void Recordset::moveLast()
 
 void Recordset::moveNext()
 {
+    if (std::exchange(m_onDeleted, false)) {
+        if (!m_store->open)
+            notOpen();
+        return;
+    }
     if (eof())
         noCurrentRecord();
     setCurrentIndex(m_index + 1);
@@ -534,6 +541,7 @@ void Recordset::rebuildView(Bookmark keep)
     if (!m_sort.trimmed().isEmpty())
         sortView(view);
     setView(std::move(view));
+    m_onDeleted = false;
     const qsizetype kept = keep ? m_view.indexOf(keep) : -1;
     if (kept >= 0)
         m_index = kept;
@@ -682,6 +690,7 @@ void Recordset::deleteRow()
     const qsizetype place = m_index;
     m_store->notifyRowsChanged();
     m_index = std::clamp<qsizetype>(place, 0, m_view.size());
+    m_onDeleted = true;
     Q_EMIT currentChanged();
 }
 

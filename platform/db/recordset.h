@@ -121,7 +121,8 @@ public:
     void cancelUpdate();
     // Drops every pending change.
     void cancelBatch();
-    // Marks the current row deleted (written by updateBatch) and hides it.
+    // Marks the current row deleted (written by updateBatch) and hides it. The next moveNext
+    // goes to the row that followed it, so a loop of delete and moveNext clears every row.
     void deleteRow();
     RowStatus status() const;
     EditMode editMode() const;
@@ -177,6 +178,9 @@ private:
     QString m_filter;
     FilterGroup m_filterGroup = FilterGroup::None;
     QString m_sort;
+    // The current row was just deleted: its follower has taken its place, and the next
+    // moveNext lands there rather than past it.
+    bool m_onDeleted = false;
 };
 
 } // namespace tarvello::db

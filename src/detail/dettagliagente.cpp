@@ -332,10 +332,13 @@ void DettagliAgente::FME_GestAnagrafica2_UpdateBatchAll()
             soci.dropPendingRow(true, true, true);
             soci.notifyChange(true);
             soci.setFollowRowMoves(true);
+            // The frame may still be showing a row that went: it shows what is left.
+            soci.refresh();
         }
     }
-    soci.setChangeFlag(false);
     soci.setSecondChangeFlag(false);
+    // Rows the database refused are still to be written: the next save tries them again.
+    soci.setChangeFlag(righe->pendingCount() > 0);
 }
 
 void DettagliAgente::GRIDNAV_AGENTISOCI_BeforeButtonClick(controls::NavigatorButtonArgs& args)

@@ -231,6 +231,32 @@ TEST_P(RecordsetTest, ReopenLoadsAnotherQueryIntoTheSameObjectAndItsClones)
     EXPECT_EQ(codes(*rs), (QStringList{"A2", "B"}));
 }
 
+// Code clears a detail by deleting the current row and moving on; if the move skipped the
+// row that took the deleted one's place, every other row would survive and the last move
+// would run past the end.
+TEST_P(RecordsetTest, DeletingAndMovingNextWalksEveryRow)
+{
+    const RecordsetPtr rs = openAll();
+    // Any move after a delete but the next one is an ordinary move.
+    rs->setAbsolutePosition(2);
+    rs->deleteRow();
+    rs->movePrevious();
+    EXPECT_EQ(rs->value(u"D_CODE"), Value("A"));
+    rs->moveNext();
+    EXPECT_EQ(rs->value(u"D_CODE"), Value("C"));
+    rs->cancelBatch();
+
+    int deleted = 0;
+    for (rs->moveFirst(); !rs->eof(); rs->moveNext()) {
+        rs->deleteRow();
+        ++deleted;
+    }
+    EXPECT_EQ(deleted, 4);
+    EXPECT_EQ(rs->recordCount(), 0);
+    rs->updateBatch();
+    EXPECT_EQ(cell(QStringLiteral("SELECT COUNT(*) FROM D")), QStringLiteral("0"));
+}
+
 TEST_P(RecordsetTest, MovingPastTheEndsRaisesAsTheHostDoes)
 {
     const RecordsetPtr rs = openAll();

@@ -348,6 +348,57 @@ TEST_F(DettagliTest, UndoingTheOnlyNewPartnerReadsThePartnersAgainAndFocusesTheC
     EXPECT_EQ(fuoco(), QStringLiteral("TXT_CODSOCIO"));
 }
 
+// A partner row still being entered when the agent is saved is never written: the save
+// drops it and clears what the partners' query finds in the database (here a row another
+// user added meanwhile), without asking the person anything.
+TEST_F(DettagliTest, SavingPartnersWithOnlyANewRowDropsItAndClearsTheStoredOnes)
+{
+    apriSu(QStringLiteral("A001"));
+    frame::GestAnagrafica& soci = gestione(FRMMG_AGENTI::Soci);
+    ASSERT_TRUE(controllo<controls::GridNavigator>(u"GRIDNAV_AGENTISOCI").press(New));
+    controllo<controls::Field>(u"TXT_NOMECOGN").setText(QStringLiteral("NERI PAOLO"));
+    socio(agente, 4, QStringLiteral("GIALLI ANNA"));
+    socio(altro, 1, QStringLiteral("VERDI ANNA"));
+
+    soci.updateBatch();
+
+    EXPECT_EQ(conta(QStringLiteral("SELECT COUNT(*) FROM MG18_AGENTISOCI WHERE "
+                                   "MG18_IDAGENTE_MG17 = ") +
+                    QString::number(agente)),
+              0);
+    EXPECT_EQ(conta(QStringLiteral("SELECT COUNT(*) FROM MG18_AGENTISOCI")), 1);
+    EXPECT_EQ(righe(FRMMG_AGENTI::Soci)->recordCount(), 0);
+    EXPECT_EQ(righe(FRMMG_AGENTI::Soci)->pendingCount(), 0);
+    EXPECT_FALSE(soci.changeFlag());
+    EXPECT_FALSE(soci.secondChangeFlag());
+    EXPECT_TRUE(soci.followsRowMoves());
+    EXPECT_EQ(soci.status(), frame::FrameStatus::New);
+    EXPECT_TRUE(prompts.history().isEmpty()) << prompts.history().value(0).text.toStdString();
+}
+
+// The route list and the route lookup come from the route definitions of the host.
+TEST_F(DettagliTest, TheRouteFieldListsTheCompanysRoutes)
+{
+    giro(QStringLiteral("G02"), QStringLiteral("Giro del martedì"));
+    apriSu(QStringLiteral("A001"));
+    auto& campo = controllo<controls::Field>(u"TXT_GIRO");
+    controls::LookupArgs richiesta;
+    Q_EMIT campo.lookupRequested(richiesta);
+    EXPECT_FALSE(richiesta.cancel);
+    EXPECT_EQ(db().query(richiesta.sql).rows.size(), 1);
+    EXPECT_EQ(richiesta.connectionString, schermata().Gstr_Connect());
+    EXPECT_FALSE(richiesta.title.isEmpty());
+    EXPECT_EQ(campo.lookupId(), QStringLiteral("Lkp_Giri"));
+
+    // An emptied route field describes nothing and runs no statement.
+    controllo<controls::Field>(u"TXT_DESCGIRO").setText(QStringLiteral("Giro del martedì"));
+    campo.setText(QString());
+    controls::DecodeArgs decodifica;
+    Q_EMIT campo.decodeRequested(decodifica);
+    EXPECT_TRUE(decodifica.sql.isEmpty());
+    EXPECT_TRUE(controllo<controls::Field>(u"TXT_DESCGIRO").text().isEmpty());
+}
+
 TEST_F(DettagliTest, MaturationSaveDropsTheEmptyNewRowAndWritesTheOthers)
 {
     maturazione(agente, 1, 30);
@@ -421,6 +472,7 @@ TEST_F(DettagliTest, AFailingDetailSaveKeepsTheRowsPendingAndTellsThePerson)
     EXPECT_EQ(righe(FRMMG_AGENTI::Soci)->pendingCount(), 1);
     EXPECT_EQ(righe(FRMMG_AGENTI::Maturazione)->value(u"MG16_GGMATUR").toInt(), 45);
     EXPECT_TRUE(gestione(FRMMG_AGENTI::Maturazione).changeFlag());
+    EXPECT_TRUE(gestione(FRMMG_AGENTI::Soci).changeFlag()) << "the next save tries again";
     EXPECT_EQ(controllo<controls::Grid>(u"GRID_AGENTIMAT").dataSource(),
               righe(FRMMG_AGENTI::Maturazione));
 }
