@@ -328,8 +328,12 @@ Action tree(Arguments& args)
     args.end();
     return [expected](Scenario& scenario) {
         const Grid& tree = agentsTree(scenario);
-        if (tree.selectedRow() < 0)
+        if (tree.selectedRow() < 0) {
+            // The tree's recordset stands before its first or after its last row.
+            if (expected.isEmpty())
+                return;
             found(QStringLiteral("no current agent"));
+        }
         expectEqual(agentOfRow(tree, tree.selectedRow()), expected);
     };
 }
