@@ -250,6 +250,34 @@ TEST_F(DettagliTest, RefreshChildOnANewAgentKeysEveryHeldRowToZeroWithoutWriting
     EXPECT_EQ(controllo<controls::Grid>(u"GRID_AGENTISOCI").dataSource(), soci);
 }
 
+// A route code comes from what the person typed: a quote in it must not end the text.
+TEST_F(DettagliTest, TheRouteTypedGoesIntoTheRouteFilterQuoted)
+{
+    apriSu(QStringLiteral("A001"));
+    controllo<controls::Field>(u"TXT_GIRO").setText(QStringLiteral("A'B"));
+
+    dettagli().RefreshChild();
+    dettagli().giri().CaricaDettaglioGiro();
+
+    const QString filtro = giriDi(agente) + QStringLiteral(" AND MG1I_GIRO_MG1H = 'A''B'");
+    EXPECT_EQ(gestione(FRMMG_AGENTI::DettaglioGiri).sql(), filtro);
+    EXPECT_EQ(istruzioni(), QStringList{filtro});
+    EXPECT_EQ(righe(FRMMG_AGENTI::DettaglioGiri)->recordCount(), 0);
+}
+
+TEST_F(DettagliTest, TheUnloadLetsTheRouteListGo)
+{
+    giro(QStringLiteral("G01"), QStringLiteral("Giro del lunedì"));
+    tappa(agente, QStringLiteral("G01"), 1, 10);
+    apriSu(QStringLiteral("A001"));
+    ASSERT_NE(dettagli().giri().Grst_ElencoGiri(), nullptr);
+
+    schermata().unload();
+
+    EXPECT_EQ(dettagli().giri().Grst_ElencoGiri(), nullptr);
+    EXPECT_EQ(controllo<controls::Grid>(u"GRD_GIRI").dataSource(), nullptr);
+}
+
 TEST_F(DettagliTest, NewDetailRowsAreKeyedToTheCompanyAndTheAgent)
 {
     apriSu(QStringLiteral("A001"));
