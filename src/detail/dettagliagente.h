@@ -60,8 +60,8 @@ private:
     // TXT_NUMSOCI's value when it holds one; the partners then have a limit.
     bool limiteSoci(double& limite) const;
 
-    FRMMG_AGENTI& m_schermata; // Not owned: the screen owns this.
-    std::unique_ptr<GiriVisite> m_giri;
+    FRMMG_AGENTI& m_schermata;          // Not owned: the screen owns this.
+    std::unique_ptr<GiriVisite> m_giri; // Owned.
     bool m_sociAggiungibili = false;
 };
 

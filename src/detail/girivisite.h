@@ -55,7 +55,7 @@ private:
 
     FRMMG_AGENTI& m_schermata; // Not owned: the screen owns this.
     QString m_giroCorrente;
-    db::RecordsetPtr m_elencoGiri;
+    db::RecordsetPtr m_elencoGiri; // Shared with GRD_GIRI while the grid shows it.
 };
 
 } // namespace tarvello::agenti
