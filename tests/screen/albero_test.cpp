@@ -4,6 +4,7 @@
 #include "platform/controls/picture.h"
 #include "platform/controls/tabstrip.h"
 #include "platform/controls/treegrid.h"
+#include "platform/db/runtimeerror.h"
 #include "schermatafixture.h"
 #include "src/host/calledmodule.h"
 #include "src/tree/alberoagenti.h"
@@ -281,6 +282,21 @@ TEST_F(AlberoAgentiTest, IndietroOnTheFirstPageChangesNothing)
     schermata().navigazione().INTERNAV_ButtonClick(QStringLiteral("Indietro"));
     EXPECT_EQ(pagina(), 0);
     EXPECT_TRUE(attivo(QStringLiteral("Avanti")));
+}
+
+// The third button is relabelled at activation, so only code presses "Stampa" now.
+TEST_F(AlberoAgentiTest, StampaStartsTheAgentsPrintouts)
+{
+    inserisciAgente(QStringLiteral("A001"));
+    apri();
+    const qsizetype avvii = host->moduleStarts().size();
+    try {
+        schermata().navigazione().INTERNAV_ButtonClick(QStringLiteral("Stampa"));
+    } catch (const db::RuntimeError&) {
+        // No printouts module is installed here: only the attempt counts.
+    }
+    EXPECT_EQ(host->moduleStarts().size(), avvii + 1);
+    EXPECT_EQ(pagina(), 0);
 }
 
 TEST_F(AlberoAgentiTest, AfterANewAgentIsStartedTheFirstPageAndTheCodeTakeOver)
