@@ -1,6 +1,7 @@
 #include "src/screen/schedaagente.h"
 
 #include "platform/controls/combobox.h"
+#include "platform/controls/connectionpool.h"
 #include "platform/controls/field.h"
 #include "platform/controls/gridnavigator.h"
 #include "platform/controls/tabstrip.h"
@@ -83,7 +84,27 @@ SchedaAgente::SchedaAgente(FRMMG_AGENTI& schermata)
     : m_schermata(schermata)
 {}
 
-SchedaAgente::~SchedaAgente() = default;
+SchedaAgente::~SchedaAgente()
+{
+    rilasciaConnessione();
+}
+
+void SchedaAgente::fornisciConnessione()
+{
+    db::Connection* connessione = m_schermata.Gcon_Connect();
+    if (m_schermata.connectionSource() || !connessione)
+        return;
+    m_connessioni = std::make_unique<controls::ConnectionPool>();
+    m_connessioni->add(*connessione);
+    m_schermata.setConnectionSource(m_connessioni.get());
+}
+
+void SchedaAgente::rilasciaConnessione()
+{
+    if (m_connessioni && m_schermata.connectionSource() == m_connessioni.get())
+        m_schermata.setConnectionSource(nullptr);
+    m_connessioni.reset();
+}
 
 GestAnagrafica& SchedaAgente::gestione(int numero) const
 {
@@ -159,6 +180,10 @@ void SchedaAgente::collega()
         &agente, &GestAnagrafica::IsRecordChanged, contesto,
         [this](frame::RecordChangedArgs& args) { FME_GestAnagrafica1_IsRecordChanged(args); });
     collegaDecodifiche();
+    fornisciConnessione();
+    // The connection goes at unload: the pool must not outlive it.
+    QObject::connect(&m_schermata, &controls::Form::unloaded, contesto,
+                     [this] { rilasciaConnessione(); });
 }
 
 void SchedaAgente::FME_GestAnagrafica1_AfterAddNew(int fenm_operationresult)

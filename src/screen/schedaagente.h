@@ -5,8 +5,10 @@
 #include <QSet>
 #include <QString>
 #include <QtGlobal>
+#include <memory>
 
 namespace tarvello::controls {
+class ConnectionPool;
 struct CancelArgs;
 struct DecodeArgs;
 struct KeyArgs;
@@ -86,6 +88,10 @@ private:
     void TXT_AGERIFVIDEO1_Validate();
     void TXT_AGERIF_Validate();
     void collegaDecodifiche();
+    // The decodings answered here run on the screen's own connection from its load on, before
+    // any window of the host adopts the screen.
+    void fornisciConnessione();
+    void rilasciaConnessione();
     // The lists and decodings of the identity and reference fields.
     void collegaListe();
     void rispondiLista(controls::Field& campo, controls::LookupArgs& args,
@@ -130,6 +136,7 @@ private:
     short m_modoRicercaAnagrafiche = 0;
     short m_ricercaDaInvio = 0;
     short m_rispostaNuovaAnagrafica = 7;
+    std::unique_ptr<controls::ConnectionPool> m_connessioni; // Owned; lent to the form.
 };
 
 } // namespace tarvello::agenti
