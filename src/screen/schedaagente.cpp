@@ -224,22 +224,19 @@ void SchedaAgente::FME_GestAnagrafica1_AfterUpdate(int fenm_operationresult)
     if (fenm_operationresult != frame::OperationSucceeded)
         return;
     db::Value id;
-    ignoreEachStep({
-        [&] { id = valoreAgente(QStringLiteral("MG17_IDAGENTE")); },
-        [&] {
-            for (const Dettaglio& dettaglio : dettagli)
-                assegnaAgente(gestione(dettaglio.gestione),
-                              QString::fromLatin1(dettaglio.colonnaAgente), id);
-        },
-        [&] { gestione(FRMMG_AGENTI::Soci).updateBatch(); },
-        [&] { gestione(FRMMG_AGENTI::Maturazione).updateBatch(); },
-        [&] { gestione(FRMMG_AGENTI::TentataVendita).updateBatch(); },
-        [&] { gestione(FRMMG_AGENTI::DettaglioGiri).updateBatch(); },
-        [&] {
-            if (m_statoSalvataggio == frame::FrameStatus::New || m_agenteRifVariato)
-                m_schermata.albero().AggiornaAlberoAgente();
-        },
-    });
+    ignoreEachStep({[&] { id = valoreAgente(QStringLiteral("MG17_IDAGENTE")); }});
+    for (const Dettaglio& dettaglio : dettagli) {
+        ignoreEachStep({[&] {
+            assegnaAgente(gestione(dettaglio.gestione),
+                          QString::fromLatin1(dettaglio.colonnaAgente), id);
+        }});
+    }
+    for (const Dettaglio& dettaglio : dettagli)
+        ignoreEachStep({[&] { gestione(dettaglio.gestione).updateBatch(); }});
+    ignoreEachStep({[&] {
+        if (m_statoSalvataggio == frame::FrameStatus::New || m_agenteRifVariato)
+            m_schermata.albero().AggiornaAlberoAgente();
+    }});
 }
 
 bool SchedaAgente::Esistefiglio(qint32 id)
