@@ -4,7 +4,6 @@
 #include "platform/controls/gridnavigator.h"
 #include "platform/controls/treegrid.h"
 #include "platform/db/connection.h"
-#include "platform/db/runtimeerror.h"
 #include "platform/frame/gestanagrafica.h"
 #include "src/common/errorstyles.h"
 #include "src/common/valuehelpers.h"
@@ -12,6 +11,7 @@
 #include "src/detail/dettagliagente.h"
 #include "src/host/globalcontext.h"
 #include "src/screen/frmmg_agenti.h"
+#include "src/tree/oggettorichiesto.h"
 
 namespace tarvello::agenti {
 
@@ -27,11 +27,8 @@ controls::TreeGrid& grigliaAlbero(const FRMMG_AGENTI& schermata)
 
 frame::GestAnagrafica& gestioneAgenti(const FRMMG_AGENTI& schermata)
 {
-    frame::GestAnagrafica* agenti = schermata.FME_GestAnagrafica(FRMMG_AGENTI::Agenti);
-    if (!agenti || !agenti->recordset())
-        throw db::RuntimeError(91, QStringLiteral("Object variable or With block variable not set"),
-                               QStringLiteral("FME_GestAnagrafica1"));
-    return *agenti;
+    return oggettoRichiesto(schermata.FME_GestAnagrafica(FRMMG_AGENTI::Agenti),
+                            "FME_GestAnagrafica1");
 }
 
 } // namespace
@@ -103,13 +100,15 @@ void AlberoAgenti::GRD_AGENTI_Click()
     const QString codice = m_albero->value(u"MG17_AGENTE").toString();
     frame::GestAnagrafica& agenti = gestioneAgenti(m_schermata);
 
-    const db::RecordsetPtr copia = agenti.recordset()->clone();
+    // Held here: the frame's search may give the frame another recordset.
+    const db::RecordsetPtr righe = agenti.recordset();
+    const db::RecordsetPtr copia = oggettoRichiesto(righe.get(), "Grst_GestAnagrafica1").clone();
     copia->setFilter(sql::criterioAgente(codice));
     if (copia->recordCount() == 1) {
         agenti.moveToBookmark(copia->bookmark());
     } else {
         agenti.setStatus(frame::FrameStatus::New);
-        agenti.recordset()->setValue(u"MG17_AGENTE", codice);
+        righe->setValue(u"MG17_AGENTE", codice);
         agenti.search(true, true);
     }
 

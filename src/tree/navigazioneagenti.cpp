@@ -6,7 +6,6 @@
 #include "platform/controls/tabstrip.h"
 #include "platform/controls/treegrid.h"
 #include "platform/db/recordset.h"
-#include "platform/db/runtimeerror.h"
 #include "platform/frame/gestanagrafica.h"
 #include "src/common/errorstyles.h"
 #include "src/common/valuehelpers.h"
@@ -15,22 +14,14 @@
 #include "src/screen/codiciagente.h"
 #include "src/screen/frmmg_agenti.h"
 #include "src/tree/alberoagenti.h"
+#include "src/tree/oggettorichiesto.h"
 
 namespace tarvello::agenti {
 
 namespace {
 
-// Beyond this page "Avanti" goes no further than the next page and switches itself off.
-constexpr int UltimaPaginaConIndietro = 3;
-
-template <class T>
-T& richiesto(T* oggetto, const char* nome)
-{
-    if (!oggetto)
-        throw db::RuntimeError(91, QStringLiteral("Object variable or With block variable not set"),
-                               QString::fromUtf8(nome));
-    return *oggetto;
-}
+// From this page on, "Avanti" shows the next page (when there is one) and switches itself off.
+constexpr int PaginaCheSpegneAvanti = 3;
 
 } // namespace
 
@@ -115,7 +106,7 @@ void NavigazioneAgenti::INTERNAV_ButtonClick(const QString& chiave)
     const auto& schede = m_schermata.controllo<controls::TabStrip>(u"TAB_AGENTI");
     const int pagina = schede.currentPage();
     if (chiave == controls::NavigatorKey::Forward) {
-        if (pagina >= UltimaPaginaConIndietro) {
+        if (pagina >= PaginaCheSpegneAvanti) {
             if (pagina + 1 < schede.pageCount())
                 m_schermata.SelezionaTab(short(pagina + 1));
             internav.setButtonEnabled(controls::NavigatorKey::Forward, false);
@@ -140,13 +131,13 @@ void NavigazioneAgenti::INTERNAV_ButtonClick(const QString& chiave)
 
 void NavigazioneAgenti::Esporta()
 {
-    frame::GestAnagrafica& agenti =
-        richiesto(m_schermata.FME_GestAnagrafica(FRMMG_AGENTI::Agenti), "FME_GestAnagrafica1");
+    frame::GestAnagrafica& agenti = oggettoRichiesto(
+        m_schermata.FME_GestAnagrafica(FRMMG_AGENTI::Agenti), "FME_GestAnagrafica1");
     if (!agenti.confirmPendingChanges(true, true, true))
         return;
     const QString testo = m_schermata.controllo<controls::Field>(u"TXT_AGENTE").text();
     db::Value valore;
-    if (richiesto(m_schermata.ActiveClass(), "ActiveClass").CalledById()) {
+    if (oggettoRichiesto(m_schermata.ActiveClass(), "ActiveClass").CalledById()) {
         const QString codice = RTrimN(NvlN(testo, QString())).toString();
         valore = IdAgenteDaCodice(m_schermata.connessione(), m_schermata.Codice_Ditta(), codice);
     } else {
