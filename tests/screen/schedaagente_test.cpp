@@ -263,6 +263,81 @@ TEST_F(SchedaAgenteTest, ANewAgentsDetailRowsGetItsIdWhenItIsSaved)
         << "another agent's route row was taken over";
 }
 
+// A new agent starts with nothing below it: the details are locked and their navigators off
+// until a code is typed; the routes wait for the save.
+TEST_F(SchedaAgenteTest, ANewAgentOpensItsDetailsOnceItHasACode)
+{
+    ASSERT_TRUE(agente().addNew());
+    EXPECT_EQ(campo(u"TXT_RAGSOANAG").text(), QString());
+    EXPECT_TRUE(campo(u"TXT_AGENTE").isEnabled());
+    EXPECT_TRUE(campo(u"TXT_RAGSOANAG").isEnabled());
+    EXPECT_FALSE(controllo<controls::Control>(u"CMD_GESTCOLL").isEnabled());
+    EXPECT_FALSE(controllo<controls::Control>(u"GRIDNAV_AGENTISOCI").isEnabled());
+    for (int numero = FRMMG_AGENTI::Soci; numero <= FRMMG_AGENTI::DettaglioGiri; ++numero)
+        EXPECT_TRUE(gestione(numero).isLocked()) << numero;
+
+    ASSERT_TRUE(campo(u"TXT_AGENTE").setFocus());
+    campo(u"TXT_AGENTE").typeText(QStringLiteral("N001"));
+    ASSERT_TRUE(controllo<controls::Control>(u"CBO_REGPROV").setFocus());
+    EXPECT_EQ(agente().status(), FrameStatus::New);
+    EXPECT_TRUE(controllo<controls::Control>(u"GRIDNAV_AGENTISOCI").isEnabled());
+    EXPECT_TRUE(controllo<controls::Control>(u"GRIDNAV_AGENTIMAT").isEnabled());
+    for (int numero : {FRMMG_AGENTI::Soci, FRMMG_AGENTI::Maturazione, FRMMG_AGENTI::TentataVendita})
+        EXPECT_FALSE(gestione(numero).isLocked()) << numero;
+    EXPECT_TRUE(gestione(FRMMG_AGENTI::DettaglioGiri).isLocked());
+
+    // The code of an existing agent brings that agent up instead.
+    ASSERT_TRUE(agente().undo());
+    ASSERT_TRUE(agente().addNew());
+    ASSERT_TRUE(campo(u"TXT_AGENTE").setFocus());
+    campo(u"TXT_AGENTE").typeText(QStringLiteral("A001"));
+    controllo<controls::Control>(u"CBO_REGPROV").setFocus();
+    EXPECT_EQ(agente().status(), FrameStatus::Browse);
+    EXPECT_EQ(riga(QStringLiteral("MG17_IDAGENTE")), db::Value(id));
+    EXPECT_FALSE(campo(u"TXT_AGENTE").isEnabled());
+    EXPECT_TRUE(controllo<controls::Control>(u"CMD_GESTCOLL").isEnabled());
+}
+
+// The managers' fields are never typed into, but equal managers are refused all the same.
+TEST_F(SchedaAgenteTest, TheSameManagerForZoneAndAreaIsRefused)
+{
+    campo(u"TXT_CAPOAREA").setText(QStringLiteral("7"));
+    campo(u"TXT_CAPOZONA").setText(QStringLiteral("7"));
+    controls::CancelArgs uguali;
+    Q_EMIT campo(u"TXT_CAPOZONA").validate(uguali);
+    EXPECT_TRUE(uguali.cancel);
+    ASSERT_FALSE(prompts.history().isEmpty());
+    EXPECT_EQ(prompts.history().last().text, QStringLiteral("Stesso Capo area !!"));
+    EXPECT_EQ(prompts.history().last().style, StileAvviso);
+
+    campo(u"TXT_CAPOZONA").setText(QStringLiteral("8"));
+    controls::CancelArgs diversi;
+    Q_EMIT campo(u"TXT_CAPOZONA").validate(diversi);
+    EXPECT_FALSE(diversi.cancel);
+    campo(u"TXT_CAPOAREA").setText(QString());
+    campo(u"TXT_CAPOZONA").setText(QString());
+    controls::CancelArgs vuoti;
+    Q_EMIT campo(u"TXT_CAPOZONA").validate(vuoti);
+    EXPECT_FALSE(vuoti.cancel);
+}
+
+// In search entry an agent picked in the registry search is looked up by its code, without
+// writing into the row the frame last showed.
+TEST_F(SchedaAgenteTest, AnAgentPickedInSearchEntryIsShown)
+{
+    const qint64 altro = inserisciAgente(QStringLiteral("B'02"));
+    agente().setStatus(FrameStatus::Search);
+    prompts.queue(services::PromptAnswer::agent(QStringLiteral("B'02")));
+    schermata().scheda().RicercaAnagrafiche();
+    EXPECT_EQ(agente().status(), FrameStatus::Browse);
+    EXPECT_EQ(riga(QStringLiteral("MG17_IDAGENTE")), db::Value(altro));
+    EXPECT_EQ(campo(u"TXT_RAGSOANAG").text(), QStringLiteral("AGENTE B'02"));
+    const db::RecordsetPtr righe = agente().recordset()->clone();
+    ASSERT_TRUE(righe->find(QStringLiteral("MG17_IDAGENTE = %1").arg(id)));
+    EXPECT_EQ(righe->value(u"MG17_AGENTE"), db::Value(QStringLiteral("A001")));
+    EXPECT_EQ(righe->status(), db::RowStatus::Unmodified);
+}
+
 // Only the reference-agent column protects an agent from deletion.
 TEST_F(SchedaAgenteTest, OnlyAReferenceAgentHasChildren)
 {
