@@ -6,6 +6,7 @@
 #include "platform/services/hostlookup.h"
 #include "platform/services/mediaarchive.h"
 #include "platform/services/registrysearch.h"
+#include "platform/services/typologytable.h"
 
 namespace tarvello::services {
 
@@ -32,6 +33,11 @@ std::unique_ptr<host::HyperMedia> HostObjectFactory::newHyperMedia()
 std::unique_ptr<host::DocumentPrintModes> HostObjectFactory::newDocumentPrintModes()
 {
     return std::make_unique<DocumentPrintModeTable>();
+}
+
+std::unique_ptr<host::TypologyManagement> HostObjectFactory::newTypologyManagement()
+{
+    return std::make_unique<TypologyTable>(m_prompts);
 }
 
 frame::GestAnagrafica* HostObjectFactory::newRecordFrame(QObject* parent)

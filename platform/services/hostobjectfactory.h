@@ -26,6 +26,7 @@ public:
     std::unique_ptr<host::GeneralRegistrySearch> newRegistrySearch() override;
     std::unique_ptr<host::HyperMedia> newHyperMedia() override;
     std::unique_ptr<host::DocumentPrintModes> newDocumentPrintModes() override;
+    std::unique_ptr<host::TypologyManagement> newTypologyManagement() override;
     frame::GestAnagrafica* newRecordFrame(QObject* parent) override;
 
 private:

@@ -15,6 +15,7 @@ class ErrorLog;
 class GeneralRegistrySearch;
 class HyperMedia;
 class LookupDecoder;
+class TypologyManagement;
 
 // The host's creatable objects. A module releases what it creates by destroying it.
 class HostObjects {
@@ -25,6 +26,7 @@ public:
     virtual std::unique_ptr<GeneralRegistrySearch> newRegistrySearch() = 0;
     virtual std::unique_ptr<HyperMedia> newHyperMedia() = 0;
     virtual std::unique_ptr<DocumentPrintModes> newDocumentPrintModes() = 0;
+    virtual std::unique_ptr<TypologyManagement> newTypologyManagement() = 0;
     // A record frame of a screen, owned by parent (the screen's form): the frame asks the
     // person through the host, as every host object does.
     virtual frame::GestAnagrafica* newRecordFrame(QObject* parent) = 0;

@@ -3,7 +3,10 @@
 #include "src/common/errorstyles.h"
 #include "src/common/valuehelpers.h"
 #include "src/data/sqlagenti.h"
+#include "src/host/globalcontext.h"
+#include "src/host/hostobjects.h"
 #include "src/host/lookupdecoder.h"
+#include "src/host/typologymanagement.h"
 #include "src/screen/codiciagente.h"
 #include "src/screen/frmmg_agenti.h"
 #include "src/screen/schedaagente.h"
@@ -151,6 +154,19 @@ void SchedaAgente::collegaListe()
     decodifica(u"TXT_FOR", fornitori, ElencoFornitori, QStringLiteral("TXT_RAGSOANAGFOR"), true);
     decodifica(u"TXT_TIPOLOGIAAGENTE", agenti, ElencoTipologie, QStringLiteral("TXT_DESCTIPOLOGIA"),
                true);
+
+    Field& tipologia = campo(u"TXT_TIPOLOGIAAGENTE");
+    QObject::connect(&tipologia, &Field::managementKeyPressed, contesto,
+                     [this, &tipologia](const QString& chiave) {
+                         if (chiave != u"Kgestione")
+                             return;
+                         host::GlobalContext& globale = m_schermata.globale();
+                         const std::unique_ptr<host::TypologyManagement> gestione =
+                             globale.objects().newTypologyManagement();
+                         if (gestione)
+                             gestione->show(globale, tipologia,
+                                            RTrimN(tipologia.text()).toString().trimmed());
+                     });
 
     for (const bool perId : {false, true}) {
         Field& f = campo(perId ? u"TXT_AGERIF" : u"TXT_AGERIFVIDEO1");

@@ -6,6 +6,7 @@
 #include "src/host/hypermedia.h"
 #include "src/host/lookupdecoder.h"
 #include "src/host/registrysearch.h"
+#include "src/host/typologymanagement.h"
 #include "src/screen/controlli.h"
 #include "src/screen/layoutagenti.h"
 #include "src/screen/listecodificate.h"
@@ -44,6 +45,7 @@ public:
             return nullptr;
         return std::make_unique<ModiDiStampa>(*tabella);
     }
+    std::unique_ptr<host::TypologyManagement> newTypologyManagement() override { return nullptr; }
     frame::GestAnagrafica* newRecordFrame(QObject*) override { return nullptr; }
 
     std::optional<QList<QStringList>> tabella = QList<QStringList>{};

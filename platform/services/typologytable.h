@@ -1,0 +1,24 @@
+#pragma once
+
+#include "src/host/typologymanagement.h"
+
+namespace tarvello::services {
+
+class UserPrompts;
+
+// The host's agent-typology table, reached as another management of the host: what the
+// person chooses there (the first code handed back) becomes the field's typology.
+class TypologyTable final : public host::TypologyManagement {
+public:
+    explicit TypologyTable(UserPrompts& prompts)
+        : m_prompts(prompts)
+    {}
+
+    void show(host::GlobalContext& context, controls::Field& field,
+              const QString& typology) override;
+
+private:
+    UserPrompts& m_prompts; // Not owned.
+};
+
+} // namespace tarvello::services
