@@ -338,6 +338,34 @@ TEST_F(SchedaAgenteTest, AnAgentPickedInSearchEntryIsShown)
     EXPECT_EQ(righe->status(), db::RowStatus::Unmodified);
 }
 
+// The flag of a completed reference validation is never cleared: from then on every save
+// rebuilds the tree, while before it a save of an existing agent leaves the tree alone.
+TEST_F(SchedaAgenteTest, AfterAReferenceIsValidatedEverySaveRebuildsTheTree)
+{
+    const auto alberoRicostruito = [this] {
+        return istruzioni().contains(QStringLiteral(
+            "IF OBJECT_ID('TEMPDB.DBO.#TAB_TREEVIEW') IS NOT NULL DROP TABLE #TAB_TREEVIEW"));
+    };
+    const qint64 capo = inserisciAgente(QStringLiteral("C01"));
+    schermata().Gcon_Connect()->log().clear();
+    cambiaProvvigione(QStringLiteral("2"));
+    ASSERT_TRUE(agente().save());
+    EXPECT_FALSE(alberoRicostruito());
+
+    ASSERT_TRUE(campo(u"TXT_AGERIFVIDEO1").setFocus());
+    campo(u"TXT_AGERIFVIDEO1").typeText(QStringLiteral("C01"));
+    ASSERT_TRUE(controllo<controls::Control>(u"CBO_REGPROV").setFocus());
+    EXPECT_TRUE(schermata().scheda().AgenteRifVariato());
+    EXPECT_EQ(campo(u"TXT_AGERIF").text(), QString::number(capo));
+    ASSERT_TRUE(agente().save());
+    EXPECT_TRUE(alberoRicostruito());
+
+    schermata().Gcon_Connect()->log().clear();
+    cambiaProvvigione(QStringLiteral("3"));
+    ASSERT_TRUE(agente().save());
+    EXPECT_TRUE(alberoRicostruito());
+}
+
 // Only the reference-agent column protects an agent from deletion.
 TEST_F(SchedaAgenteTest, OnlyAReferenceAgentHasChildren)
 {
