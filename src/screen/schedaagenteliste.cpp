@@ -30,11 +30,13 @@ host::LookupDecoder& richiesto(host::LookupDecoder* decodificatore)
     return *decodificatore;
 }
 
-// A decoding that cannot run: the field is not valid and shows no description.
-void rifiuta(Field& campo, controls::DecodeArgs& args, controls::DataControl* descrizione)
+// A decoding that does not run: no description. An empty code is valid; a code that cannot
+// be looked up is not.
+void senzaDecodifica(Field& campo, controls::DecodeArgs& args, controls::DataControl* descrizione,
+                     bool valido)
 {
     args.cancel = true;
-    campo.setValid(false);
+    campo.setValid(valido);
     if (descrizione)
         descrizione->setValue(db::Value::null());
 }
@@ -62,16 +64,12 @@ void SchedaAgente::rispondiDecodifica(Field& campo, controls::DecodeArgs& args,
     auto* bersaglio = m_schermata.find<controls::DataControl>(descrizione);
     const db::Value codice = RTrimN(campo.text());
     if (codice.toString().isEmpty()) {
-        // Nothing to decode: the description goes with the code.
-        args.cancel = true;
-        campo.setValid(true);
-        if (bersaglio)
-            bersaglio->setValue(db::Value::null());
+        senzaDecodifica(campo, args, bersaglio, true);
         return;
     }
     const std::optional<qint64> numero = NumeroIntero(codice);
     if (numerico && !numero) {
-        rifiuta(campo, args, bersaglio);
+        senzaDecodifica(campo, args, bersaglio, false);
         return;
     }
     host::LookupDecoder& d = richiesto(decodificatore);
@@ -90,17 +88,14 @@ void SchedaAgente::rispondiDecodificaRiferimento(Field& campo, controls::DecodeA
     auto* descrizione = m_schermata.find<controls::DataControl>(u"TXT_DESCAGERIF");
     const QString codice = perId ? campo.text().trimmed() : campo.text();
     if (RTrimN(codice).toString().isEmpty()) {
-        args.cancel = true;
-        campo.setValid(true);
-        if (descrizione)
-            descrizione->setValue(db::Value::null());
+        senzaDecodifica(campo, args, descrizione, true);
         return;
     }
     const qint32 ditta = m_schermata.Codice_Ditta();
     if (perId) {
         const std::optional<qint64> id = NumeroIntero(codice);
         if (!id) {
-            rifiuta(campo, args, descrizione);
+            senzaDecodifica(campo, args, descrizione, false);
             return;
         }
         args.sql = sql::ragioneSocialeAgenteDaId(ditta, *id);
