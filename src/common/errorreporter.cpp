@@ -1,6 +1,7 @@
 #include "src/common/errorreporter.h"
 
 #include "platform/db/connection.h"
+#include "src/common/richiesto.h"
 #include "src/host/errorlog.h"
 
 namespace tarvello::agenti {
@@ -10,17 +11,12 @@ namespace {
 // The style number of a report with a choice: Abort / Retry / Ignore buttons, error icon,
 // Retry as the default button, system-modal.
 constexpr int ReportStyle = 4370;
-constexpr long ObjectVariableNotSet = 91;
 
 } // namespace
 
 host::ErrorLog& ErrorReporter::log() const
 {
-    if (!m_log)
-        throw db::RuntimeError(ObjectVariableNotSet,
-                               QStringLiteral("Object variable or With block variable not set"),
-                               QStringLiteral("Gcls_Log"));
-    return *m_log;
+    return richiesto(m_log, "Gcls_Log");
 }
 
 void ErrorReporter::handOver(const db::RuntimeError& error) const

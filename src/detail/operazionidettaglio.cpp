@@ -3,6 +3,7 @@
 #include "platform/controls/grid.h"
 #include "platform/db/runtimeerror.h"
 #include "platform/frame/gestanagrafica.h"
+#include "src/common/richiesto.h"
 #include "src/common/valuehelpers.h"
 #include "src/host/errorlog.h"
 #include "src/screen/frmmg_agenti.h"
@@ -13,13 +14,6 @@ namespace {
 
 // The message-box style with the warning icon and the OK button.
 constexpr int StileAvviso = 48;
-constexpr long ObjectVariableNotSet = 91;
-
-[[noreturn]] void mancante(const QString& nome)
-{
-    throw db::RuntimeError(ObjectVariableNotSet,
-                           QStringLiteral("Object variable or With block variable not set"), nome);
-}
 
 } // namespace
 
@@ -27,7 +21,7 @@ db::Value MG17_IDAGENTE(const FRMMG_AGENTI& schermata)
 {
     const db::RecordsetPtr agenti = schermata.Grst_GestAnagrafica(FRMMG_AGENTI::Agenti);
     if (!agenti)
-        mancante(QStringLiteral("Grst_GestAnagrafica1"));
+        oggettoMancante(QStringLiteral("Grst_GestAnagrafica1"));
     // The agent frame adds its new row only once it is edited: until then it stands for a
     // row whose id is not there yet.
     if (agenti->bof() || agenti->eof())
@@ -46,7 +40,7 @@ void riapriDettaglio(FRMMG_AGENTI& schermata, int gestione, const QString& sql,
     frame::GestAnagrafica* dettaglio = schermata.FME_GestAnagrafica(gestione);
     const db::RecordsetPtr righe = schermata.Grst_GestAnagrafica(gestione);
     if (!dettaglio || !righe)
-        mancante(QStringLiteral("FME_GestAnagrafica%1").arg(gestione));
+        oggettoMancante(QStringLiteral("FME_GestAnagrafica%1").arg(gestione));
     schermata.setGstr_GestAnagrafica(gestione, sql);
     dettaglio->detach();
     righe->close();

@@ -4,15 +4,13 @@
 #include "platform/db/runtimeerror.h"
 #include "platform/frame/gestanagrafica.h"
 #include "src/common/errorstyles.h"
+#include "src/common/richiesto.h"
 #include "src/host/globalcontext.h"
 #include "src/host/hostobjects.h"
-#include "src/host/richiesto.h"
 
 namespace tarvello::agenti {
 
 namespace {
-
-constexpr long ObjectVariableNotSet = 91;
 
 const QString TitoloModulo = QStringLiteral("Anagrafica agenti");
 const QString ColonnaMedia = QStringLiteral("MG17_IDMEDIA_CG99");
@@ -85,18 +83,11 @@ void CLSMG_AGENTI::setLeft(const db::Value& value)
 
 db::Value CLSMG_AGENTI::ShowForm()
 {
-    const auto screen = [this]() -> AgentiScreen& {
-        if (!m_screen)
-            throw db::RuntimeError(ObjectVariableNotSet, QStringLiteral("Object variable not set"));
-        return *m_screen;
-    };
+    const auto screen = [this]() -> AgentiScreen& { return richiesto(m_screen, "screen"); };
     ignoreEachStep({
         [&] {
             auto created = m_screenFactory();
-            if (!created)
-                throw db::RuntimeError(ObjectVariableNotSet,
-                                       QStringLiteral("The screen could not be created"));
-            m_screen = created.get();
+            m_screen = &richiesto(created.get(), "FRMMG_AGENTI");
             m_screens.push_back(std::move(created));
         },
         [&] { screen().setActiveInterface(m_activeDll); },

@@ -3,11 +3,11 @@
 #include "platform/controls/field.h"
 #include "platform/db/runtimeerror.h"
 #include "src/common/errorstyles.h"
+#include "src/common/richiesto.h"
 #include "src/common/valuehelpers.h"
 #include "src/host/cinterface.h"
 #include "src/host/globalcontext.h"
 #include "src/host/navigator.h"
-#include "src/host/richiesto.h"
 #include "src/host/stampaagenti.h"
 #include "src/screen/frmmg_agenti.h"
 

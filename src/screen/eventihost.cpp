@@ -3,8 +3,8 @@
 #include "platform/db/recordset.h"
 #include "platform/frame/gestanagrafica.h"
 #include "src/common/errorstyles.h"
+#include "src/common/richiesto.h"
 #include "src/host/errorlog.h"
-#include "src/host/richiesto.h"
 #include "src/screen/frmmg_agenti.h"
 
 namespace tarvello::agenti {

@@ -13,6 +13,7 @@
 #include "platform/db/runtimeerror.h"
 #include "platform/frame/gestanagrafica.h"
 #include "src/common/errorstyles.h"
+#include "src/common/richiesto.h"
 #include "src/common/valuehelpers.h"
 #include "src/data/sqlagenti.h"
 #include "src/detail/dettagliagente.h"
@@ -37,7 +38,6 @@ namespace tarvello::agenti {
 
 namespace {
 
-constexpr long ObjectVariableNotSet = 91;
 constexpr long ObjectWasUnloaded = 364;
 
 // The size the screen was designed at, in twips; a modal screen opens at it.
@@ -49,16 +49,6 @@ constexpr int ArchivioAgenti = 9;
 
 const QString EventoApertura = QStringLiteral("tsOpen");
 const QString EventoChiusura = QStringLiteral("tsClose");
-
-template <class T>
-T& richiesto(T* oggetto, const char* nome)
-{
-    if (!oggetto)
-        throw db::RuntimeError(ObjectVariableNotSet,
-                               QStringLiteral("Object variable or With block variable not set"),
-                               QString::fromUtf8(nome));
-    return *oggetto;
-}
 
 controls::Form::WindowState statoFinestra(short stato)
 {
@@ -454,6 +444,9 @@ void FRMMG_AGENTI::Form_Load()
             [&] { m_dettagli->collega(); },
             [&] { m_scheda->collega(); },
             [&] { m_navigazione->collega(); },
+            // The agent frame showed its first row before the answers to its events were
+            // connected: shown again, the row gets its name, details and unbound fields.
+            [&] { gestione(Agenti).refresh(); },
         });
     if (esito == Outcome::Abandoned)
         unload();

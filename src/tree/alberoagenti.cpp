@@ -6,12 +6,12 @@
 #include "platform/db/connection.h"
 #include "platform/frame/gestanagrafica.h"
 #include "src/common/errorstyles.h"
+#include "src/common/richiesto.h"
 #include "src/common/valuehelpers.h"
 #include "src/data/sqlagenti.h"
 #include "src/detail/dettagliagente.h"
 #include "src/host/globalcontext.h"
 #include "src/screen/frmmg_agenti.h"
-#include "src/tree/oggettorichiesto.h"
 
 namespace tarvello::agenti {
 
@@ -27,8 +27,7 @@ controls::TreeGrid& grigliaAlbero(const FRMMG_AGENTI& schermata)
 
 frame::GestAnagrafica& gestioneAgenti(const FRMMG_AGENTI& schermata)
 {
-    return oggettoRichiesto(schermata.FME_GestAnagrafica(FRMMG_AGENTI::Agenti),
-                            "FME_GestAnagrafica1");
+    return richiesto(schermata.FME_GestAnagrafica(FRMMG_AGENTI::Agenti), "FME_GestAnagrafica1");
 }
 
 } // namespace
@@ -102,7 +101,7 @@ void AlberoAgenti::GRD_AGENTI_Click()
 
     // Held here: the frame's search may give the frame another recordset.
     const db::RecordsetPtr righe = agenti.recordset();
-    const db::RecordsetPtr copia = oggettoRichiesto(righe.get(), "Grst_GestAnagrafica1").clone();
+    const db::RecordsetPtr copia = richiesto(righe.get(), "Grst_GestAnagrafica1").clone();
     copia->setFilter(sql::criterioAgente(codice));
     if (copia->recordCount() == 1) {
         agenti.moveToBookmark(copia->bookmark());

@@ -8,13 +8,13 @@
 #include "platform/db/recordset.h"
 #include "platform/frame/gestanagrafica.h"
 #include "src/common/errorstyles.h"
+#include "src/common/richiesto.h"
 #include "src/common/valuehelpers.h"
 #include "src/host/clsmg_agenti.h"
 #include "src/linked/stampa.h"
 #include "src/screen/codiciagente.h"
 #include "src/screen/frmmg_agenti.h"
 #include "src/tree/alberoagenti.h"
-#include "src/tree/oggettorichiesto.h"
 
 namespace tarvello::agenti {
 
@@ -131,13 +131,13 @@ void NavigazioneAgenti::INTERNAV_ButtonClick(const QString& chiave)
 
 void NavigazioneAgenti::Esporta()
 {
-    frame::GestAnagrafica& agenti = oggettoRichiesto(
-        m_schermata.FME_GestAnagrafica(FRMMG_AGENTI::Agenti), "FME_GestAnagrafica1");
+    frame::GestAnagrafica& agenti =
+        richiesto(m_schermata.FME_GestAnagrafica(FRMMG_AGENTI::Agenti), "FME_GestAnagrafica1");
     if (!agenti.confirmPendingChanges(true, true, true))
         return;
     const QString testo = m_schermata.controllo<controls::Field>(u"TXT_AGENTE").text();
     db::Value valore;
-    if (oggettoRichiesto(m_schermata.ActiveClass(), "ActiveClass").CalledById()) {
+    if (richiesto(m_schermata.ActiveClass(), "ActiveClass").CalledById()) {
         const QString codice = RTrimN(NvlN(testo, QString())).toString();
         valore = IdAgenteDaCodice(m_schermata.connessione(), m_schermata.Codice_Ditta(), codice);
     } else {

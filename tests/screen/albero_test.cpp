@@ -137,6 +137,7 @@ TEST_F(AlberoAgentiTest, AfterANewAgentIsStartedTheFirstPageAndTheCodeTakeOver)
     inserisciAgente(QStringLiteral("A001"));
     apri();
     schermata().SelezionaTab(3);
+    ASSERT_TRUE(gestione(FRMMG_AGENTI::Agenti).addNew());
 
     schermata().navigazione().INTERNAV_AfterAction(false, QStringLiteral("Nuovo"));
     EXPECT_EQ(pagina(), 3);

@@ -37,14 +37,16 @@ protected:
     }
 };
 
-TEST_F(AttivazioneSchermata, OpenedByTheHostShowsTheFirstAgentAndFocusesItsCode)
+TEST_F(AttivazioneSchermata, OpenedByTheHostShowsTheFirstAgentAndFocusesTheRegime)
 {
     inserisciAgente(QStringLiteral("A001"));
     apri();
 
     EXPECT_EQ(statoAgenti(), frame::FrameStatus::Browse);
     EXPECT_EQ(agenteMostrato(), QStringLiteral("A001"));
-    EXPECT_EQ(fuoco(), QStringLiteral("TXT_AGENTE"));
+    // The code of an agent already stored cannot be changed: the focus skips it.
+    EXPECT_FALSE(controllo<controls::Field>(u"TXT_AGENTE").isEnabled());
+    EXPECT_EQ(fuoco(), QStringLiteral("CBO_REGPROV"));
     EXPECT_FALSE(controllo<controls::NavigatorBar>(u"INTERNAV").isCalledMode());
     EXPECT_EQ(chiaviInternav(),
               (QStringList{QStringLiteral("Nuovo"), QStringLiteral("Indietro"),

@@ -21,7 +21,7 @@ protected:
         SchermataTest::SetUp();
         inserisciAgente(QStringLiteral("A001"));
         apri();
-        ASSERT_EQ(fuoco(), QStringLiteral("TXT_AGENTE"));
+        ASSERT_EQ(fuoco(), QStringLiteral("CBO_REGPROV"));
     }
     controls::TabStrip& schede() const { return controllo<controls::TabStrip>(u"TAB_AGENTI"); }
 };
@@ -51,13 +51,15 @@ TEST_F(SchedeSchermata, TheMaturationPageWithRowsFocusesItsGrid)
 
 TEST_F(SchedeSchermata, SelezionaTabSelectsThePageWithoutMovingTheFocus)
 {
+    controllo<controls::Control>(u"TXT_FOR").setFocus();
+    ASSERT_EQ(fuoco(), QStringLiteral("TXT_FOR"));
     schermata().SelezionaTab(3);
     EXPECT_EQ(schede().currentPage(), 3);
-    EXPECT_EQ(fuoco(), QStringLiteral("TXT_AGENTE"));
+    EXPECT_EQ(fuoco(), QStringLiteral("TXT_FOR"));
     EXPECT_FALSE(schermata().CambioTabDaCodice());
 
     schermata().SelezionaTab(1);
-    EXPECT_EQ(fuoco(), QStringLiteral("TXT_AGENTE"));
+    EXPECT_EQ(fuoco(), QStringLiteral("TXT_FOR"));
 
     // Page 0 always takes the focus to the commission regime.
     schermata().SelezionaTab(0);
