@@ -257,10 +257,12 @@ TableDef agents()
             varchar(QStringLiteral("MG17_GUID"), 50),
             integer(QStringLiteral("MG17_IDMEDIA_CG99")),
         },
+        // The code index comes last: for a plain company filter SQLite walks the index
+        // created last, so the company's agents come in code order, as the tree lists them.
         {
-            {QStringLiteral("MG17_DITTA_CG18"), QStringLiteral("MG17_AGENTE")},
             {QStringLiteral("MG17_DITTA_CG18"), QStringLiteral("MG17_IDAGERIF_MG17")},
             {QStringLiteral("MG17_DITTA_CG18"), QStringLiteral("MG17_ANAGEN_CG16")},
+            {QStringLiteral("MG17_DITTA_CG18"), QStringLiteral("MG17_AGENTE")},
         });
 }
 

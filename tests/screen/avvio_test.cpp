@@ -27,24 +27,24 @@ const QStringList istruzioniApertura{
     QStringLiteral("SELECT ROW_NUMBER() OVER (ORDER BY MG1I_DITTA_CG18) AS ID, * FROM "
                    "MG1I_DETTAGLIOGIRI WITH (NOLOCK)  WHERE MG1I_DITTA_CG18 = 1"),
     // Once every frame is bound, the first agent is shown again for the screen's answers:
-    // its registry name, then its details and its routes.
-    QStringLiteral("SELECT CG16_RAGSOANAG FROM CG16_ANAGGEN WHERE CG16_CODICE = 101"),
+    // its registry name, then its details and its routes. The agents come in code order.
+    QStringLiteral("SELECT CG16_RAGSOANAG FROM CG16_ANAGGEN WHERE CG16_CODICE = 102"),
     QStringLiteral("SELECT  ROW_NUMBER() OVER (ORDER BY MG18_DITTA_CG18) AS ID, * FROM "
-                   "MG18_AGENTISOCI WHERE MG18_DITTA_CG18 = 1 AND MG18_IDAGENTE_MG17 = 1"),
+                   "MG18_AGENTISOCI WHERE MG18_DITTA_CG18 = 1 AND MG18_IDAGENTE_MG17 = 2"),
     QStringLiteral("SELECT  ROW_NUMBER() OVER (ORDER BY MG16_DITTA_CG18) AS ID, * FROM "
-                   "MG16_AGENTIMAT WHERE MG16_DITTA_CG18 = 1 AND MG16_IDAGENTE_MG17 = 1"),
+                   "MG16_AGENTIMAT WHERE MG16_DITTA_CG18 = 1 AND MG16_IDAGENTE_MG17 = 2"),
     QStringLiteral("SELECT  * FROM MG34_AGENTITV WHERE MG34_DITTA_CG18 = 1 AND "
-                   "MG34_IDAGENTE_MG17 = 1"),
+                   "MG34_IDAGENTE_MG17 = 2"),
     QStringLiteral("SELECT ROW_NUMBER() OVER (ORDER BY MG1I_DITTA_CG18) AS ID, * FROM "
                    "MG1I_DETTAGLIOGIRI WITH (NOLOCK)  WHERE MG1I_DITTA_CG18 = 1 AND "
-                   "MG1I_IDAGENTE_MG17 = 1"),
+                   "MG1I_IDAGENTE_MG17 = 2"),
     QStringLiteral("SELECT DISTINCT MG1H_GIRO, MG1H_DESCRIZIONE FROM MG1I_DETTAGLIOGIRI WITH "
                    "(NOLOCK)  INNER JOIN MG1H_GIRI WITH (NOLOCK)     ON  MG1I_DITTA_CG18 = "
                    "MG1H_DITTA_CG18     AND MG1H_GIRO = MG1I_GIRO_MG1H  WHERE MG1I_DITTA_CG18 = 1 "
-                   "  AND MG1I_IDAGENTE_MG17 = 1"),
+                   "  AND MG1I_IDAGENTE_MG17 = 2"),
     QStringLiteral("SELECT ROW_NUMBER() OVER (ORDER BY MG1I_DITTA_CG18) AS ID, * FROM "
                    "MG1I_DETTAGLIOGIRI WITH (NOLOCK)  WHERE MG1I_DITTA_CG18 = 1 AND "
-                   "MG1I_IDAGENTE_MG17 = 1 AND MG1I_GIRO_MG1H = ''"),
+                   "MG1I_IDAGENTE_MG17 = 2 AND MG1I_GIRO_MG1H = ''"),
     QStringLiteral("IF OBJECT_ID('TEMPDB.DBO.#TAB_TREEVIEW') IS NOT NULL DROP TABLE #TAB_TREEVIEW"),
     QStringLiteral(" SELECT      MG17_AGENTE       ,MG17_IDAGENTE       ,CG16_RAGSOANAG      "
                    ",MG17_IDAGERIF_MG17      ,MG17_INDTIPOAGE  INTO      #TAB_TREEVIEW  FROM  "
@@ -68,6 +68,8 @@ TEST_F(AvvioSchermata, OpensOnTheCompanysAgentsWithTheStartUpStatementsInOrder)
     EXPECT_EQ(istruzioni(), istruzioniApertura);
     EXPECT_TRUE(prompts.history().isEmpty()) << prompts.history().first().text.toStdString();
     EXPECT_EQ(gestione(FRMMG_AGENTI::Agenti).recordset()->recordCount(), 2);
+    EXPECT_EQ(gestione(FRMMG_AGENTI::Agenti).recordset()->value(u"MG17_AGENTE").toString(),
+              QStringLiteral("A001"));
     const db::RecordsetPtr albero = schermata().albero().Grst_AlberoAgenti();
     ASSERT_TRUE(albero);
     EXPECT_EQ(albero->recordCount(), 2);
