@@ -1,3 +1,4 @@
+#include "pdftext.h"
 #include "platform/db/demodata.h"
 #include "platform/services/agentsprintout.h"
 #include "platform/services/agentsreport.h"
@@ -7,7 +8,6 @@
 
 #include <QDir>
 #include <QFile>
-#include <QProcess>
 #include <QRegularExpression>
 #include <QTemporaryDir>
 #include <QTextDocument>
@@ -16,22 +16,9 @@
 using namespace tarvello;
 using services::AgentsPrintoutModule;
 using services::PromptAnswer;
+using test::pdfText;
 
 namespace {
-
-// The text of a PDF file as a reader extracts it.
-QString pdfText(const QString& path)
-{
-    QProcess reader;
-    reader.start(QStringLiteral("pdftotext"),
-                 {QStringLiteral("-layout"), path, QStringLiteral("-")});
-    if (!reader.waitForFinished(30000) || reader.exitCode() != 0) {
-        ADD_FAILURE() << "pdftotext could not read " << path.toStdString() << ": "
-                      << reader.errorString().toStdString();
-        return {};
-    }
-    return QString::fromUtf8(reader.readAllStandardOutput());
-}
 
 QByteArray fileBytes(const QString& path)
 {

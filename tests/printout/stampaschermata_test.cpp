@@ -1,3 +1,4 @@
+#include "pdftext.h"
 #include "platform/controls/field.h"
 #include "platform/db/demodata.h"
 #include "platform/services/hostcontext.h"
@@ -11,7 +12,6 @@
 
 #include <QDir>
 #include <QFile>
-#include <QProcess>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 
@@ -88,11 +88,7 @@ TEST_F(StampaDallaSchermata, TheAgentOnViewIsPrintedToThePdfChosen)
     QFile pdf(path);
     ASSERT_TRUE(pdf.open(QIODevice::ReadOnly));
     EXPECT_TRUE(pdf.read(5) == "%PDF-");
-    QProcess reader;
-    reader.start(QStringLiteral("pdftotext"),
-                 {QStringLiteral("-layout"), path, QStringLiteral("-")});
-    ASSERT_TRUE(reader.waitForFinished(30000));
-    const QString text = QString::fromUtf8(reader.readAllStandardOutput());
+    const QString text = test::pdfText(path);
     EXPECT_TRUE(text.contains(QStringLiteral("Agente A001")));
     EXPECT_TRUE(text.contains(QStringLiteral("ROSSI MARIO")));
     EXPECT_TRUE(text.contains(QStringLiteral("Capo area")));
