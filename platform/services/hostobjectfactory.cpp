@@ -1,6 +1,7 @@
 #include "platform/services/hostobjectfactory.h"
 
 #include "platform/frame/gestanagrafica.h"
+#include "platform/services/divisionaldatamanagement.h"
 #include "platform/services/documentprintmodetable.h"
 #include "platform/services/hosterrorlog.h"
 #include "platform/services/hostlookup.h"
@@ -38,6 +39,11 @@ std::unique_ptr<host::DocumentPrintModes> HostObjectFactory::newDocumentPrintMod
 std::unique_ptr<host::TypologyManagement> HostObjectFactory::newTypologyManagement()
 {
     return std::make_unique<TypologyTable>(m_prompts);
+}
+
+std::unique_ptr<host::DivisionalData> HostObjectFactory::newDivisionalData()
+{
+    return std::make_unique<DivisionalDataManagement>(m_prompts);
 }
 
 frame::GestAnagrafica* HostObjectFactory::newRecordFrame(QObject* parent)

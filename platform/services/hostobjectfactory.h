@@ -27,6 +27,7 @@ public:
     std::unique_ptr<host::HyperMedia> newHyperMedia() override;
     std::unique_ptr<host::DocumentPrintModes> newDocumentPrintModes() override;
     std::unique_ptr<host::TypologyManagement> newTypologyManagement() override;
+    std::unique_ptr<host::DivisionalData> newDivisionalData() override;
     frame::GestAnagrafica* newRecordFrame(QObject* parent) override;
 
 private:

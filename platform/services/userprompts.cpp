@@ -46,7 +46,7 @@ PromptAnswer UserPrompts::answer(const Prompt& prompt, const PromptAnswer& defau
                               .arg(prompt.describe(), given->describe()));
     const PromptAnswer taken = given.value_or(defaultAnswer);
     m_history.append({prompt.kind, prompt.text, prompt.style, prompt.title, taken.describe(),
-                      !given.has_value()});
+                      prompt.details, !given.has_value()});
     return taken;
 }
 

@@ -56,6 +56,8 @@ struct PromptRecord {
     int style = 0;
     QString title;
     QString answer;
+    // What a management was opened with, a search's starting text (Prompt::details).
+    QString details;
     // No answer was given: the prompt took its default.
     bool defaulted = false;
 };

@@ -10,6 +10,7 @@ class GestAnagrafica;
 
 namespace tarvello::host {
 
+class DivisionalData;
 class DocumentPrintModes;
 class ErrorLog;
 class GeneralRegistrySearch;
@@ -27,6 +28,7 @@ public:
     virtual std::unique_ptr<HyperMedia> newHyperMedia() = 0;
     virtual std::unique_ptr<DocumentPrintModes> newDocumentPrintModes() = 0;
     virtual std::unique_ptr<TypologyManagement> newTypologyManagement() = 0;
+    virtual std::unique_ptr<DivisionalData> newDivisionalData() = 0;
     // A record frame of a screen, owned by parent (the screen's form): the frame asks the
     // person through the host, as every host object does.
     virtual frame::GestAnagrafica* newRecordFrame(QObject* parent) = 0;

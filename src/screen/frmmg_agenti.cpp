@@ -25,6 +25,7 @@
 #include "src/host/lookupdecoder.h"
 #include "src/host/menuentry.h"
 #include "src/host/navigator.h"
+#include "src/linked/gestionicollegate.h"
 #include "src/screen/codiciagente.h"
 #include "src/screen/layoutagenti.h"
 #include "src/screen/listecodificate.h"
@@ -70,8 +71,10 @@ FRMMG_AGENTI::FRMMG_AGENTI(QObject* parent)
     , m_dettagli(std::make_unique<DettagliAgente>(*this))
     , m_scheda(std::make_unique<SchedaAgente>(*this))
     , m_navigazione(std::make_unique<NavigazioneAgenti>(*this))
+    , m_collegate(std::make_unique<GestioniCollegate>(*this))
 {
     creaControlliAgenti(*this);
+    m_collegate->collega();
     m_errori.setScreenTitle([this] { return caption(); });
     connect(this, &Form::loaded, this, &FRMMG_AGENTI::Form_Load);
     connect(this, &Form::activated, this, &FRMMG_AGENTI::Form_Activate);

@@ -33,6 +33,7 @@ namespace tarvello::agenti {
 
 class AlberoAgenti;
 class DettagliAgente;
+class GestioniCollegate;
 class ListeCodificate;
 class NavigazioneAgenti;
 class SchedaAgente;
@@ -139,6 +140,7 @@ public:
     DettagliAgente& dettagli() const { return *m_dettagli; }
     SchedaAgente& scheda() const { return *m_scheda; }
     NavigazioneAgenti& navigazione() const { return *m_navigazione; }
+    GestioniCollegate& collegate() const { return *m_collegate; }
     // The settings of TXT_CAPOAREA or TXT_CAPOZONA; empty ones for any other name.
     ImpostazioniCampoId impostazioniCampoId(QStringView nome) const;
 
@@ -210,6 +212,7 @@ private:
     std::unique_ptr<DettagliAgente> m_dettagli;
     std::unique_ptr<SchedaAgente> m_scheda;
     std::unique_ptr<NavigazioneAgenti> m_navigazione;
+    std::unique_ptr<GestioniCollegate> m_collegate;
 };
 
 } // namespace tarvello::agenti

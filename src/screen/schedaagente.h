@@ -67,6 +67,10 @@ public:
     // The general-registry search behind TXT_RAGSOANAG, in the mode set.
     void RicercaAnagrafiche();
 
+    // The agent frame's current row, added first when a new agent has none yet.
+    db::Value valoreAgente(const QString& colonna) const;
+    void scriviAgente(const QString& colonna, const db::Value& valore);
+
 private:
     void FME_GestAnagrafica1_AfterAddNew(int fenm_operationresult);
     void FME_GestAnagrafica1_AfterDelete(int fenm_operationresult);
@@ -115,10 +119,6 @@ private:
     bool BooRicercaAvanti(qint32 id, qint32 se, QSet<qint32>& visti);
     bool BooRicercaIndietro(qint32 id, qint32 se, QSet<qint32>& visti);
     void segnaRiferimentoNonValido();
-
-    // The agent frame's current row, added first when a new agent has none yet.
-    db::Value valoreAgente(const QString& colonna) const;
-    void scriviAgente(const QString& colonna, const db::Value& valore);
 
     frame::GestAnagrafica& gestione(int numero) const;
     controls::Field& campo(QStringView nome) const;

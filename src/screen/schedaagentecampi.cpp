@@ -15,6 +15,7 @@
 #include "src/host/hostobjects.h"
 #include "src/host/messagecatalogue.h"
 #include "src/host/registrysearch.h"
+#include "src/linked/gestionicollegate.h"
 #include "src/screen/codiciagente.h"
 #include "src/screen/frmmg_agenti.h"
 #include "src/screen/schedaagente.h"
@@ -130,14 +131,18 @@ void SchedaAgente::TXT_RAGSOANAG_LostFocus()
     m_ricercaDaInvio = 1;
     campo(u"TXT_RAGSOANAG").openLookup();
     m_ricercaDaInvio = 0;
-    // A yes opens the general-registry management, which this installation does not have:
-    // the person is left where the search found nothing.
-    if (m_rispostaNuovaAnagrafica != Si)
+    if (m_rispostaNuovaAnagrafica == Si)
+        m_schermata.collegate().GestioneAnagraficheGenerali();
+    else
         campo(u"TXT_RAGSOANAG").setFocus();
 }
 
 void SchedaAgente::TXT_RAGSOANAG_Gestione(const QString& chiave)
 {
+    if (chiave == u"Kgestione") {
+        m_schermata.collegate().GestioneAnagraficheGenerali();
+        return;
+    }
     if (chiave != u"Kpers1")
         return;
     m_modoRicercaAnagrafiche = 1;

@@ -1,5 +1,6 @@
 #include "platform/controls/combobox.h"
 #include "platform/controls/form.h"
+#include "src/host/divisionaldata.h"
 #include "src/host/documentprintmodes.h"
 #include "src/host/errorlog.h"
 #include "src/host/hostobjects.h"
@@ -46,6 +47,7 @@ public:
         return std::make_unique<ModiDiStampa>(*tabella);
     }
     std::unique_ptr<host::TypologyManagement> newTypologyManagement() override { return nullptr; }
+    std::unique_ptr<host::DivisionalData> newDivisionalData() override { return nullptr; }
     frame::GestAnagrafica* newRecordFrame(QObject*) override { return nullptr; }
 
     std::optional<QList<QStringList>> tabella = QList<QStringList>{};
