@@ -82,7 +82,7 @@ void GestioniCollegate::GestioneAnagraficheGenerali(const std::optional<db::Valu
     const Outcome esito = leaveSilently({
         [&] {
             m_anagrafiche = m_schermata.globale().createModule(ModuloAnagrafiche);
-            m_anagrafiche->dataTransfer().subscribe(this);
+            richiesto(m_anagrafiche.get(), "Pcls_Anagrafiche").dataTransfer().subscribe(this);
             contratto = &m_anagrafiche->contract();
         },
         [&] { m_schermata.modulo().setIsActive(false); },

@@ -1,0 +1,316 @@
+#include "platform/controls/field.h"
+#include "platform/controls/menubutton.h"
+#include "platform/services/modulecontract.h"
+#include "schermatafixture.h"
+#include "src/host/calledmodule.h"
+#include "src/linked/gestionicollegate.h"
+
+namespace tarvello::test {
+
+namespace {
+
+using agenti::FRMMG_AGENTI;
+
+const QString ModuloAnagrafiche = QStringLiteral("Dorvanti.CLSCO_TABANAGGEN");
+
+// A general-registry module that notes what it was opened with and what the host and the
+// screen had set at that moment, then hands back the value it was given (none: nothing).
+class AnagraficheDiProva final : public services::ModuleContract, public host::CalledModule {
+public:
+    struct Visto {
+        db::ValueList dati;
+        bool schermataAttiva = true;
+        bool attiva = false;
+        bool chiamata = false;
+        bool eLaAttiva = false;
+        bool eLaSeconda = false;
+    };
+
+    AnagraficheDiProva(host::Cinterface& agenti, std::optional<Visto>& visto,
+                       std::optional<db::Value> restituito, bool fallisce)
+        : m_agenti(agenti)
+        , m_visto(visto)
+        , m_restituito(std::move(restituito))
+        , m_fallisce(fallisce)
+    {}
+
+    host::Cinterface& contract() override { return *this; }
+    void setCallingData(const db::ValueList& data) override { m_dati = data; }
+    host::EventSource<host::DataTransferEvents>& dataTransfer() override { return m_eventi; }
+    db::Value TransferData(const db::Value& dati) override
+    {
+        m_eventi.raise(&host::DataTransferEvents::DataTransfer, dati);
+        return {};
+    }
+    db::Value ShowForm() override
+    {
+        host::GlobalContext* globale = ClsGlobal();
+        m_visto = Visto{m_dati,
+                        m_agenti.IsActive(),
+                        IsActive(),
+                        IsCalled(),
+                        globale && globale->activeModule() == this,
+                        globale && globale->secondModule() == this};
+        if (m_fallisce)
+            throw db::RuntimeError(5, QStringLiteral("Invalid procedure call"),
+                                   QStringLiteral("CLSCO_TABANAGGEN"));
+        if (m_restituito)
+            TransferData(db::ValueList{*m_restituito});
+        return {};
+    }
+
+private:
+    host::Cinterface& m_agenti;
+    std::optional<Visto>& m_visto;
+    std::optional<db::Value> m_restituito;
+    bool m_fallisce;
+    db::ValueList m_dati;
+    host::EventSource<host::DataTransferEvents> m_eventi;
+};
+
+class GestioniCollegate : public SchermataTest {
+protected:
+    void registraAnagrafiche(std::optional<db::Value> restituito = std::nullopt,
+                             bool fallisce = false)
+    {
+        host->modules().add(ModuloAnagrafiche, [this, restituito, fallisce] {
+            return std::make_unique<AnagraficheDiProva>(*modulo, visto, restituito, fallisce);
+        });
+    }
+    // As a person does it: the focus on the menu button first.
+    void variaDatiAnagrafici()
+    {
+        ASSERT_TRUE(controllo<controls::Control>(u"CMD_GESTCOLL").setFocus());
+        ASSERT_TRUE(controllo<controls::MenuButton>(u"CMD_GESTCOLL")
+                        .clickItem(QStringLiteral("key_anagrafica")));
+    }
+    agenti::GestioniCollegate& collegate() const { return schermata().collegate(); }
+    QString testo(QStringView nome) const { return controllo<controls::Field>(nome).text(); }
+    db::Value anagraficaDi(const QString& codice)
+    {
+        return db()
+            .run(QStringLiteral("SELECT MG17_ANAGEN_CG16 FROM MG17_AGENTI WHERE MG17_AGENTE = ?"),
+                 {codice})
+            .rows.first()
+            .first();
+    }
+    db::Value anagraficaMostrata() const
+    {
+        return schermata().Grst_GestAnagrafica(FRMMG_AGENTI::Agenti)->value(u"MG17_ANAGEN_CG16");
+    }
+    // The statements looking for the agent of a registry entry sent since the screen opened.
+    qsizetype ricercheAgente() const
+    {
+        const QStringList inviate = istruzioni();
+        return std::count_if(inviate.begin(), inviate.end(), [](const QString& testo) {
+            return testo.contains(u"MG17_ANAGEN_CG16 = ");
+        });
+    }
+    // The host and the module as they are once a management has closed.
+    void restituitoAllHost()
+    {
+        EXPECT_TRUE(modulo->IsActive());
+        EXPECT_EQ(host->activeModule(), modulo.get());
+        EXPECT_EQ(host->secondModule(), nullptr);
+        EXPECT_EQ(collegate().Pcls_Anagrafiche(), nullptr);
+    }
+
+    std::optional<AnagraficheDiProva::Visto> visto;
+};
+
+TEST_F(GestioniCollegate, TheMenuOpensTheRegistryOnTheAgentsEntryWithTheModuleSetAside)
+{
+    inserisciAgente(QStringLiteral("A001"));
+    apri();
+    registraAnagrafiche();
+    const qsizetype avvii = host->moduleStarts().size();
+
+    variaDatiAnagrafici();
+
+    ASSERT_TRUE(visto.has_value());
+    EXPECT_EQ(visto->dati, db::ValueList({101, true}));
+    EXPECT_FALSE(visto->schermataAttiva);
+    EXPECT_TRUE(visto->attiva);
+    EXPECT_TRUE(visto->chiamata);
+    EXPECT_TRUE(visto->eLaAttiva);
+    EXPECT_TRUE(visto->eLaSeconda);
+    ASSERT_EQ(host->moduleStarts().size(), avvii + 1);
+    EXPECT_EQ(host->moduleStarts().last().programmaticIdentifier, ModuloAnagrafiche);
+    EXPECT_EQ(host->moduleStarts().last().arguments, db::ValueList({-1, 2, 0, 0, 0, 0, -1, -1}));
+    restituitoAllHost();
+}
+
+TEST_F(GestioniCollegate, AnAgentWithoutEntryStillAsksForPositioning)
+{
+    for (const char* anagrafica : {"0", "NULL"}) {
+        SCOPED_TRACE(anagrafica);
+        db().run(QStringLiteral("DELETE FROM MG17_AGENTI"));
+        db().run(QStringLiteral("INSERT INTO MG17_AGENTI (MG17_DITTA_CG18, MG17_AGENTE, "
+                                "MG17_ANAGEN_CG16) VALUES (1, 'A001', %1)")
+                     .arg(QString::fromLatin1(anagrafica)));
+        apri();
+        registraAnagrafiche();
+        visto.reset();
+
+        variaDatiAnagrafici();
+
+        ASSERT_TRUE(visto.has_value());
+        EXPECT_EQ(visto->dati, db::ValueList({0, true}));
+        restituitoAllHost();
+        schermata().unload();
+    }
+}
+
+TEST_F(GestioniCollegate, WithoutACodeTheRegistryOpensUnpositioned)
+{
+    inserisciAgente(QStringLiteral("A001"));
+    apri();
+    registraAnagrafiche();
+
+    collegate().GestioneAnagraficheGenerali();
+
+    ASSERT_TRUE(visto.has_value());
+    EXPECT_EQ(visto->dati, db::ValueList({0, false}));
+    restituitoAllHost();
+}
+
+TEST_F(GestioniCollegate, TheNamesManagementKeyOpensTheRegistryUnpositioned)
+{
+    inserisciAgente(QStringLiteral("A001"));
+    apri();
+    registraAnagrafiche();
+    gestione(FRMMG_AGENTI::Agenti).setStatus(frame::FrameStatus::New);
+
+    controllo<controls::Field>(u"TXT_RAGSOANAG").pressManagementKey();
+
+    ASSERT_TRUE(visto.has_value());
+    EXPECT_EQ(visto->dati, db::ValueList({0, false}));
+    restituitoAllHost();
+}
+
+TEST_F(GestioniCollegate, AnEntryFreeInThisCompanyIsLinkedEvenWhenAnotherCompanyUsesIt)
+{
+    inserisciAgente(QStringLiteral("A001"));
+    inserisciAgente(QStringLiteral("B001"), dittaSemplice); // entry 102
+    apri();
+    registraAnagrafiche(102);
+
+    variaDatiAnagrafici();
+
+    EXPECT_EQ(anagraficaMostrata(), db::Value(102));
+    EXPECT_EQ(testo(u"TXT_RAGSOANAG"), QStringLiteral("AGENTE B001"));
+    EXPECT_EQ(fuoco(), QStringLiteral("CBO_REGPROV"));
+    EXPECT_EQ(testo(u"TXT_AGENTE"), QStringLiteral("A001"));
+    // Linked on the row only: the person saves it.
+    EXPECT_EQ(anagraficaDi(QStringLiteral("A001")), db::Value(101));
+    restituitoAllHost();
+}
+
+TEST_F(GestioniCollegate, AnEntryOfAnotherAgentBringsThatAgentUpUnchanged)
+{
+    inserisciAgente(QStringLiteral("A001"));
+    inserisciAgente(QStringLiteral("A002")); // entry 102
+    apri();
+    registraAnagrafiche(102);
+
+    variaDatiAnagrafici();
+
+    EXPECT_EQ(gestione(FRMMG_AGENTI::Agenti).status(), frame::FrameStatus::Browse);
+    EXPECT_EQ(testo(u"TXT_AGENTE"), QStringLiteral("A002"));
+    EXPECT_EQ(testo(u"TXT_RAGSOANAG"), QStringLiteral("AGENTE A002"));
+    EXPECT_EQ(anagraficaMostrata(), db::Value(102));
+    // A001 keeps its own entry: it was left, not re-coded.
+    EXPECT_EQ(anagraficaDi(QStringLiteral("A001")), db::Value(101));
+    restituitoAllHost();
+}
+
+TEST_F(GestioniCollegate, NothingOrANonNumberHandedBackSendsNothingAndChangesNothing)
+{
+    inserisciAgente(QStringLiteral("A001"));
+    apri();
+    for (const db::Value& restituito : {db::Value(0), db::Value(QStringLiteral("1' OR 1=1"))}) {
+        SCOPED_TRACE(restituito.debugText().toStdString());
+        registraAnagrafiche(restituito);
+        const qsizetype prima = ricercheAgente();
+
+        variaDatiAnagrafici();
+
+        EXPECT_EQ(ricercheAgente(), prima);
+        EXPECT_EQ(anagraficaMostrata(), db::Value(101));
+        EXPECT_EQ(testo(u"TXT_RAGSOANAG"), QStringLiteral("AGENTE A001"));
+        EXPECT_EQ(fuoco(), QStringLiteral("CMD_GESTCOLL"));
+        restituitoAllHost();
+    }
+}
+
+TEST_F(GestioniCollegate, NothingHandedBackForANewAgentPutsTheFocusOnTheName)
+{
+    inserisciAgente(QStringLiteral("A001"));
+    apri();
+    gestione(FRMMG_AGENTI::Agenti).setStatus(frame::FrameStatus::New);
+    controllo<controls::Field>(u"TXT_AGENTE").setFocus();
+    ASSERT_EQ(fuoco(), QStringLiteral("TXT_AGENTE"));
+
+    collegate().Pcls_Anagrafiche_DataTransfer(db::ValueList{0});
+
+    EXPECT_EQ(fuoco(), QStringLiteral("TXT_RAGSOANAG"));
+}
+
+TEST_F(GestioniCollegate, AFailingRegistryGivesTheHostBackToTheModule)
+{
+    inserisciAgente(QStringLiteral("A001"));
+    apri();
+    registraAnagrafiche(std::nullopt, true);
+
+    variaDatiAnagrafici();
+
+    ASSERT_TRUE(visto.has_value());
+    restituitoAllHost();
+    EXPECT_EQ(testo(u"TXT_RAGSOANAG"), QStringLiteral("AGENTE A001"));
+}
+
+TEST_F(GestioniCollegate, ARegistryTheHostDoesNotHaveLeavesTheModuleAsItWas)
+{
+    inserisciAgente(QStringLiteral("A001"));
+    apri();
+    host->modules().add(ModuloAnagrafiche, [] { return std::unique_ptr<host::CalledModule>(); });
+
+    EXPECT_NO_THROW(variaDatiAnagrafici());
+
+    restituitoAllHost();
+}
+
+TEST_F(GestioniCollegate, TheDivisionalDataOpenForTheAgentOnViewAndGiveTheHostBack)
+{
+    inserisciAgente(QStringLiteral("A001"));
+    apri();
+    controllo<controls::Field>(u"TXT_AGENTE").setText(QStringLiteral("A001  "));
+    modulo->setIsActive(false);
+    host->setActiveModule(nullptr);
+
+    ASSERT_TRUE(controllo<controls::MenuButton>(u"CMD_GESTCOLL")
+                    .clickItem(QStringLiteral("Key_DatiDivisionali")));
+
+    ASSERT_FALSE(prompts.history().isEmpty());
+    const services::PromptRecord& gestione = prompts.history().last();
+    EXPECT_EQ(gestione.kind, services::PromptKind::Management);
+    EXPECT_EQ(gestione.text, QStringLiteral("Dati divisionali"));
+    EXPECT_EQ(gestione.details, QStringLiteral("3, A001  "));
+    EXPECT_EQ(collegate().datiDivisionali(), nullptr);
+    EXPECT_TRUE(modulo->IsActive());
+    EXPECT_EQ(host->activeModule(), modulo.get());
+}
+
+TEST_F(GestioniCollegate, TheDivisionalDataAreNotOfferedWhereTheCompanyKeepsNone)
+{
+    inserisciAgente(QStringLiteral("A001"), dittaSemplice);
+    apri({}, dittaSemplice);
+
+    EXPECT_FALSE(controllo<controls::MenuButton>(u"CMD_GESTCOLL")
+                     .clickItem(QStringLiteral("Key_DatiDivisionali")));
+    EXPECT_TRUE(prompts.history().isEmpty());
+}
+
+} // namespace
+
+} // namespace tarvello::test
