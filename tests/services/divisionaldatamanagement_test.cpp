@@ -1,0 +1,56 @@
+#include "platform/db/runtimeerror.h"
+#include "platform/services/divisionaldatamanagement.h"
+#include "platform/services/hostcontext.h"
+#include "platform/services/scriptedprompts.h"
+#include "platform/services/siblingmodule.h"
+
+#include <gtest/gtest.h>
+
+using namespace tarvello;
+using namespace tarvello::services;
+
+namespace {
+
+class DivisionalDataManagementTest : public ::testing::Test {
+protected:
+    ScriptedPrompts prompts;
+    HostContext context{prompts, QString(), host::Company{1, QStringLiteral("DITTA"), true}};
+    // Any module of the host will do as the one the management is opened for.
+    SiblingModule opener{QStringLiteral("Agenti"), prompts};
+};
+
+TEST_F(DivisionalDataManagementTest, ShowsTheEntityItWasOpenedOnAndHandsNothingBack)
+{
+    auto management = context.objects().newDivisionalData();
+    ASSERT_NE(management, nullptr);
+    management->initialise(&opener, nullptr, host::DivisionalData::AgentEntity,
+                           QStringLiteral("A001  "));
+    prompts.queue(PromptAnswer::codes({QStringLiteral("X")}));
+
+    EXPECT_THROW(management->run(), PromptError);
+
+    prompts.queue(PromptAnswer::nothing());
+    management->run();
+    ASSERT_EQ(prompts.history().size(), 1);
+    EXPECT_EQ(prompts.history().first().kind, PromptKind::Management);
+    EXPECT_EQ(prompts.history().first().text, QStringLiteral("Dati divisionali"));
+    EXPECT_EQ(prompts.history().first().details, QStringLiteral("3, A001  "));
+}
+
+TEST_F(DivisionalDataManagementTest, OpenedForNoModuleItDoesNotOpen)
+{
+    DivisionalDataManagement management(prompts);
+    management.initialise(&opener, nullptr, host::DivisionalData::AgentEntity,
+                          QStringLiteral("A001"));
+    management.setModule(nullptr);
+
+    try {
+        management.run();
+        FAIL() << "opened without a module";
+    } catch (const db::RuntimeError& error) {
+        EXPECT_EQ(error.number(), db::RuntimeError::ObjectRequired);
+    }
+    EXPECT_TRUE(prompts.history().isEmpty());
+}
+
+} // namespace
