@@ -301,6 +301,23 @@ TEST_F(GestioniCollegate, TheDivisionalDataOpenForTheAgentOnViewAndGiveTheHostBa
     EXPECT_EQ(host->activeModule(), modulo.get());
 }
 
+TEST_F(GestioniCollegate, ADivisionalDataFailureIsReportedWithAChoice)
+{
+    inserisciAgente(QStringLiteral("A001"));
+    apri();
+    // Opened for no module, the management cannot open: the person is asked, and aborts.
+    schermata().setActiveInterface(nullptr);
+    rispondi(3);
+
+    collegate().Invoca_DatiDivisionali();
+    schermata().setActiveInterface(modulo.get());
+
+    ASSERT_EQ(prompts.history().size(), 1);
+    EXPECT_EQ(prompts.history().first().kind, services::PromptKind::Report);
+    EXPECT_TRUE(prompts.history().first().text.contains(
+        QStringLiteral("Procedura: Invoca_DatiDivisionali")));
+}
+
 TEST_F(GestioniCollegate, TheDivisionalDataAreNotOfferedWhereTheCompanyKeepsNone)
 {
     inserisciAgente(QStringLiteral("A001"), dittaSemplice);
