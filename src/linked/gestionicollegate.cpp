@@ -130,7 +130,7 @@ void GestioniCollegate::rilasciaAnagrafiche()
 
 void GestioniCollegate::Pcls_Anagrafiche_DataTransfer(const db::Value& Data)
 {
-    db::Value r = CDecN({});
+    db::Value r = db::Decimal();
     db::RecordsetPtr agenti;
     ignoreEachStep({
         [&] { r = CDecN(Data.toArray().value(0)); },
