@@ -161,19 +161,6 @@ TEST_F(GestioniCollegate, AnAgentWithoutEntryStillAsksForPositioning)
     }
 }
 
-TEST_F(GestioniCollegate, WithoutACodeTheRegistryOpensUnpositioned)
-{
-    inserisciAgente(QStringLiteral("A001"));
-    apri();
-    registraAnagrafiche();
-
-    collegate().GestioneAnagraficheGenerali();
-
-    ASSERT_TRUE(visto.has_value());
-    EXPECT_EQ(visto->dati, db::ValueList({0, false}));
-    restituitoAllHost();
-}
-
 TEST_F(GestioniCollegate, TheNamesManagementKeyOpensTheRegistryUnpositioned)
 {
     inserisciAgente(QStringLiteral("A001"));
@@ -243,19 +230,6 @@ TEST_F(GestioniCollegate, NothingOrANonNumberHandedBackSendsNothingAndChangesNot
     }
 }
 
-TEST_F(GestioniCollegate, NothingHandedBackForANewAgentPutsTheFocusOnTheName)
-{
-    inserisciAgente(QStringLiteral("A001"));
-    apri();
-    gestione(FRMMG_AGENTI::Agenti).setStatus(frame::FrameStatus::New);
-    controllo<controls::Field>(u"TXT_AGENTE").setFocus();
-    ASSERT_EQ(fuoco(), QStringLiteral("TXT_AGENTE"));
-
-    collegate().Pcls_Anagrafiche_DataTransfer(db::ValueList{0});
-
-    EXPECT_EQ(fuoco(), QStringLiteral("TXT_RAGSOANAG"));
-}
-
 TEST_F(GestioniCollegate, AFailingRegistryGivesTheHostBackToTheModule)
 {
     inserisciAgente(QStringLiteral("A001"));
@@ -267,17 +241,6 @@ TEST_F(GestioniCollegate, AFailingRegistryGivesTheHostBackToTheModule)
     ASSERT_TRUE(visto.has_value());
     restituitoAllHost();
     EXPECT_EQ(testo(u"TXT_RAGSOANAG"), QStringLiteral("AGENTE A001"));
-}
-
-TEST_F(GestioniCollegate, ARegistryTheHostDoesNotHaveLeavesTheModuleAsItWas)
-{
-    inserisciAgente(QStringLiteral("A001"));
-    apri();
-    host->modules().add(ModuloAnagrafiche, [] { return std::unique_ptr<host::CalledModule>(); });
-
-    EXPECT_NO_THROW(variaDatiAnagrafici());
-
-    restituitoAllHost();
 }
 
 TEST_F(GestioniCollegate, TheDivisionalDataOpenForTheAgentOnViewAndGiveTheHostBack)
