@@ -1,5 +1,8 @@
 #include "platform/services/hostobjectfactory.h"
 
+#include "platform/controls/button.h"
+#include "platform/controls/form.h"
+#include "platform/controls/label.h"
 #include "platform/frame/gestanagrafica.h"
 #include "platform/services/divisionaldatamanagement.h"
 #include "platform/services/documentprintmodetable.h"
@@ -8,6 +11,8 @@
 #include "platform/services/mediaarchive.h"
 #include "platform/services/registrysearch.h"
 #include "platform/services/typologytable.h"
+#include "platform/services/userprompts.h"
+#include "platform/services/warehouselink.h"
 
 namespace tarvello::services {
 
@@ -44,6 +49,40 @@ std::unique_ptr<host::TypologyManagement> HostObjectFactory::newTypologyManageme
 std::unique_ptr<host::DivisionalData> HostObjectFactory::newDivisionalData()
 {
     return std::make_unique<DivisionalDataManagement>(m_prompts);
+}
+
+std::unique_ptr<host::WarehouseConnection> HostObjectFactory::newWarehouseConnection()
+{
+    return std::make_unique<WarehouseLink>(m_prompts);
+}
+
+void HostObjectFactory::showQuestionDialog(controls::Form& dialog)
+{
+    dialog.show(true);
+    const auto* label = dialog.find<controls::Label>(u"LBL_MESSAGGIO");
+    const std::optional<QuestionAnswer> answer =
+        m_prompts.question(label ? label->caption() : QString(), dialog.caption());
+    controls::Button* button = nullptr;
+    if (answer) {
+        switch (*answer) {
+        case QuestionAnswer::Si:
+            button = dialog.find<controls::Button>(u"CMD_SI");
+            break;
+        case QuestionAnswer::No:
+            button = dialog.find<controls::Button>(u"CMD_NO");
+            break;
+        case QuestionAnswer::Sempre:
+            button = dialog.find<controls::Button>(u"CMD_SEMPRE");
+            break;
+        case QuestionAnswer::Mai:
+            button = dialog.find<controls::Button>(u"CMD_MAI");
+            break;
+        }
+    }
+    if (button)
+        button->click();
+    if (dialog.isLoaded())
+        dialog.unload();
 }
 
 frame::GestAnagrafica* HostObjectFactory::newRecordFrame(QObject* parent)

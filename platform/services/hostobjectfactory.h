@@ -28,6 +28,10 @@ public:
     std::unique_ptr<host::DocumentPrintModes> newDocumentPrintModes() override;
     std::unique_ptr<host::TypologyManagement> newTypologyManagement() override;
     std::unique_ptr<host::DivisionalData> newDivisionalData() override;
+    std::unique_ptr<host::WarehouseConnection> newWarehouseConnection() override;
+    // The question is put to the person through the prompts, titled with the dialog's
+    // caption; their answer presses the dialog's button for it.
+    void showQuestionDialog(controls::Form& dialog) override;
     frame::GestAnagrafica* newRecordFrame(QObject* parent) override;
 
 private:

@@ -9,7 +9,11 @@
 #include "src/common/errorstyles.h"
 #include "src/common/valuehelpers.h"
 #include "src/data/sqldettagli.h"
+#include "src/detail/clientigiro.h"
+#include "src/detail/controllorigagiro.h"
 #include "src/detail/operazionidettaglio.h"
+#include "src/detail/ordinegiro.h"
+#include "src/detail/righegiro.h"
 #include "src/host/lookupdecoder.h"
 #include "src/screen/frmmg_agenti.h"
 
@@ -32,7 +36,13 @@ host::LookupDecoder& decodificatore(host::LookupDecoder* oggetto, const char* no
 
 GiriVisite::GiriVisite(FRMMG_AGENTI& schermata)
     : m_schermata(schermata)
+    , m_controllo(std::make_unique<ControlloRigaGiro>(schermata))
+    , m_righe(std::make_unique<RigheGiro>(schermata))
+    , m_ordine(std::make_unique<OrdineGiro>(schermata))
+    , m_clienti(std::make_unique<ClientiGiro>(schermata, *this))
 {}
+
+GiriVisite::~GiriVisite() = default;
 
 void GiriVisite::collega()
 {
@@ -50,6 +60,10 @@ void GiriVisite::collega()
     QObject::connect(&m_schermata.controllo<controls::Grid>(u"GRD_DETTAGLIOGIRI"),
                      &controls::Grid::cellTextRequested, &m_schermata,
                      [this](controls::CellTextArgs& args) { GRD_DETTAGLIOGIRI_CellText(args); });
+    m_righe->collega();
+    m_ordine->collega();
+    m_clienti->collega();
+    m_controllo->collega();
 
     frame::GestAnagrafica* dettaglio = m_schermata.FME_GestAnagrafica(FRMMG_AGENTI::DettaglioGiri);
     if (!dettaglio)
@@ -107,6 +121,7 @@ void GiriVisite::ImpostaElencoGiri()
             },
             [&] { prendiGiroDalCampo(); },
             [&] { m_schermata.controllo<controls::Grid>(u"GRD_GIRI").setDataSource(m_elencoGiri); },
+            [&] { m_controllo->AzzeraRisposte(); },
         });
 }
 

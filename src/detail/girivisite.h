@@ -3,6 +3,7 @@
 #include "platform/db/recordset.h"
 
 #include <QString>
+#include <memory>
 
 namespace tarvello::controls {
 struct CellTextArgs;
@@ -12,7 +13,11 @@ struct LookupArgs;
 
 namespace tarvello::agenti {
 
+class ClientiGiro;
+class ControlloRigaGiro;
 class FRMMG_AGENTI;
+class OrdineGiro;
+class RigheGiro;
 
 // The page of the routes the agent visits: the list of the agent's routes (GRD_GIRI), the
 // route on view (TXT_GIRO, GiroCorrente) and the customers of that route (GRD_DETTAGLIOGIRI
@@ -20,6 +25,7 @@ class FRMMG_AGENTI;
 class GiriVisite {
 public:
     explicit GiriVisite(FRMMG_AGENTI& schermata);
+    ~GiriVisite();
     GiriVisite(const GiriVisite&) = delete;
     GiriVisite& operator=(const GiriVisite&) = delete;
 
@@ -42,6 +48,13 @@ public:
     void CaricaDettaglioGiro();
     void GRD_GIRI_Click();
 
+    // The row check with its answer memory, the rows' fields and numbering, their order,
+    // and the customers brought in from the host's customer list.
+    ControlloRigaGiro& controllo() const { return *m_controllo; }
+    RigheGiro& righe() const { return *m_righe; }
+    OrdineGiro& ordine() const { return *m_ordine; }
+    ClientiGiro& clienti() const { return *m_clienti; }
+
 private:
     void TXT_GIRO_GotFocus();
     void TXT_GIRO_LostFocus();
@@ -55,7 +68,11 @@ private:
 
     FRMMG_AGENTI& m_schermata; // Not owned: the screen owns this.
     QString m_giroCorrente;
-    db::RecordsetPtr m_elencoGiri; // Shared with GRD_GIRI while the grid shows it.
+    db::RecordsetPtr m_elencoGiri;                  // Shared with GRD_GIRI while the grid shows it.
+    std::unique_ptr<ControlloRigaGiro> m_controllo; // Owned.
+    std::unique_ptr<RigheGiro> m_righe;             // Owned.
+    std::unique_ptr<OrdineGiro> m_ordine;           // Owned.
+    std::unique_ptr<ClientiGiro> m_clienti;         // Owned.
 };
 
 } // namespace tarvello::agenti

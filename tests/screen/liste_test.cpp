@@ -8,6 +8,7 @@
 #include "src/host/lookupdecoder.h"
 #include "src/host/registrysearch.h"
 #include "src/host/typologymanagement.h"
+#include "src/host/warehouseconnection.h"
 #include "src/screen/controlli.h"
 #include "src/screen/layoutagenti.h"
 #include "src/screen/listecodificate.h"
@@ -48,6 +49,8 @@ public:
     }
     std::unique_ptr<host::TypologyManagement> newTypologyManagement() override { return nullptr; }
     std::unique_ptr<host::DivisionalData> newDivisionalData() override { return nullptr; }
+    std::unique_ptr<host::WarehouseConnection> newWarehouseConnection() override { return nullptr; }
+    void showQuestionDialog(controls::Form&) override {}
     frame::GestAnagrafica* newRecordFrame(QObject*) override { return nullptr; }
 
     std::optional<QList<QStringList>> tabella = QList<QStringList>{};

@@ -1,0 +1,45 @@
+#pragma once
+
+#include "src/host/warehouseconnection.h"
+
+namespace tarvello::services {
+
+class UserPrompts;
+
+// The warehouse connection as this host has it: each management is a prompt naming what it
+// was opened on ("Giri" with the route, "Elenco clienti" with the agent); a route or the
+// customers the person chooses there are handed to the module's data-transfer handler
+// before the opening returns. Opened for no module, a management has no window to belong to.
+class WarehouseLink final : public host::WarehouseConnection {
+public:
+    explicit WarehouseLink(UserPrompts& prompts)
+        : m_prompts(prompts)
+    {}
+
+    void setModule(host::Cinterface* module) override { m_module = module; }
+    void setField(controls::Field* field) override { m_field = field; }
+    void setPosition(qint32 left, qint32 top) override;
+    void setDataTransferHandler(DataTransfer handler) override { m_handler = std::move(handler); }
+
+    void openRoutes(const QString& route) override;
+    void openCustomerList(const QString& agent) override;
+    void openDepots(const QString& depot) override;
+
+    host::Cinterface* module() const { return m_module; }
+    controls::Field* field() const { return m_field; }
+    qint32 left() const { return m_left; }
+    qint32 top() const { return m_top; }
+
+private:
+    void requireModule() const;
+    void transfer(const host::WarehouseTransfer& data) const;
+
+    UserPrompts& m_prompts;               // Not owned.
+    host::Cinterface* m_module = nullptr; // Not owned.
+    controls::Field* m_field = nullptr;   // Not owned.
+    qint32 m_left = 0;
+    qint32 m_top = 0;
+    DataTransfer m_handler;
+};
+
+} // namespace tarvello::services

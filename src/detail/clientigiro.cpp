@@ -1,0 +1,202 @@
+#include "src/detail/clientigiro.h"
+
+#include "platform/controls/button.h"
+#include "platform/controls/field.h"
+#include "platform/frame/gestanagrafica.h"
+#include "src/common/errorstyles.h"
+#include "src/common/richiesto.h"
+#include "src/common/valuehelpers.h"
+#include "src/detail/controllorigagiro.h"
+#include "src/detail/girivisite.h"
+#include "src/detail/operazionidettaglio.h"
+#include "src/host/cinterface.h"
+#include "src/host/errorlog.h"
+#include "src/host/globalcontext.h"
+#include "src/host/hostobjects.h"
+#include "src/host/navigator.h"
+#include "src/host/warehouseconnection.h"
+#include "src/screen/frmmg_agenti.h"
+
+namespace tarvello::agenti {
+
+namespace {
+
+constexpr int StileInformazione = 64;
+
+bool vuoto(const db::Recordset& righe)
+{
+    return righe.bof() && righe.eof();
+}
+
+QString testoCampo(const FRMMG_AGENTI& schermata, QStringView nome)
+{
+    return RTrimN(schermata.controllo<controls::Field>(nome).text()).toString();
+}
+
+// The route already holds the customer with that destination.
+bool giaNelGiro(const db::Recordset& righe, qint64 cliente, const QString& dest)
+{
+    const db::RecordsetPtr copia = righe.clone();
+    copia->setFilter(righe.filter());
+    for (copia->moveFirst(); !copia->eof(); copia->moveNext()) {
+        if (CDecN(copia->value(u"MG1I_CLIFOR_CG44")).toInt64() == cliente &&
+            RTrimN(NvlN(copia->value(u"MG1I_CODDEST_MG22"), QString())).toString() == dest)
+            return true;
+    }
+    return false;
+}
+
+} // namespace
+
+ClientiGiro::ClientiGiro(FRMMG_AGENTI& schermata, GiriVisite& giri)
+    : m_schermata(schermata)
+    , m_giri(giri)
+{}
+
+ClientiGiro::~ClientiGiro() = default;
+
+void ClientiGiro::collega()
+{
+    QObject::connect(&m_schermata.controllo<controls::Field>(u"TXT_GIRO"),
+                     &controls::Field::managementKeyPressed, &m_schermata,
+                     [this](const QString& tasto) {
+                         if (tasto == u"Kgestione")
+                             TXT_GIRO_Kgestione();
+                     });
+    QObject::connect(&m_schermata.controllo<controls::Button>(u"CMD_MULTICLI"),
+                     &controls::Button::clicked, &m_schermata,
+                     [this] { CMD_MULTICLI_ButtonClick(); });
+}
+
+host::WarehouseConnection& ClientiGiro::nuovaConnessione()
+{
+    m_connectMagazzino = m_schermata.globale().objects().newWarehouseConnection();
+    host::WarehouseConnection& connessione =
+        richiesto(m_connectMagazzino.get(), "Gcls_ConnectMagazzino");
+    connessione.setDataTransferHandler(
+        [this](const host::WarehouseTransfer& dati) { Gcls_ConnectMagazzino_DataTransfer(dati); });
+    return connessione;
+}
+
+void ClientiGiro::riprendiHost()
+{
+    ignoreEachStep({
+        [&] { m_schermata.modulo().setIsActive(true); },
+        [&] { m_schermata.globale().setActiveModule(m_schermata.ActiveInterface()); },
+        [&] { m_schermata.navigatore().update(); },
+    });
+}
+
+bool ClientiGiro::senzaGiro() const
+{
+    if (!testoCampo(m_schermata, u"TXT_GIRO").isEmpty())
+        return false;
+    m_schermata.Gcls_Log()->message(QStringLiteral("Selezionare il giro"), StileInformazione,
+                                    m_schermata.caption());
+    return true;
+}
+
+void ClientiGiro::TXT_GIRO_Kgestione()
+{
+    ignoreEachStep({
+        [&] {
+            host::WarehouseConnection& connessione = nuovaConnessione();
+            connessione.setModule(m_schermata.ActiveInterface());
+            connessione.setField(&m_schermata.controllo<controls::Field>(u"TXT_GIRO"));
+            connessione.setPosition(qint32(m_schermata.bounds().left()),
+                                    qint32(m_schermata.bounds().top()));
+            connessione.openRoutes(testoCampo(m_schermata, u"TXT_GIRO"));
+        },
+        [&] { m_schermata.modulo().setIsActive(true); },
+        [&] { richiesto(m_connectMagazzino.get(), "Gcls_ConnectMagazzino").setModule(nullptr); },
+        [&] { m_connectMagazzino.reset(); },
+        [&] { m_schermata.globale().setActiveModule(m_schermata.ActiveInterface()); },
+        [&] { m_schermata.navigatore().update(); },
+    });
+}
+
+void ClientiGiro::Gcls_ConnectMagazzino_DataTransfer(const host::WarehouseTransfer& dati)
+{
+    ignoreEachStep({
+        [&] {
+            if (dati.operation == host::WarehouseTransfer::Route) {
+                m_schermata.controllo<controls::Field>(u"TXT_GIRO").setText(dati.value.toString());
+                m_giri.prendiGiroDalCampo();
+                m_giri.Refresh_VF_MG1H(false);
+            } else if (dati.operation == host::WarehouseTransfer::Customers) {
+                m_elencoClienti = dati.recordset;
+            }
+        },
+    });
+}
+
+void ClientiGiro::CMD_MULTICLI_ButtonClick()
+{
+    reportWithChoice(m_schermata.errori(), QStringLiteral("CMD_MULTICLI_ButtonClick"),
+                     {
+                         [&] { RecuperaElencoClienti(); },
+                         [&] { InserisciClientiNelGiro(); },
+                     });
+}
+
+void ClientiGiro::RecuperaElencoClienti()
+{
+    if (senzaGiro())
+        return;
+    ignoreEachStep({
+        [&] {
+            host::WarehouseConnection& connessione = nuovaConnessione();
+            connessione.setModule(m_schermata.ActiveInterface());
+            connessione.openCustomerList(testoCampo(m_schermata, u"TXT_AGENTE"));
+        },
+    });
+    riprendiHost();
+}
+
+void ClientiGiro::InserisciClientiNelGiro()
+{
+    if (!m_elencoClienti || m_elencoClienti->recordCount() == 0)
+        return;
+    if (senzaGiro())
+        return;
+    frame::GestAnagrafica& dettaglio = richiesto(
+        m_schermata.FME_GestAnagrafica(FRMMG_AGENTI::DettaglioGiri), "FME_GestAnagrafica5");
+    const db::RecordsetPtr righe = m_schermata.Grst_GestAnagrafica(FRMMG_AGENTI::DettaglioGiri);
+    leaveSilently({
+        [&] {
+            if (dettaglio.status() == frame::FrameStatus::New)
+                dettaglio.confirmPendingChanges(true, true, false);
+        },
+        [&] {
+            const frame::GestAnagrafica::BulkRewrite blocco(dettaglio);
+            db::Recordset& elenco = *m_elencoClienti;
+            db::Recordset& rs = richiesto(righe.get(), "Grst_GestAnagrafica5");
+            for (elenco.moveFirst(); !elenco.eof(); elenco.moveNext()) {
+                const qint64 c = CDecN(elenco.value(u"CG44_CLIFOR")).toInt64();
+                const QString d =
+                    RTrimN(NvlN(elenco.value(u"MG22_CODDESTIN"), QString())).toString();
+                if (giaNelGiro(rs, c, d))
+                    continue;
+                if (!vuoto(rs) && !rs.bof() && !rs.eof() &&
+                    CDecN(rs.value(u"MG1I_CLIFOR_CG44")).toInt64() == 0)
+                    rs.deleteRow();
+                rs.addNew();
+                rs.setValue(u"MG1I_DITTA_CG18", m_schermata.Codice_Ditta());
+                rs.setValue(u"MG1I_GIRO_MG1H",
+                            m_schermata.controllo<controls::Field>(u"TXT_GIRO").text());
+                rs.setValue(u"MG1I_IDAGENTE_MG17", MG17_IDAGENTE(m_schermata));
+                rs.setValue(u"MG1I_TIPOCF_CG44", 0);
+                rs.setValue(u"MG1I_PROGRESSIVO", ProgressivoNuovaRiga(rs));
+                rs.setValue(u"MG1I_CLIFOR_CG44", c);
+                rs.setValue(u"MG1I_CODDEST_MG22", d.isEmpty() ? db::Value::null() : db::Value(d));
+                rs.update();
+            }
+        },
+        [&] {
+            if (dettaglio.status() == frame::FrameStatus::New)
+                dettaglio.confirmPendingChanges(true, true, false);
+        },
+    });
+}
+
+} // namespace tarvello::agenti

@@ -1,0 +1,124 @@
+#include "src/detail/ordinegiro.h"
+
+#include "platform/controls/button.h"
+#include "platform/controls/grid.h"
+#include "platform/controls/navigator.h"
+#include "platform/frame/gestanagrafica.h"
+#include "src/common/errorstyles.h"
+#include "src/screen/frmmg_agenti.h"
+
+#include <QList>
+#include <utility>
+
+namespace tarvello::agenti {
+
+namespace {
+
+const QString Posizione = QStringLiteral("MG1I_PROGRESSIVO");
+
+using Campi = QList<std::pair<QString, db::Value>>;
+
+Campi copiaCampi(const db::Recordset& righe)
+{
+    Campi campi;
+    campi.reserve(righe.fieldCount());
+    for (int i = 0; i < righe.fieldCount(); ++i)
+        campi.append({righe.field(i).name, righe.value(i)});
+    return campi;
+}
+
+// A field that cannot be written keeps its value; the others are still exchanged.
+void scriviCampi(db::Recordset& righe, const Campi& campi)
+{
+    for (const auto& [nome, valore] : campi) {
+        if (nome != Posizione)
+            ignoreEachStep({[&] { righe.setValue(nome, valore); }});
+    }
+}
+
+} // namespace
+
+OrdineGiro::OrdineGiro(FRMMG_AGENTI& schermata)
+    : m_schermata(schermata)
+{}
+
+void OrdineGiro::collega()
+{
+    QObject::connect(&m_schermata.controllo<controls::Button>(u"CMD_UP"),
+                     &controls::Button::clicked, &m_schermata, [this] { CMD_UP_ButtonClick(); });
+    QObject::connect(&m_schermata.controllo<controls::Button>(u"CMD_DOWN"),
+                     &controls::Button::clicked, &m_schermata, [this] { CMD_DOWN_ButtonClick(); });
+}
+
+void OrdineGiro::CMD_UP_ButtonClick()
+{
+    sposta(Verso::Su);
+}
+
+void OrdineGiro::CMD_DOWN_ButtonClick()
+{
+    sposta(Verso::Giu);
+}
+
+void OrdineGiro::sposta(Verso verso)
+{
+    db::RecordsetPtr righe;
+    frame::GestAnagrafica* dettaglio = nullptr;
+    db::Recordset::Bookmark selezionata{};
+    Campi primo;
+    Campi secondo;
+    auto& griglia = m_schermata.controllo<controls::Grid>(u"GRD_DETTAGLIOGIRI");
+    const bool su = verso == Verso::Su;
+    ignoreEachStep({
+        [&] {
+            righe = m_schermata.Grst_GestAnagrafica(FRMMG_AGENTI::DettaglioGiri);
+            dettaglio = m_schermata.FME_GestAnagrafica(FRMMG_AGENTI::DettaglioGiri);
+            if (!righe || !dettaglio || righe->eof() || righe->bof())
+                return Flow::Leave;
+            return Flow::Next;
+        },
+        [&] {
+            // A row being entered is confirmed before it moves up; it cannot move down.
+            if (su) {
+                if (righe->absolutePosition() == 1)
+                    return Flow::Leave;
+                if (dettaglio->status() == frame::FrameStatus::New &&
+                    !dettaglio->confirmPendingChanges(true, true, false))
+                    return Flow::Leave;
+                return Flow::Next;
+            }
+            if (dettaglio->status() == frame::FrameStatus::New ||
+                righe->absolutePosition() == righe->recordCount())
+                return Flow::Leave;
+            return Flow::Next;
+        },
+        [&] { selezionata = righe->bookmark(); },
+        [&] { primo = copiaCampi(*righe); },
+        [&] { griglia.setDataSource(nullptr); },
+        [&] { dettaglio->beginBulkRewrite(); },
+        [&] {
+            if (su)
+                righe->movePrevious();
+            else
+                righe->moveNext();
+        },
+        [&] { secondo = copiaCampi(*righe); },
+        [&] { scriviCampi(*righe, primo); },
+        [&] { righe->setBookmark(selezionata); },
+        [&] { scriviCampi(*righe, secondo); },
+        [&] { dettaglio->endBulkRewrite(); },
+        [&] { dettaglio->setFollowRowMoves(false); },
+        [&] {
+            if (su)
+                dettaglio->movePrevious(true, true);
+            else
+                dettaglio->moveNext(true, true);
+        },
+        [&] { griglia.setDataSource(righe); },
+        [&] { dettaglio->setFollowRowMoves(true); },
+        [&] { dettaglio->setChangeFlag(true); },
+        [&] { m_schermata.controllo<controls::Navigator>(u"INTERNAV").setChangeIndicator(true); },
+    });
+}
+
+} // namespace tarvello::agenti

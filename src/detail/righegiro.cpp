@@ -1,0 +1,240 @@
+#include "src/detail/righegiro.h"
+
+#include "platform/controls/button.h"
+#include "platform/controls/eventargs.h"
+#include "platform/controls/field.h"
+#include "platform/controls/grid.h"
+#include "platform/controls/navigator.h"
+#include "platform/frame/gestanagrafica.h"
+#include "src/common/errorstyles.h"
+#include "src/common/richiesto.h"
+#include "src/common/valuehelpers.h"
+#include "src/host/lookupdecoder.h"
+#include "src/screen/frmmg_agenti.h"
+
+namespace tarvello::agenti {
+
+namespace {
+
+const QString DefinizioneClienti = QStringLiteral("LKP_CLIENTI");
+const QString DefinizioneDestinazioni = QStringLiteral("LKP_DESTINAZIONI");
+
+// The customer fields the customer decoding fills, in the order of its columns.
+constexpr const char16_t* CampiCliente[] = {u"TXT_C_RAGSOC", u"TXT_C_INDIRIZZO", u"TXT_C_CAP",
+                                            u"TXT_C_CITTA",  u"TXT_C_PR",        u"TXT_C_PIVA",
+                                            u"TXT_C_PIVA"};
+
+} // namespace
+
+RigheGiro::RigheGiro(FRMMG_AGENTI& schermata)
+    : m_schermata(schermata)
+{}
+
+void RigheGiro::collega()
+{
+    auto& cliente = m_schermata.controllo<controls::Field>(u"TXT_CLIENTE");
+    QObject::connect(&cliente, &controls::Field::gotFocus, &m_schermata,
+                     [this] { TXT_CLIENTE_GotFocus(); });
+    QObject::connect(&cliente, &controls::Field::lostFocus, &m_schermata,
+                     [this] { TXT_CLIENTE_LostFocus(); });
+    QObject::connect(&cliente, &controls::Field::decodeRequested, &m_schermata,
+                     [this](controls::DecodeArgs& args) { TXT_CLIENTE_Decode(args); });
+    QObject::connect(&cliente, &controls::Field::lookupRequested, &m_schermata,
+                     [this](controls::LookupArgs& args) { TXT_CLIENTE_Lookup(args); });
+    auto& destinazione = m_schermata.controllo<controls::Field>(u"TXT_MG1I_CODDEST_MG22");
+    QObject::connect(&destinazione, &controls::Field::decodeRequested, &m_schermata,
+                     [this](controls::DecodeArgs& args) { TXT_MG1I_CODDEST_MG22_Decode(args); });
+    QObject::connect(&destinazione, &controls::Field::lookupRequested, &m_schermata,
+                     [this](controls::LookupArgs& args) { TXT_MG1I_CODDEST_MG22_Lookup(args); });
+    QObject::connect(&m_schermata.controllo<controls::Navigator>(u"GRIDNAV_GIRI"),
+                     &controls::Navigator::afterButton, &m_schermata,
+                     [this](bool riuscito, const QString& pulsante) {
+                         GRIDNAV_GIRI_AfterButtonClick(riuscito, pulsante);
+                     });
+    QObject::connect(&m_schermata.controllo<controls::Button>(u"CMD_AZZERRAGIRO"),
+                     &controls::Button::clicked, &m_schermata,
+                     [this] { CMD_AZZERRAGIRO_ButtonClick(); });
+
+    frame::GestAnagrafica* dettaglio = m_schermata.FME_GestAnagrafica(FRMMG_AGENTI::DettaglioGiri);
+    if (!dettaglio)
+        return;
+    QObject::connect(dettaglio, &frame::GestAnagrafica::BeforeDelete, &m_schermata,
+                     [this](frame::CancelArgs& args) { FME_GestAnagrafica5_BeforeDelete(args); });
+    QObject::connect(dettaglio, &frame::GestAnagrafica::AfterDelete, &m_schermata,
+                     [this](int esito) { FME_GestAnagrafica5_AfterDelete(esito); });
+}
+
+void RigheGiro::collegaGriglia(bool collegata)
+{
+    m_schermata.controllo<controls::Grid>(u"GRD_DETTAGLIOGIRI")
+        .setDataSource(collegata ? m_schermata.Grst_GestAnagrafica(FRMMG_AGENTI::DettaglioGiri)
+                                 : nullptr);
+}
+
+void RigheGiro::FME_GestAnagrafica5_BeforeDelete(frame::CancelArgs& /*args*/)
+{
+    reportWithChoice(
+        m_schermata.errori(), QStringLiteral("FME_GestAnagrafica5_BeforeDelete"),
+        {
+            [&] {
+                const db::RecordsetPtr righe =
+                    m_schermata.Grst_GestAnagrafica(FRMMG_AGENTI::DettaglioGiri);
+                m_progressivoEliminato = qint16(
+                    CDecN(richiesto(righe.get(), "Grst_GestAnagrafica5").value(u"MG1I_PROGRESSIVO"))
+                        .toInt64());
+            },
+        });
+}
+
+// The rows after the one deleted move up one place, so that the positions stay 1, 2, 3 ...
+void RigheGiro::FME_GestAnagrafica5_AfterDelete(int fenm_operationresult)
+{
+    frame::GestAnagrafica& dettaglio = richiesto(
+        m_schermata.FME_GestAnagrafica(FRMMG_AGENTI::DettaglioGiri), "FME_GestAnagrafica5");
+    if (fenm_operationresult != frame::OperationSucceeded ||
+        dettaglio.status() != frame::FrameStatus::Browse)
+        return;
+    const db::RecordsetPtr righe = m_schermata.Grst_GestAnagrafica(FRMMG_AGENTI::DettaglioGiri);
+    reportWithChoice(m_schermata.errori(), QStringLiteral("FME_GestAnagrafica5_AfterDelete"),
+                     {
+                         [&] { collegaGriglia(false); },
+                         [&] { dettaglio.beginBulkRewrite(); },
+                         [&] {
+                             for (righe->moveFirst(); !righe->eof(); righe->moveNext()) {
+                                 const qint64 posizione =
+                                     CDecN(righe->value(u"MG1I_PROGRESSIVO")).toInt64();
+                                 if (posizione > m_progressivoEliminato)
+                                     righe->setValue(u"MG1I_PROGRESSIVO", posizione - 1);
+                             }
+                         },
+                         [&] { dettaglio.endBulkRewrite(); },
+                         [&] { dettaglio.confirmPendingChanges(false, false, false); },
+                         [&] { collegaGriglia(true); },
+                     });
+}
+
+void RigheGiro::GRIDNAV_GIRI_AfterButtonClick(bool success, const QString& pulsante)
+{
+    if (!success)
+        return;
+    if (pulsante == u"Nuovo") {
+        ignoreEachStep(
+            {[&] { m_schermata.controllo<controls::Control>(u"TXT_CLIENTE").setFocus(); }});
+    } else if (pulsante == u"Conferma") {
+        ignoreEachStep({[&] {
+            m_schermata.controllo<controls::Navigator>(u"GRIDNAV_GIRI")
+                .press(QStringLiteral("Nuovo"));
+        }});
+    }
+}
+
+void RigheGiro::CMD_AZZERRAGIRO_ButtonClick()
+{
+    frame::GestAnagrafica* dettaglio = nullptr;
+    reportWithChoice(
+        m_schermata.errori(), QStringLiteral("CMD_AZZERRAGIRO_ButtonClick"),
+        {
+            [&] {
+                const db::RecordsetPtr righe =
+                    m_schermata.Grst_GestAnagrafica(FRMMG_AGENTI::DettaglioGiri);
+                if (!righe || righe->bof() || righe->eof())
+                    return Flow::Leave;
+                dettaglio = &richiesto(m_schermata.FME_GestAnagrafica(FRMMG_AGENTI::DettaglioGiri),
+                                       "FME_GestAnagrafica5");
+                return Flow::Next;
+            },
+            [&] {
+                if (dettaglio->status() == frame::FrameStatus::New &&
+                    !dettaglio->confirmPendingChanges(true, true, false))
+                    dettaglio->dropPendingRow(true, true, true);
+            },
+            [&] {
+                return dettaglio->status() == frame::FrameStatus::New ? Flow::Leave : Flow::Next;
+            },
+            [&] { collegaGriglia(false); },
+            [&] { dettaglio->deleteRows(true, true, false); },
+            [&] { collegaGriglia(true); },
+            [&] {
+                m_schermata.controllo<controls::Navigator>(u"INTERNAV").setChangeIndicator(true);
+            },
+        });
+}
+
+void RigheGiro::TXT_CLIENTE_GotFocus()
+{
+    m_clienteAllIngresso = m_schermata.controllo<controls::Field>(u"TXT_CLIENTE").text();
+}
+
+// A customer typed over another has no destination yet.
+void RigheGiro::TXT_CLIENTE_LostFocus()
+{
+    if (m_schermata.controllo<controls::Field>(u"TXT_CLIENTE").text() != m_clienteAllIngresso)
+        m_schermata.controllo<controls::Field>(u"TXT_MG1I_CODDEST_MG22").setText(QString());
+}
+
+void RigheGiro::TXT_CLIENTE_Decode(controls::DecodeArgs& args)
+{
+    host::LookupDecoder& clienti = richiesto(m_schermata.decodificatoreClienti(), "LKP_CLIENTI");
+    clienti.prepareDecoding(DefinizioneClienti,
+                            CDecN(m_schermata.controllo<controls::Field>(u"TXT_CLIENTE").text()),
+                            QStringLiteral("TXT_C_RAGSOC"));
+    args.sql = clienti.query();
+    const QList<host::DecodeTarget> colonne = clienti.targets();
+    args.targets.clear();
+    for (qsizetype i = 0; i < qsizetype(std::size(CampiCliente)); ++i)
+        args.targets.append(
+            {&m_schermata.controllo<controls::Field>(CampiCliente[i]), colonne.value(i).column});
+    args.connectionString = m_schermata.Gstr_Connect();
+}
+
+void RigheGiro::TXT_CLIENTE_Lookup(controls::LookupArgs& args)
+{
+    host::LookupDecoder& clienti = richiesto(m_schermata.decodificatoreClienti(), "LKP_CLIENTI");
+    clienti.prepareLookup(DefinizioneClienti);
+    args.sql = clienti.query();
+    args.columns = clienti.columns();
+    args.title = clienti.title();
+    args.connectionString = m_schermata.Gstr_Connect();
+    m_schermata.controllo<controls::Field>(u"TXT_CLIENTE")
+        .setLookupId(QStringLiteral("Lkp_Clienti"));
+}
+
+void RigheGiro::TXT_MG1I_CODDEST_MG22_Decode(controls::DecodeArgs& args)
+{
+    const QString cliente = m_schermata.controllo<controls::Field>(u"TXT_CLIENTE").text();
+    const QString codice = m_schermata.controllo<controls::Field>(u"TXT_MG1I_CODDEST_MG22").text();
+    auto& descrizione = m_schermata.controllo<controls::Field>(u"TXT_DESCRDEST");
+    if (cliente.isEmpty() || codice.isEmpty()) {
+        descrizione.setText(QString());
+        args.cancel = true;
+        return;
+    }
+    host::LookupDecoder& destinazioni =
+        richiesto(m_schermata.decodificatoreClienti(), "LKP_DESTINAZIONI");
+    destinazioni.setParameter(QStringLiteral("CLIENTE"), CDecN(cliente));
+    destinazioni.prepareDecoding(DefinizioneDestinazioni, codice, descrizione.name());
+    args.sql = destinazioni.query();
+    args.targets = {{&descrizione, destinazioni.targets().value(0).column}};
+    args.connectionString = m_schermata.Gstr_Connect();
+}
+
+void RigheGiro::TXT_MG1I_CODDEST_MG22_Lookup(controls::LookupArgs& args)
+{
+    const auto& cliente = m_schermata.controllo<controls::Field>(u"TXT_CLIENTE");
+    if (cliente.text().isEmpty() || !cliente.isValid()) {
+        args.cancel = true;
+        return;
+    }
+    host::LookupDecoder& destinazioni =
+        richiesto(m_schermata.decodificatoreClienti(), "LKP_DESTINAZIONI");
+    destinazioni.setParameter(QStringLiteral("CLIENTE"), CDecN(cliente.text()));
+    destinazioni.prepareLookup(DefinizioneDestinazioni);
+    args.sql = destinazioni.query();
+    args.columns = destinazioni.columns();
+    args.title = destinazioni.title();
+    args.connectionString = m_schermata.Gstr_Connect();
+    m_schermata.controllo<controls::Field>(u"TXT_MG1I_CODDEST_MG22")
+        .setLookupId(destinazioni.lookupId());
+}
+
+} // namespace tarvello::agenti
