@@ -372,6 +372,17 @@ TableDef discountCommissionTables()
                   QStringLiteral("PA10_FLGVENACQ")});
 }
 
+TableDef priceLists()
+{
+    return table(QStringLiteral("LS01_LISTINI"),
+                 {
+                     company(QStringLiteral("LS01")),
+                     smallint(QStringLiteral("LS01_NUMLIS")).notNull(),
+                     nvarchar(QStringLiteral("LS01_DESCRLIS"), 40),
+                 },
+                 {QStringLiteral("LS01_DITTA_CG18"), QStringLiteral("LS01_NUMLIS")});
+}
+
 TableDef priorityTables()
 {
     return identityTable(QStringLiteral("LP09_TESTATAPRIORITA"),
@@ -633,6 +644,7 @@ Schema::Schema()
         customersWithSeveralAgents(),
         discountCommissionTables(),
         priorityTables(),
+        priceLists(),
         depots(),
         registers(),
     };

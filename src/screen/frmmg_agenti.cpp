@@ -26,9 +26,11 @@
 #include "src/host/menuentry.h"
 #include "src/host/navigator.h"
 #include "src/linked/gestionicollegate.h"
+#include "src/screen/classificazioni.h"
 #include "src/screen/codiciagente.h"
 #include "src/screen/layoutagenti.h"
 #include "src/screen/listecodificate.h"
+#include "src/screen/provvigioni.h"
 #include "src/screen/schedaagente.h"
 #include "src/tree/alberoagenti.h"
 #include "src/tree/navigazioneagenti.h"
@@ -72,9 +74,15 @@ FRMMG_AGENTI::FRMMG_AGENTI(QObject* parent)
     , m_scheda(std::make_unique<SchedaAgente>(*this))
     , m_navigazione(std::make_unique<NavigazioneAgenti>(*this))
     , m_collegate(std::make_unique<GestioniCollegate>(*this))
+    , m_classificazioni(std::make_unique<Classificazioni>(*this))
+    , m_provvigioni(std::make_unique<Provvigioni>(*this))
 {
     creaControlliAgenti(*this);
     m_collegate->collega();
+    // Connected before the load shows its first agent: the commission regime's rules run for
+    // every value the list takes from the start.
+    m_classificazioni->collega();
+    m_provvigioni->collega();
     m_errori.setScreenTitle([this] { return caption(); });
     connect(this, &Form::loaded, this, &FRMMG_AGENTI::Form_Load);
     connect(this, &Form::activated, this, &FRMMG_AGENTI::Form_Activate);

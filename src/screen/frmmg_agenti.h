@@ -32,10 +32,12 @@ class Navigator;
 namespace tarvello::agenti {
 
 class AlberoAgenti;
+class Classificazioni;
 class DettagliAgente;
 class GestioniCollegate;
 class ListeCodificate;
 class NavigazioneAgenti;
+class Provvigioni;
 class SchedaAgente;
 
 // How the host's id field finds the agent behind the id it holds (TXT_CAPOAREA and
@@ -122,6 +124,14 @@ public:
     // suppliers; none before the load or after the unload.
     host::LookupDecoder* decodificatoreAgenti() const { return m_oggetti.agenti.get(); }
     host::LookupDecoder* decodificatoreFornitori() const { return m_oggetti.fornitori.get(); }
+    // The lookup-and-decode objects of the classification codes, of the price lists and of the
+    // priority tables; none before the load or after the unload.
+    host::LookupDecoder* decodificatoreClassificazioni() const
+    {
+        return m_oggetti.classificazioni.get();
+    }
+    host::LookupDecoder* decodificatoreListini() const { return m_oggetti.listini.get(); }
+    host::LookupDecoder* decodificatorePriorita() const { return m_oggetti.priorita.get(); }
     // The payment-type names, index 0 "Contanti" to 16 "Solo descrittivo".
     const QStringList& tipiEffetti() const { return m_tipiEffetti; }
     bool CambioTabDaCodice() const { return m_cambioTabDaCodice; }
@@ -141,6 +151,8 @@ public:
     SchedaAgente& scheda() const { return *m_scheda; }
     NavigazioneAgenti& navigazione() const { return *m_navigazione; }
     GestioniCollegate& collegate() const { return *m_collegate; }
+    Classificazioni& classificazioni() const { return *m_classificazioni; }
+    Provvigioni& provvigioni() const { return *m_provvigioni; }
     // The settings of TXT_CAPOAREA or TXT_CAPOZONA; empty ones for any other name.
     ImpostazioniCampoId impostazioniCampoId(QStringView nome) const;
 
@@ -213,6 +225,8 @@ private:
     std::unique_ptr<SchedaAgente> m_scheda;
     std::unique_ptr<NavigazioneAgenti> m_navigazione;
     std::unique_ptr<GestioniCollegate> m_collegate;
+    std::unique_ptr<Classificazioni> m_classificazioni;
+    std::unique_ptr<Provvigioni> m_provvigioni;
 };
 
 } // namespace tarvello::agenti

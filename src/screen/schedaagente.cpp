@@ -17,6 +17,7 @@
 #include "src/host/messagecatalogue.h"
 #include "src/screen/codiciagente.h"
 #include "src/screen/frmmg_agenti.h"
+#include "src/screen/provvigioni.h"
 #include "src/tree/alberoagenti.h"
 
 namespace tarvello::agenti {
@@ -446,6 +447,10 @@ void SchedaAgente::mostraCampiNonLegati()
                          ? QStringLiteral("-1")
                          : CNegUno(identificatore).toString());
     }
+    Provvigioni& provvigioni = m_schermata.provvigioni();
+    campo(u"TXT_TABPRIORITA")
+        .setText(provvigioni.Get_LP09_CODICE(
+            Provvigioni::idPriorita(valoreAgente(QStringLiteral("MG17_ID_LP09")))));
 }
 
 void SchedaAgente::seguiId(controls::Field& id, qint32& ultimo, controls::Field* codice)

@@ -45,6 +45,8 @@ const QStringList istruzioniApertura{
     QStringLiteral("SELECT ROW_NUMBER() OVER (ORDER BY MG1I_DITTA_CG18) AS ID, * FROM "
                    "MG1I_DETTAGLIOGIRI WITH (NOLOCK)  WHERE MG1I_DITTA_CG18 = 1 AND "
                    "MG1I_IDAGENTE_MG17 = 2 AND MG1I_GIRO_MG1H = ''"),
+    // The priority table's code, from the id the agent has (none).
+    QStringLiteral("SELECT LP09_CODICE FROM LP09_TESTATAPRIORITA WHERE LP09_ID = 0"),
     QStringLiteral("IF OBJECT_ID('TEMPDB.DBO.#TAB_TREEVIEW') IS NOT NULL DROP TABLE #TAB_TREEVIEW"),
     QStringLiteral(" SELECT      MG17_AGENTE       ,MG17_IDAGENTE       ,CG16_RAGSOANAG      "
                    ",MG17_IDAGERIF_MG17      ,MG17_INDTIPOAGE  INTO      #TAB_TREEVIEW  FROM  "
