@@ -162,6 +162,7 @@ void ClientiGiro::InserisciClientiNelGiro()
     frame::GestAnagrafica& dettaglio = richiesto(
         m_schermata.FME_GestAnagrafica(FRMMG_AGENTI::DettaglioGiri), "FME_GestAnagrafica5");
     const db::RecordsetPtr righe = m_schermata.Grst_GestAnagrafica(FRMMG_AGENTI::DettaglioGiri);
+    bool aggiunti = false;
     leaveSilently({
         [&] {
             if (dettaglio.status() == frame::FrameStatus::New)
@@ -190,7 +191,14 @@ void ClientiGiro::InserisciClientiNelGiro()
                 rs.setValue(u"MG1I_CLIFOR_CG44", c);
                 rs.setValue(u"MG1I_CODDEST_MG22", d.isEmpty() ? db::Value::null() : db::Value(d));
                 rs.update();
+                aggiunti = true;
             }
+        },
+        // Rows added by code are not the frame's own edits: it is told, so that the agent's
+        // save writes them with the batch.
+        [&] {
+            if (aggiunti)
+                dettaglio.setChangeFlag(true);
         },
         [&] {
             if (dettaglio.status() == frame::FrameStatus::New)

@@ -3,6 +3,7 @@
 #include "platform/controls/button.h"
 #include "platform/controls/grid.h"
 #include "platform/controls/navigator.h"
+#include "platform/db/connection.h"
 #include "platform/frame/gestanagrafica.h"
 #include "src/common/errorstyles.h"
 #include "src/screen/frmmg_agenti.h"
@@ -18,12 +19,27 @@ const QString Posizione = QStringLiteral("MG1I_PROGRESSIVO");
 
 using Campi = QList<std::pair<QString, db::Value>>;
 
+// The database numbers its rows itself (the identity) and computes ID: neither can be
+// written, so each stays with its row.
+QString identita(const db::Recordset& righe)
+{
+    db::Connection* connessione = righe.activeConnection();
+    return connessione && !righe.baseTable().isEmpty()
+               ? connessione->tableInfo(righe.baseTable()).identityColumn()
+               : QString();
+}
+
 Campi copiaCampi(const db::Recordset& righe)
 {
+    const QString colonnaIdentita = identita(righe);
     Campi campi;
     campi.reserve(righe.fieldCount());
-    for (int i = 0; i < righe.fieldCount(); ++i)
-        campi.append({righe.field(i).name, righe.value(i)});
+    for (int i = 0; i < righe.fieldCount(); ++i) {
+        const db::Column& campo = righe.field(i);
+        if (!campo.baseColumn.isEmpty() &&
+            campo.baseColumn.compare(colonnaIdentita, Qt::CaseInsensitive) != 0)
+            campi.append({campo.name, righe.value(i)});
+    }
     return campi;
 }
 
