@@ -92,8 +92,17 @@ void Field::setText(const QString& text)
         return;
     m_text = accepted;
     m_decodePending = true;
+    setAccepted(true);
     Q_EMIT textChanged(m_text);
     Q_EMIT valueChanged();
+}
+
+void Field::setAccepted(bool accepted)
+{
+    if (m_accepted == accepted)
+        return;
+    m_accepted = accepted;
+    Q_EMIT acceptedChanged(accepted);
 }
 
 bool Field::typeText(const QString& typed)

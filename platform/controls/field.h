@@ -71,6 +71,12 @@ public:
     QString lookupId() const { return m_lookupId; }
     void setLookupId(const QString& id);
 
+    // False once the person was warned that the text is not in its expected form (a tax code
+    // the checker rejects). Unlike a value marked not valid it does not stop a save; a new
+    // text clears it.
+    bool isAccepted() const { return m_accepted; }
+    void setAccepted(bool accepted);
+
     DecodeOutcome decode();
     // The text changed since the last decoding.
     bool isDecodePending() const { return m_decodePending; }
@@ -101,6 +107,7 @@ Q_SIGNALS:
     void displayFormatChanged(const QString& format);
     void multiLineChanged(bool multiLine);
     void lookupIdChanged(const QString& id);
+    void acceptedChanged(bool accepted);
     void managementKeyChanged(bool enabled);
     void managementCaptionChanged(const QString& caption);
     void menuItemsChanged();
@@ -127,6 +134,7 @@ private:
     bool m_multiLine = false;
     QString m_lookupId;
     bool m_decodePending = false;
+    bool m_accepted = true;
     QString m_lastError;
     std::optional<LookupArgs> m_lastLookup;
     bool m_managementKey = false;

@@ -83,6 +83,19 @@ bool Navigator::press(const QString& key)
 {
     if (!isAvailable(key))
         return false;
+    return act(key);
+}
+
+bool Navigator::pressFromCode(const QString& key)
+{
+    const Button* found = button(key);
+    if (!found || !found->enabled || !isEnabled())
+        return false;
+    return act(key);
+}
+
+bool Navigator::act(const QString& key)
+{
     NavigatorButtonArgs args{key, false};
     Q_EMIT beforeButton(args);
     if (args.cancel)

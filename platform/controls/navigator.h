@@ -71,6 +71,10 @@ public:
 
     // False when the button is not available or the press was cancelled or failed.
     bool press(const QString& key);
+    // Code pressing a button on the person's behalf: a button hidden at design time acts all
+    // the same (a screen may leave a button off its bar and press it from a key shortcut);
+    // a disabled button or navigator does nothing.
+    bool pressFromCode(const QString& key);
 
 Q_SIGNALS:
     void buttonsChanged();
@@ -86,6 +90,7 @@ protected:
     virtual std::optional<bool> ownAction(const QString& key);
 
 private:
+    bool act(const QString& key);
     Button* findButton(QStringView key);
 
     QList<Button> m_buttons;

@@ -9,7 +9,9 @@
 #include "platform/services/hosterrorlog.h"
 #include "platform/services/hostlookup.h"
 #include "platform/services/mediaarchive.h"
+#include "platform/services/registertable.h"
 #include "platform/services/registrysearch.h"
+#include "platform/services/taxcodecheck.h"
 #include "platform/services/typologytable.h"
 #include "platform/services/userprompts.h"
 #include "platform/services/warehouselink.h"
@@ -49,6 +51,16 @@ std::unique_ptr<host::TypologyManagement> HostObjectFactory::newTypologyManageme
 std::unique_ptr<host::DivisionalData> HostObjectFactory::newDivisionalData()
 {
     return std::make_unique<DivisionalDataManagement>(m_prompts);
+}
+
+std::unique_ptr<host::TaxCodeChecker> HostObjectFactory::newTaxCodeChecker()
+{
+    return std::make_unique<TaxCodeCheck>();
+}
+
+std::unique_ptr<host::RegisterManagement> HostObjectFactory::newRegisterManagement()
+{
+    return std::make_unique<RegisterTable>(m_prompts);
 }
 
 std::unique_ptr<host::WarehouseConnection> HostObjectFactory::newWarehouseConnection()

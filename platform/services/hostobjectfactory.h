@@ -32,6 +32,8 @@ public:
     // The question is put to the person through the prompts, titled with the dialog's
     // caption; their answer presses the dialog's button for it.
     void showQuestionDialog(controls::Form& dialog) override;
+    std::unique_ptr<host::TaxCodeChecker> newTaxCodeChecker() override;
+    std::unique_ptr<host::RegisterManagement> newRegisterManagement() override;
     frame::GestAnagrafica* newRecordFrame(QObject* parent) override;
 
 private:

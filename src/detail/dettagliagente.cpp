@@ -11,7 +11,10 @@
 #include "src/data/sqlagenti.h"
 #include "src/data/sqldettagli.h"
 #include "src/detail/girivisite.h"
+#include "src/detail/maturazione.h"
 #include "src/detail/operazionidettaglio.h"
+#include "src/detail/sociagente.h"
+#include "src/detail/tentatavendita.h"
 #include "src/host/errorlog.h"
 #include "src/host/globalcontext.h"
 #include "src/host/messagecatalogue.h"
@@ -70,6 +73,9 @@ const Dettaglio& dettaglio(int gestione)
 DettagliAgente::DettagliAgente(FRMMG_AGENTI& schermata)
     : m_schermata(schermata)
     , m_giri(std::make_unique<GiriVisite>(schermata))
+    , m_soci(std::make_unique<SociAgente>(schermata))
+    , m_maturazione(std::make_unique<Maturazione>(schermata))
+    , m_tentataVendita(std::make_unique<TentataVendita>(schermata))
 {}
 
 DettagliAgente::~DettagliAgente() = default;
@@ -135,6 +141,9 @@ void DettagliAgente::collega()
                      &controls::Grid::cellTextRequested, contesto,
                      [this](controls::CellTextArgs& args) { GRID_AGENTIMAT_CellText(args); });
     m_giri->collega();
+    m_soci->collega();
+    m_maturazione->collega();
+    m_tentataVendita->collega();
 }
 
 void DettagliAgente::ShowChild()

@@ -12,6 +12,9 @@ namespace tarvello::agenti {
 
 class FRMMG_AGENTI;
 class GiriVisite;
+class Maturazione;
+class SociAgente;
+class TentataVendita;
 
 // The four details of the agent on view (partners, maturation days, van-sales data, route
 // detail), each a record frame of the screen over a recordset the screen keeps open: how
@@ -41,6 +44,8 @@ public:
     // The code of the route whose detail is on view, right-trimmed; empty when none.
     const QString& GiroCorrente() const;
     GiriVisite& giri() const { return *m_giri; }
+    SociAgente& soci() const { return *m_soci; }
+    TentataVendita& tentataVendita() const { return *m_tentataVendita; }
     // Lets the route list go; the screen's unload calls it.
     void TeminateElencoGiri();
 
@@ -60,8 +65,11 @@ private:
     // TXT_NUMSOCI's value when it holds one; the partners then have a limit.
     bool limiteSoci(double& limite) const;
 
-    FRMMG_AGENTI& m_schermata;          // Not owned: the screen owns this.
-    std::unique_ptr<GiriVisite> m_giri; // Owned.
+    FRMMG_AGENTI& m_schermata;                        // Not owned: the screen owns this.
+    std::unique_ptr<GiriVisite> m_giri;               // Owned.
+    std::unique_ptr<SociAgente> m_soci;               // Owned.
+    std::unique_ptr<Maturazione> m_maturazione;       // Owned.
+    std::unique_ptr<TentataVendita> m_tentataVendita; // Owned.
     bool m_sociAggiungibili = false;
 };
 

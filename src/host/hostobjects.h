@@ -20,6 +20,8 @@ class ErrorLog;
 class GeneralRegistrySearch;
 class HyperMedia;
 class LookupDecoder;
+class RegisterManagement;
+class TaxCodeChecker;
 class TypologyManagement;
 class WarehouseConnection;
 
@@ -39,6 +41,8 @@ public:
     // shows its question in LBL_MESSAGGIO; the person's answer presses one of its buttons
     // CMD_SI, CMD_NO, CMD_SEMPRE or CMD_MAI, any other close unloads it without an answer.
     virtual void showQuestionDialog(controls::Form& dialog) = 0;
+    virtual std::unique_ptr<TaxCodeChecker> newTaxCodeChecker() = 0;
+    virtual std::unique_ptr<RegisterManagement> newRegisterManagement() = 0;
     // A record frame of a screen, owned by parent (the screen's form): the frame asks the
     // person through the host, as every host object does.
     virtual frame::GestAnagrafica* newRecordFrame(QObject* parent) = 0;

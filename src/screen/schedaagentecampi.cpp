@@ -10,6 +10,7 @@
 #include "src/common/valuehelpers.h"
 #include "src/data/sqlagenti.h"
 #include "src/detail/dettagliagente.h"
+#include "src/detail/sociagente.h"
 #include "src/host/errorlog.h"
 #include "src/host/globalcontext.h"
 #include "src/host/hostobjects.h"
@@ -103,6 +104,7 @@ void SchedaAgente::TXT_AGENTE_Validate()
     }
     if (agente.status() == FrameStatus::Browse)
         m_schermata.albero().posizionaSuAgente(codice);
+    m_schermata.dettagli().soci().AggiornaNumeroSoci();
 }
 
 void SchedaAgente::TXT_RAGSOANAG_KeyDown(const controls::KeyArgs& args)

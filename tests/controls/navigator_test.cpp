@@ -98,6 +98,23 @@ TEST_F(NavigatorTest, EnabledSettingsStopPressesTheNewRowSwitchDoesNot)
                                 "frame Conferma", "after Conferma ok"}));
 }
 
+// A screen may leave a button off its bar and press it from a key shortcut: code reaches a
+// hidden button, never a disabled one.
+TEST_F(NavigatorTest, CodeCanPressAHiddenButtonButNotADisabledOne)
+{
+    navigator->setButtonVisible(NavigatorKey::Confirm, false);
+    EXPECT_TRUE(navigator->pressFromCode(NavigatorKey::Confirm));
+    navigator->setButtonEnabled(NavigatorKey::Confirm, false);
+    EXPECT_FALSE(navigator->pressFromCode(NavigatorKey::Confirm));
+    navigator->setButtonEnabled(NavigatorKey::Confirm, true);
+    navigator->setEnabled(false);
+    EXPECT_FALSE(navigator->pressFromCode(NavigatorKey::Confirm));
+    EXPECT_FALSE(navigator->pressFromCode(QStringLiteral("Stampa"))) << "no such button";
+
+    EXPECT_EQ(log, QStringList({"before Conferma", "click Conferma", "frame Conferma",
+                                "after Conferma ok"}));
+}
+
 TEST_F(NavigatorTest, MovesLeftByTheTargetMoveTheGridRecordset)
 {
     db::RecordsetPtr rows = test::memoryRows({"MG1H_GIRO"}, {{"G01"}, {"G02"}, {"G03"}});

@@ -6,7 +6,9 @@
 #include "src/host/hostobjects.h"
 #include "src/host/hypermedia.h"
 #include "src/host/lookupdecoder.h"
+#include "src/host/registermanagement.h"
 #include "src/host/registrysearch.h"
+#include "src/host/taxcodechecker.h"
 #include "src/host/typologymanagement.h"
 #include "src/host/warehouseconnection.h"
 #include "src/screen/controlli.h"
@@ -49,6 +51,8 @@ public:
     }
     std::unique_ptr<host::TypologyManagement> newTypologyManagement() override { return nullptr; }
     std::unique_ptr<host::DivisionalData> newDivisionalData() override { return nullptr; }
+    std::unique_ptr<host::TaxCodeChecker> newTaxCodeChecker() override { return nullptr; }
+    std::unique_ptr<host::RegisterManagement> newRegisterManagement() override { return nullptr; }
     std::unique_ptr<host::WarehouseConnection> newWarehouseConnection() override { return nullptr; }
     void showQuestionDialog(controls::Form&) override {}
     frame::GestAnagrafica* newRecordFrame(QObject*) override { return nullptr; }

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "src/host/registermanagement.h"
+
+namespace tarvello::services {
+
+class UserPrompts;
+
+// The document-register management as this host has it: a prompt named "Sezionali"; a
+// register chosen there goes back into the field.
+class RegisterTable final : public host::RegisterManagement {
+public:
+    explicit RegisterTable(UserPrompts& prompts)
+        : m_prompts(prompts)
+    {}
+
+    void setModule(host::Cinterface* module) override { m_module = module; }
+    void setField(controls::Field* field) override { m_field = field; }
+    void registersManagement() override;
+
+    host::Cinterface* module() const { return m_module; }
+
+private:
+    UserPrompts& m_prompts;               // Not owned.
+    host::Cinterface* m_module = nullptr; // Not owned.
+    controls::Field* m_field = nullptr;   // Not owned.
+};
+
+} // namespace tarvello::services
