@@ -451,6 +451,10 @@ void SchedaAgente::mostraCampiNonLegati()
     campo(u"TXT_TABPRIORITA")
         .setText(provvigioni.Get_LP09_CODICE(
             Provvigioni::idPriorita(valoreAgente(QStringLiteral("MG17_ID_LP09")))));
+    // Not bound to a column, the two fields are not decoded by the frame: their descriptions
+    // follow the row from here.
+    campo(u"TXT_NUMLISTFIX").decode();
+    campo(u"TXT_TABPRIORITA").decode();
 }
 
 void SchedaAgente::seguiId(controls::Field& id, qint32& ultimo, controls::Field* codice)

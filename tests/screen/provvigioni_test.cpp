@@ -219,9 +219,20 @@ TEST_F(Provvigioni, ThePriorityTableIsKeptInTheRowByItsId)
     db().run(QStringLiteral("UPDATE MG17_AGENTI SET MG17_REGIMEPROV = 15, MG17_ID_LP09 = %1 "
                             "WHERE MG17_AGENTE = 'A001'")
                  .arg(idPriorita("PRI2")));
+    db().run(QStringLiteral("INSERT INTO LS01_LISTINI (LS01_DITTA_CG18, LS01_NUMLIS, "
+                            "LS01_DESCRLIS) VALUES (1, 4, 'Listino quattro')"));
+    db().run(
+        QStringLiteral("UPDATE MG17_AGENTI SET MG17_NUMLISFIX = 4 WHERE MG17_AGENTE = 'A001'"));
     apri();
     EXPECT_EQ(campo(u"TXT_TABPRIORITA").text(), QStringLiteral("PRI2"));
     EXPECT_TRUE(abilitato(u"TXT_TABPRIORITA"));
+    // Unbound, the two codes are decoded as the agent is shown, and again for the next one.
+    EXPECT_EQ(campo(u"TXT_TABPRIORITA_DESCR").text(), QStringLiteral("Seconda"));
+    EXPECT_EQ(campo(u"TXT_DESLISTFIX").text(), QStringLiteral("Listino quattro"));
+    gestione(FRMMG_AGENTI::Agenti).moveNext();
+    EXPECT_EQ(campo(u"TXT_TABPRIORITA_DESCR").text(), QString());
+    EXPECT_EQ(campo(u"TXT_DESLISTFIX").text(), QString());
+    gestione(FRMMG_AGENTI::Agenti).movePrevious();
 
     digita(u"TXT_TABPRIORITA", QStringLiteral("PRI1"));
     EXPECT_EQ(provvigioni().PrioritaPrecedente(), QStringLiteral("PRI2"));
