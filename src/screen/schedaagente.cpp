@@ -447,10 +447,13 @@ void SchedaAgente::mostraCampiNonLegati()
                          ? QStringLiteral("-1")
                          : CNegUno(identificatore).toString());
     }
-    Provvigioni& provvigioni = m_schermata.provvigioni();
-    campo(u"TXT_TABPRIORITA")
-        .setText(provvigioni.Get_LP09_CODICE(
-            Provvigioni::idPriorita(valoreAgente(QStringLiteral("MG17_ID_LP09")))));
+    // An id beyond what the screen carries names no table it can show: the field stays empty.
+    QString priorita;
+    ignoreEachStep({[&] {
+        priorita = m_schermata.provvigioni().Get_LP09_CODICE(
+            Provvigioni::idPriorita(valoreAgente(QStringLiteral("MG17_ID_LP09"))));
+    }});
+    campo(u"TXT_TABPRIORITA").setText(priorita);
     // Not bound to a column, the two fields are not decoded by the frame: their descriptions
     // follow the row from here.
     campo(u"TXT_NUMLISTFIX").decode();

@@ -304,6 +304,16 @@ TEST_F(Provvigioni, PriorityCodesAndIdsConvertBothWays)
     }
 }
 
+TEST_F(Provvigioni, AnIdBeyondSixteenBitsShowsNoPriorityTableAndNoMessage)
+{
+    db().run(QStringLiteral("UPDATE MG17_AGENTI SET MG17_REGIMEPROV = 15, MG17_ID_LP09 = 40000 "
+                            "WHERE MG17_AGENTE = 'A001'"));
+    apri();
+    EXPECT_EQ(campo(u"TXT_AGENTE").text(), QStringLiteral("A001"));
+    EXPECT_EQ(campo(u"TXT_TABPRIORITA").text(), QString());
+    EXPECT_TRUE(prompts.history().isEmpty()) << prompts.history().first().text.toStdString();
+}
+
 TEST_F(Provvigioni, TheFixedListKindDecidesTheListNumber)
 {
     apri();
