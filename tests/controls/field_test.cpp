@@ -34,6 +34,21 @@ TEST_F(FieldTest, MaxLengthHoldsForTypingCodeAndAShorterLimit)
     EXPECT_EQ(code->text(), QStringLiteral("LONGER"));
 }
 
+// A warning about the text holds for that text only: whatever replaces it starts accepted.
+TEST_F(FieldTest, ANewTextClearsTheWarningAboutTheOldOne)
+{
+    QList<bool> changes;
+    QObject::connect(code, &Field::acceptedChanged, [&](bool accepted) { changes << accepted; });
+    code->setText(QStringLiteral("X1"));
+    code->setAccepted(false);
+    code->setText(QStringLiteral("X1"));
+    EXPECT_FALSE(code->isAccepted()) << "the same text keeps its warning";
+    EXPECT_TRUE(code->isValid()) << "a warning is not a refusal";
+    code->typeText(QStringLiteral("X2"));
+    EXPECT_TRUE(code->isAccepted());
+    EXPECT_EQ(changes, (QList<bool>{false, true}));
+}
+
 TEST_F(FieldTest, UpperCaseAppliesToEveryTextSet)
 {
     code->setText(QStringLiteral("nord"));
