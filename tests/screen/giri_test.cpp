@@ -1,0 +1,246 @@
+#include "platform/controls/connectionpool.h"
+#include "platform/controls/field.h"
+#include "platform/frame/frameeventargs.h"
+#include "schermatafixture.h"
+#include "src/detail/clientigiro.h"
+#include "src/detail/controllorigagiro.h"
+#include "src/detail/dettagliagente.h"
+#include "src/detail/girivisite.h"
+#include "src/detail/ordinegiro.h"
+#include "src/host/errorlog.h"
+#include "src/host/warehouseconnection.h"
+
+namespace tarvello::test {
+
+namespace {
+
+using agenti::FRMMG_AGENTI;
+
+// The routes page of one agent (A001), with customers 10 to 13 of the company linked to it.
+class GiriTest : public SchermataTest {
+protected:
+    void SetUp() override
+    {
+        SchermataTest::SetUp();
+        agente = inserisciAgente(QStringLiteral("A001"));
+        altro = inserisciAgente(QStringLiteral("A002"));
+        for (const QString& codice : {QStringLiteral("G01"), QStringLiteral("G02")})
+            db().run(QStringLiteral("INSERT INTO MG1H_GIRI (MG1H_DITTA_CG18, MG1H_GIRO, "
+                                    "MG1H_DESCRIZIONE) VALUES (1, ?, ?)"),
+                     {codice, QStringLiteral("Giro ") + codice});
+        for (int cliente = 10; cliente <= 13; ++cliente) {
+            db().run(QStringLiteral("INSERT INTO CG16_ANAGGEN (CG16_CODICE, CG16_RAGSOANAG) "
+                                    "VALUES (?, ?)"),
+                     {5000 + cliente, QStringLiteral("CLIENTE %1").arg(cliente)});
+            db().run(QStringLiteral("INSERT INTO CG44_CLIFOR (CG44_DITTA_CG18, CG44_TIPOCF, "
+                                    "CG44_CLIFOR, CG44_CODICE_CG16) VALUES (1, 0, ?, ?)"),
+                     {cliente, 5000 + cliente});
+            db().run(QStringLiteral("INSERT INTO MG1C_CLIFORAGEMUL (MG1C_DITTA_CG18, "
+                                    "MG1C_TIPOCF_CG44, MG1C_CLIFOR_CG44, MG1C_IDAGENTE_MG17) "
+                                    "VALUES (1, 0, ?, ?)"),
+                     {cliente, agente});
+        }
+    }
+
+    void tappa(qint64 id, const QString& giro, int progressivo, int cliente,
+               const db::Value& destinazione = db::Value::null())
+    {
+        db().run(QStringLiteral("INSERT INTO MG1I_DETTAGLIOGIRI (MG1I_DITTA_CG18, "
+                                "MG1I_IDAGENTE_MG17, MG1I_GIRO_MG1H, MG1I_PROGRESSIVO, "
+                                "MG1I_TIPOCF_CG44, MG1I_CLIFOR_CG44, MG1I_CODDEST_MG22) VALUES "
+                                "(1, ?, ?, ?, 0, ?, ?)"),
+                 {id, giro, progressivo, cliente, destinazione});
+    }
+
+    // Opens the screen on the agent, its details shown, and forgets the statements so far.
+    void apriSuAgente()
+    {
+        apri();
+        const db::RecordsetPtr agenti = gestione(FRMMG_AGENTI::Agenti).recordset();
+        agenti->moveFirst();
+        ASSERT_TRUE(agenti->find(QStringLiteral("MG17_AGENTE = 'A001'")));
+        schermata().dettagli().ShowChild();
+        schermata().Gcon_Connect()->log().clear();
+    }
+
+    agenti::GiriVisite& giri() const { return schermata().dettagli().giri(); }
+    frame::GestAnagrafica& tappe() const { return gestione(FRMMG_AGENTI::DettaglioGiri); }
+    db::RecordsetPtr righe() const
+    {
+        return schermata().Grst_GestAnagrafica(FRMMG_AGENTI::DettaglioGiri);
+    }
+
+    // The customers of the route on view in the recordset's order, as "customer@position".
+    QStringList ordine() const
+    {
+        QStringList visti;
+        const db::RecordsetPtr lettore = righe()->clone();
+        for (lettore->moveFirst(); !lettore->eof(); lettore->moveNext())
+            visti << QStringLiteral("%1@%2").arg(lettore->value(u"MG1I_CLIFOR_CG44").toString(),
+                                                 lettore->value(u"MG1I_PROGRESSIVO").toString());
+        return visti;
+    }
+    void nuovoCliente(int cliente)
+    {
+        ASSERT_TRUE(tappe().addNew());
+        controllo<controls::Field>(u"TXT_CLIENTE").setText(QString::number(cliente));
+    }
+
+    controls::ConnectionPool connessioni;
+    qint64 agente = 0;
+    qint64 altro = 0;
+};
+
+TEST_F(GiriTest, TheQuestionCarriesTheCaptionOfTheMomentAndShowingTheAgentAgainForgetsAnswers)
+{
+    apriSuAgente();
+    agenti::ControlloRigaGiro& controllo = giri().controllo();
+    schermata().setCaption(QStringLiteral("Agenti - ditta 1"));
+    controllo.memoria().DomandaCorrente = 1;
+    prompts.queue(services::PromptAnswer::question(services::QuestionAnswer::Sempre));
+    controllo.ShowFormMsgBox(QStringLiteral("Inserirlo comunque?"));
+
+    ASSERT_FALSE(prompts.history().isEmpty());
+    EXPECT_EQ(prompts.history().last().kind, services::PromptKind::Question);
+    EXPECT_EQ(prompts.history().last().title, QStringLiteral("Agenti - ditta 1"));
+    EXPECT_EQ(prompts.history().last().text, QStringLiteral("Inserirlo comunque?"));
+    EXPECT_TRUE(controllo.memoria().ricordatoSi(1));
+    EXPECT_TRUE(schermata().gIsNonRichiederePiu());
+
+    schermata().dettagli().ShowChild();
+    EXPECT_FALSE(controllo.memoria().ricordatoSi(1));
+}
+
+// The route argument is not looked at: any route of the agent counts, as stored.
+TEST_F(GiriTest, ACustomerIsPresentForTheAgentWithTheSameDestinationOnAnyRoute)
+{
+    tappa(agente, QStringLiteral("G01"), 1, 10);
+    tappa(agente, QStringLiteral("G02"), 1, 11, QStringLiteral("X'Y"));
+    tappa(altro, QStringLiteral("G01"), 1, 12);
+    apriSuAgente();
+    agenti::ControlloRigaGiro& controllo = giri().controllo();
+
+    EXPECT_TRUE(controllo.ClienteGiaPresente(10, QStringLiteral("G02"), db::Value::null()));
+    EXPECT_TRUE(controllo.ClienteGiaPresente(10, QString(), QString()));
+    EXPECT_FALSE(controllo.ClienteGiaPresente(10, QStringLiteral("G01"), QStringLiteral("D1")));
+    EXPECT_TRUE(controllo.ClienteGiaPresente(11, QStringLiteral("G01"), QStringLiteral("X'Y ")));
+    EXPECT_FALSE(controllo.ClienteGiaPresente(11, QStringLiteral("G02"), db::Value::null()));
+    EXPECT_FALSE(controllo.ClienteGiaPresente(12, QStringLiteral("G01"), db::Value::null()));
+
+    const QStringList inviate = istruzioni();
+    ASSERT_EQ(inviate.size(), 6);
+    EXPECT_EQ(inviate.first(),
+              QStringLiteral(" SELECT    MG1I_PROGRESSIVO  FROM    MG1I_DETTAGLIOGIRI WHERE    "
+                             "MG1I_DITTA_CG18 = 1        AND MG1I_CLIFOR_CG44 = 10    AND "
+                             "MG1I_TIPOCF_CG44 = 0    AND MG1I_IDAGENTE_MG17 = %1 AND "
+                             "MG1I_CODDEST_MG22 IS NULL ")
+                  .arg(agente));
+    EXPECT_TRUE(inviate.at(3).endsWith(QStringLiteral(" AND MG1I_CODDEST_MG22 = 'X''Y'")))
+        << inviate.at(3).toStdString();
+}
+
+TEST_F(GiriTest, ARowWithoutARouteOnViewIsRefusedAndOneWithoutACustomerPassesUnnumbered)
+{
+    tappa(agente, QStringLiteral("G01"), 1, 10);
+    apriSuAgente();
+    ASSERT_TRUE(tappe().addNew());
+    frame::CancelArgs args;
+    controllo<controls::Field>(u"TXT_GIRO").setText(QString());
+    giri().controllo().FME_GestAnagrafica5_BeforeUpdate(args);
+    EXPECT_TRUE(args.fbol_Cancel);
+
+    controllo<controls::Field>(u"TXT_GIRO").setText(QStringLiteral("G01"));
+    frame::CancelArgs senzaCliente;
+    giri().controllo().FME_GestAnagrafica5_BeforeUpdate(senzaCliente);
+    EXPECT_FALSE(senzaCliente.fbol_Cancel);
+    EXPECT_TRUE(righe()->value(u"MG1I_PROGRESSIVO").isNull());
+    EXPECT_TRUE(prompts.history().isEmpty());
+    EXPECT_TRUE(istruzioni().isEmpty());
+}
+
+TEST_F(GiriTest, TheFirstCustomerOfAnEmptyRouteIsFirstAndTheNextAfterTheLast)
+{
+    apriSuAgente();
+    controllo<controls::Field>(u"TXT_GIRO").setText(QStringLiteral("G02"));
+    giri().prendiGiroDalCampo();
+    giri().Refresh_VF_MG1H(true);
+    nuovoCliente(11);
+    ASSERT_TRUE(tappe().save());
+    nuovoCliente(12);
+    ASSERT_TRUE(tappe().save());
+    EXPECT_EQ(ordine(), (QStringList{QStringLiteral("11@1"), QStringLiteral("12@2")}));
+    righe()->moveFirst();
+    EXPECT_EQ(righe()->value(u"MG1I_GIRO_MG1H").toString(), QStringLiteral("G02"));
+    EXPECT_EQ(righe()->value(u"MG1I_IDAGENTE_MG17").toInt64(), agente);
+    EXPECT_EQ(righe()->value(u"MG1I_TIPOCF_CG44").toInt64(), 0);
+}
+
+// A row being entered moves up only once it is accepted; it never moves down.
+TEST_F(GiriTest, ARowBeingEnteredMovesUpOnceAcceptedAndNeverDown)
+{
+    tappa(agente, QStringLiteral("G01"), 1, 10);
+    tappa(agente, QStringLiteral("G01"), 2, 11);
+    apriSuAgente();
+    agenti::OrdineGiro& ordineGiro = giri().ordine();
+
+    nuovoCliente(12);
+    ordineGiro.CMD_DOWN_ButtonClick();
+    EXPECT_EQ(tappe().status(), frame::FrameStatus::New);
+
+    ordineGiro.CMD_UP_ButtonClick();
+    EXPECT_EQ(ordine(), (QStringList{QStringLiteral("10@1"), QStringLiteral("12@2"),
+                                     QStringLiteral("11@3")}));
+    EXPECT_EQ(righe()->value(u"MG1I_CLIFOR_CG44").toInt64(), 12);
+    EXPECT_TRUE(tappe().changeFlag());
+
+    // Already in the route: refused with a message, and nothing moves.
+    nuovoCliente(10);
+    prompts.queue(services::PromptAnswer::button(host::Ok));
+    ordineGiro.CMD_UP_ButtonClick();
+    EXPECT_EQ(prompts.history().last().text,
+              QStringLiteral("Cliente già inserito nel giro corrente!"));
+    EXPECT_EQ(tappe().status(), frame::FrameStatus::New);
+    EXPECT_EQ(righe()->value(u"MG1I_CLIFOR_CG44").toInt64(), 10);
+    EXPECT_EQ(righe()->absolutePosition(), 4);
+    EXPECT_EQ(ordine().mid(0, 3), (QStringList{QStringLiteral("10@1"), QStringLiteral("12@2"),
+                                               QStringLiteral("11@3")}));
+}
+
+// A row opened and left without a customer makes way for the customers of the list.
+TEST_F(GiriTest, TheCustomerListTakesThePlaceOfAnEmptyRowLeftOpen)
+{
+    tappa(agente, QStringLiteral("G01"), 1, 10);
+    apriSuAgente();
+    ASSERT_TRUE(tappe().addNew());
+    prompts.queue(services::PromptAnswer::customers(
+        {{QStringLiteral("10"), QString()}, {QStringLiteral("13"), QStringLiteral("D9")}}));
+    giri().clienti().CMD_MULTICLI_ButtonClick();
+
+    EXPECT_EQ(ordine(), (QStringList{QStringLiteral("10@1"), QStringLiteral("13@2")}));
+    EXPECT_TRUE(tappe().changeFlag());
+    ASSERT_NE(giri().clienti().Grst_ElencoClienti(), nullptr);
+    EXPECT_EQ(giri().clienti().Grst_ElencoClienti()->recordCount(), 2);
+}
+
+TEST_F(GiriTest, ARouteHandedBackGoesOnViewAndOtherOperationsDoNothing)
+{
+    tappa(agente, QStringLiteral("G01"), 1, 10);
+    tappa(agente, QStringLiteral("G02"), 1, 11);
+    apriSuAgente();
+    host::WarehouseTransfer altra;
+    altra.operation = 45;
+    altra.value = QStringLiteral("G02");
+    giri().clienti().Gcls_ConnectMagazzino_DataTransfer(altra);
+    EXPECT_EQ(giri().GiroCorrente(), QStringLiteral("G01"));
+
+    host::WarehouseTransfer giro;
+    giro.operation = host::WarehouseTransfer::Route;
+    giro.value = QStringLiteral("G02");
+    giri().clienti().Gcls_ConnectMagazzino_DataTransfer(giro);
+    EXPECT_EQ(controllo<controls::Field>(u"TXT_GIRO").text(), QStringLiteral("G02"));
+    EXPECT_EQ(giri().GiroCorrente(), QStringLiteral("G02"));
+    EXPECT_EQ(ordine(), QStringList{QStringLiteral("11@1")});
+}
+
+} // namespace
+} // namespace tarvello::test
