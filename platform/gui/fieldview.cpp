@@ -28,6 +28,7 @@ FieldView::FieldView(controls::Field& field, QLineEdit& edit)
     connect(&field, &Field::displayFormatChanged, this, &FieldView::showText);
     connect(&field, &Field::maxLengthChanged, this, &FieldView::showMaxLength);
     connect(&field, &Field::validChanged, this, &FieldView::showToolTip);
+    connect(&field, &Field::acceptedChanged, this, &FieldView::showToolTip);
     connect(&edit, &QLineEdit::textEdited, this, &FieldView::takeTyping);
     if (field.kind() == Field::Kind::Numeric)
         edit.setAlignment(Qt::AlignRight | Qt::AlignVCenter);
@@ -61,6 +62,8 @@ QString FieldView::toolTipText() const
     const auto* field = model<controls::Field>();
     if (field && !field->isValid() && !field->lastError().isEmpty())
         return tr("Valore non valido: %1").arg(field->lastError());
+    if (field && !field->isAccepted())
+        return tr("Il valore non è nella forma attesa");
     return ControlView::toolTipText();
 }
 
