@@ -257,7 +257,12 @@ void writeCompanyTables(Connection& c, int company)
                                {QStringLiteral("PA10_DITTA_CG18"), QStringLiteral("PA10_CODPROVSC"),
                                 QStringLiteral("PA10_DESCPROVSC"),
                                 QStringLiteral("PA10_FLGVENACQ")});
+    TableWriter priceLists(c, QStringLiteral("LS01_LISTINI"),
+                           {QStringLiteral("LS01_DITTA_CG18"), QStringLiteral("LS01_NUMLIS"),
+                            QStringLiteral("LS01_DESCRLIS")});
     registers.insert({company, "01", "Fatture di vendita"});
+    priceLists.insert({company, 1, "Listino di vendita"});
+    priceLists.insert({company, 2, "Listino grossisti"});
     if (first) {
         depots.insert({company, "01", "MAGAZZINO CENTRALE", "VIA DELL'INDUSTRIA 5", "20090",
                        "SEGRATE", "MI", "02 2134 5678", "02 2134 5679"});

@@ -111,10 +111,7 @@ void Classificazioni::collega()
         QObject::connect(&f, &Field::decodeRequested, contesto,
                          [this, &c](controls::DecodeArgs& args) { decodifica(c, args); });
         QObject::connect(&f, &Field::lookupRequested, contesto,
-                         [this, &c, &f](controls::LookupArgs& args) {
-                             avviaLista(c, args);
-                             f.setLookupId(m_schermata.decodificatoreClassificazioni()->lookupId());
-                         });
+                         [this, &c, &f](controls::LookupArgs& args) { avviaLista(c, f, args); });
         QObject::connect(&f, &Field::managementKeyPressed, contesto,
                          [this, &c](const QString& chiave) { tastoGestione(c, chiave); });
     }
@@ -140,7 +137,8 @@ void Classificazioni::decodifica(const Campo& campo, controls::DecodeArgs& args)
     }});
 }
 
-void Classificazioni::avviaLista(const Campo& campo, controls::LookupArgs& args) const
+void Classificazioni::avviaLista(const Campo& campo, Field& campoLista,
+                                 controls::LookupArgs& args) const
 {
     host::LookupDecoder& d = decodificatoreRichiesto(m_schermata.decodificatoreClassificazioni());
     // An empty parent goes to the list as two quotes, so that it filters on no code at all.
@@ -148,6 +146,7 @@ void Classificazioni::avviaLista(const Campo& campo, controls::LookupArgs& args)
         d.setParameter(g.parametro, NvlN(testo(g.campo), QStringLiteral("''")));
     d.prepareLookup(campo.definizione, 0);
     rispostaLista(d, args, m_schermata.Gstr_Connect());
+    campoLista.setLookupId(d.lookupId());
 }
 
 void Classificazioni::tastoGestione(const Campo& campo, const QString& chiave)

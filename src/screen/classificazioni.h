@@ -59,7 +59,8 @@ public:
 
 private:
     void decodifica(const Campo& campo, controls::DecodeArgs& args) const;
-    void avviaLista(const Campo& campo, controls::LookupArgs& args) const;
+    void avviaLista(const Campo& campo, controls::Field& campoLista,
+                    controls::LookupArgs& args) const;
     void tastoGestione(const Campo& campo, const QString& chiave);
     // Opens the management on the branch of the group's selector and writes back the codes
     // chosen; reported under `procedura`, or with errors ignored when it is empty.

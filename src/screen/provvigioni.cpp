@@ -156,6 +156,7 @@ void Provvigioni::CBO_REGPROV_Click(const db::Value& codice)
             } else {
                 priorita.setEnabled(false);
                 priorita.setText(QString());
+                // Written only when it differs: a row shown with 0 is not edited for nothing.
                 const db::RecordsetPtr agenti =
                     m_schermata.Grst_GestAnagrafica(FRMMG_AGENTI::Agenti);
                 if (agenti && !agenti->bof() && !agenti->eof() &&
