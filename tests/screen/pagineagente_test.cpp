@@ -254,6 +254,18 @@ TEST_F(PagineAgenteTest, AKeyAlreadyTakenBringsItsRowUpOnlyWhileANewRowIsEntered
     campo(u"TXT_CODSOCIO").setText(QStringLiteral("5"));
     Q_EMIT campo(u"TXT_CODSOCIO").validate(args);
     EXPECT_EQ(soci.status(), FrameStatus::New) << "a free key stays on the new row";
+
+    db().run(QStringLiteral("INSERT INTO MG16_AGENTIMAT (MG16_DITTA_CG18, MG16_IDAGENTE_MG17, "
+                            "MG16_TIPOEFF, MG16_GGMATUR) VALUES (1, ?, 2, 60)"),
+             {agente});
+    schermata().dettagli().ShowChild();
+    frame::GestAnagrafica& maturazione = gestione(FRMMG_AGENTI::Maturazione);
+    auto& tipo = controllo<controls::ComboBox>(u"CBO_TIPOEFF");
+    ASSERT_TRUE(maturazione.addNew());
+    tipo.setValue(2);
+    Q_EMIT tipo.validate(args);
+    EXPECT_EQ(maturazione.status(), FrameStatus::Browse);
+    EXPECT_EQ(campo(u"TXT_GGMAT").text(), QStringLiteral("60"));
 }
 
 TEST_F(PagineAgenteTest, TheExitKeyOnTheLastVanSalesFieldGoesBackOnTheInnerNavigator)
