@@ -124,6 +124,17 @@ QString tentataVenditaDi(qint64 id)
            QString::number(id);
 }
 
+// The route detail's customer field decodes the customer of the row shown.
+QString decodificaCliente(qint64 cliente)
+{
+    return QStringLiteral("SELECT CG16_RAGSOANAG, CG16_INDIRIZZO, CG16_CAP, CG16_CITTA, "
+                          "CG16_PROVINCIA, CG16_CODFISC, ISNULL(CG16_PARTIVA, CG16_CODFISC) AS "
+                          "CG16_PARTIVA FROM CG44_CLIFOR LEFT JOIN CG16_ANAGGEN ON CG16_CODICE = "
+                          "CG44_CODICE_CG16 WHERE CG44_DITTA_CG18 = 1 AND CG44_TIPOCF = 0 AND "
+                          "CG44_CLIFOR = ") +
+           QString::number(cliente);
+}
+
 QString giriDi(qint64 id)
 {
     return QStringLiteral("SELECT ROW_NUMBER() OVER (ORDER BY MG1I_DITTA_CG18) AS ID, * FROM "
@@ -153,16 +164,18 @@ TEST_F(DettagliTest, ShowChildLoadsEveryDetailOfTheAgentAndPutsItsFirstRouteOnVi
         maturazioneDi(agente),
         tentataVenditaDi(agente),
         giriDi(agente),
+        decodificaCliente(10),
         QStringLiteral("SELECT DISTINCT MG1H_GIRO, MG1H_DESCRIZIONE FROM MG1I_DETTAGLIOGIRI WITH "
                        "(NOLOCK)  INNER JOIN MG1H_GIRI WITH (NOLOCK)     ON  MG1I_DITTA_CG18 = "
                        "MG1H_DITTA_CG18     AND MG1H_GIRO = MG1I_GIRO_MG1H  WHERE MG1I_DITTA_CG18 "
                        "= 1   AND MG1I_IDAGENTE_MG17 = ") +
             QString::number(agente),
         giriDi(agente) + QStringLiteral(" AND MG1I_GIRO_MG1H = 'G01'"),
+        decodificaCliente(10),
     };
     EXPECT_EQ(istruzioni(), attese);
     EXPECT_EQ(schermata().Gstr_GestAnagrafica(FRMMG_AGENTI::Soci), sociDi(agente));
-    EXPECT_EQ(schermata().Gstr_GestAnagrafica(FRMMG_AGENTI::DettaglioGiri), attese.last());
+    EXPECT_EQ(schermata().Gstr_GestAnagrafica(FRMMG_AGENTI::DettaglioGiri), attese.at(6));
 
     EXPECT_EQ(righe(FRMMG_AGENTI::Soci)->recordCount(), 2);
     EXPECT_EQ(controllo<controls::Grid>(u"GRID_AGENTISOCI").rowCount(), 2);
