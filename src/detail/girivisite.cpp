@@ -317,12 +317,8 @@ void GiriVisite::GRD_DETTAGLIOGIRI_CellText(controls::CellTextArgs& args)
         [&] {
             if (NvlN(args.text, QString()).toString().isEmpty())
                 return Flow::Leave;
-            host::LookupDecoder& clienti =
-                decodificatore(m_schermata.decodificatoreClienti(), "LKP_CLIENTI");
-            clienti.prepareDecoding(DefinizioneClienti, args.value, QStringLiteral("TXT_C_RAGSOC"));
-            const db::ResultSet cliente = m_schermata.connessione().query(clienti.query());
-            args.text = cliente.rows.isEmpty() ? QString()
-                                               : RTrimN(cliente.rows.first().value(0)).toString();
+            args.text = descrizioneDecodificata(m_schermata, m_schermata.decodificatoreClienti(),
+                                                DefinizioneClienti, args.value);
             return Flow::Next;
         },
     });

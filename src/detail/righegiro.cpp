@@ -168,8 +168,11 @@ void RigheGiro::TXT_CLIENTE_GotFocus()
 // A customer typed over another has no destination yet.
 void RigheGiro::TXT_CLIENTE_LostFocus()
 {
-    if (m_schermata.controllo<controls::Field>(u"TXT_CLIENTE").text() != m_clienteAllIngresso)
-        m_schermata.controllo<controls::Field>(u"TXT_MG1I_CODDEST_MG22").setText(QString());
+    if (m_schermata.controllo<controls::Field>(u"TXT_CLIENTE").text() == m_clienteAllIngresso)
+        return;
+    auto& destinazione = m_schermata.controllo<controls::Field>(u"TXT_MG1I_CODDEST_MG22");
+    destinazione.setText(QString());
+    destinazione.decode();
 }
 
 void RigheGiro::TXT_CLIENTE_Decode(controls::DecodeArgs& args)
