@@ -1,5 +1,6 @@
 #include "platform/controls/connectionpool.h"
 #include "platform/controls/field.h"
+#include "platform/controls/navigatorbar.h"
 #include "platform/frame/frameeventargs.h"
 #include "schermatafixture.h"
 #include "src/detail/clientigiro.h"
@@ -7,6 +8,7 @@
 #include "src/detail/dettagliagente.h"
 #include "src/detail/girivisite.h"
 #include "src/detail/ordinegiro.h"
+#include "src/detail/righegiro.h"
 #include "src/host/errorlog.h"
 #include "src/host/warehouseconnection.h"
 
@@ -79,6 +81,13 @@ protected:
             visti << QStringLiteral("%1@%2").arg(lettore->value(u"MG1I_CLIFOR_CG44").toString(),
                                                  lettore->value(u"MG1I_PROGRESSIVO").toString());
         return visti;
+    }
+    // Puts a route on view as typing it in TXT_GIRO and leaving would.
+    void suGiro(const QString& codice)
+    {
+        controllo<controls::Field>(u"TXT_GIRO").setText(codice);
+        giri().prendiGiroDalCampo();
+        giri().Refresh_VF_MG1H(true);
     }
     void nuovoCliente(int cliente)
     {
@@ -161,9 +170,7 @@ TEST_F(GiriTest, ARowWithoutARouteOnViewIsRefusedAndOneWithoutACustomerPassesUnn
 TEST_F(GiriTest, TheFirstCustomerOfAnEmptyRouteIsFirstAndTheNextAfterTheLast)
 {
     apriSuAgente();
-    controllo<controls::Field>(u"TXT_GIRO").setText(QStringLiteral("G02"));
-    giri().prendiGiroDalCampo();
-    giri().Refresh_VF_MG1H(true);
+    suGiro(QStringLiteral("G02"));
     nuovoCliente(11);
     ASSERT_TRUE(tappe().save());
     nuovoCliente(12);
@@ -240,6 +247,56 @@ TEST_F(GiriTest, ARouteHandedBackGoesOnViewAndOtherOperationsDoNothing)
     EXPECT_EQ(controllo<controls::Field>(u"TXT_GIRO").text(), QStringLiteral("G02"));
     EXPECT_EQ(giri().GiroCorrente(), QStringLiteral("G02"));
     EXPECT_EQ(ordine(), QStringList{QStringLiteral("11@1")});
+}
+
+// A row being entered that is refused and only taken back stays in entry: nothing is
+// deleted. Back on a stored row, the route on view is emptied and the others are kept.
+TEST_F(GiriTest, ClearingTheRouteStopsAtARefusedNewRowAndOtherwiseDeletesTheRouteOnViewOnly)
+{
+    tappa(agente, QStringLiteral("G01"), 1, 10);
+    tappa(agente, QStringLiteral("G01"), 2, 11);
+    tappa(agente, QStringLiteral("G02"), 1, 12);
+    apriSuAgente();
+    nuovoCliente(10);
+    prompts.queue(services::PromptAnswer::button(host::Ok));
+    prompts.queue(services::PromptAnswer::button(host::Yes));
+    giri().righe().CMD_AZZERRAGIRO_ButtonClick();
+    ASSERT_EQ(prompts.history().size(), 2);
+    EXPECT_EQ(tappe().status(), frame::FrameStatus::New);
+    EXPECT_FALSE(controllo<controls::NavigatorBar>(u"INTERNAV").changeIndicator());
+
+    ASSERT_TRUE(tappe().moveFirst());
+    giri().righe().CMD_AZZERRAGIRO_ButtonClick();
+    EXPECT_EQ(righe()->recordCount(), 0);
+    EXPECT_TRUE(controllo<controls::NavigatorBar>(u"INTERNAV").changeIndicator());
+    tappe().updateBatch();
+    const db::ResultSet rimasti =
+        db().query(QStringLiteral("SELECT MG1I_CLIFOR_CG44 FROM MG1I_DETTAGLIOGIRI"));
+    ASSERT_EQ(rimasti.rows.size(), 1);
+    EXPECT_EQ(rimasti.rows.first().value(0).toInt64(), 12);
+}
+
+// A "never" given to the question about another agent's route also refuses the same
+// customer with a destination, without asking.
+TEST_F(GiriTest, ANeverAboutAnotherAgentsRouteRefusesTheDestinationCaseWithoutAsking)
+{
+    tappa(altro, QStringLiteral("G02"), 1, 12);
+    tappa(altro, QStringLiteral("G02"), 2, 12, QStringLiteral("D1"));
+    apriSuAgente();
+    suGiro(QStringLiteral("G01"));
+    nuovoCliente(12);
+    prompts.queue(services::PromptAnswer::question(services::QuestionAnswer::Mai));
+    EXPECT_FALSE(tappe().save());
+    ASSERT_FALSE(prompts.history().isEmpty());
+    EXPECT_EQ(prompts.history().last().text,
+              QStringLiteral("Il cliente 12 - CLIENTE 12 è già presente nel giro G02 - Giro G02 "
+                             "dell'agente A002 - AGENTE A002. Inserirlo comunque?"));
+
+    const qsizetype chiesti = prompts.history().size();
+    controllo<controls::Field>(u"TXT_MG1I_CODDEST_MG22").setText(QStringLiteral("D1"));
+    EXPECT_FALSE(tappe().save());
+    EXPECT_EQ(prompts.history().size(), chiesti);
+    EXPECT_EQ(tappe().status(), frame::FrameStatus::New);
 }
 
 } // namespace
