@@ -212,9 +212,14 @@ void ControlloRigaGiro::FME_GestAnagrafica5_BeforeUpdate(frame::CancelArgs& args
             },
             [&] {
                 const bool accettato = domanda(1, [&]() -> std::optional<QString> {
-                    if (rs->recordCount() < 1 ||
-                        !ClienteGiaPresente(cliente,
-                                            RTrimN(rs->value(u"MG1I_GIRO_MG1H")).toString(), dest))
+                    const db::RecordsetPtr tutte = rs->clone();
+                    tutte->setFilter(QString());
+                    tutte->setSort(QStringLiteral("MG1I_CLIFOR_CG44, MG1I_GIRO_MG1H"));
+                    if (tutte->recordCount() < 1)
+                        return std::nullopt;
+                    tutte->moveFirst();
+                    if (!ClienteGiaPresente(
+                            cliente, RTrimN(tutte->value(u"MG1I_GIRO_MG1H")).toString(), dest))
                         return std::nullopt;
                     descrizione = descrizioneCliente(cliente);
                     return dest.isEmpty() ? catalogo(AltroGiro, {testo(cliente), descrizione})
