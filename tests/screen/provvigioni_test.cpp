@@ -240,6 +240,11 @@ TEST_F(Provvigioni, ThePriorityTableIsKeptInTheRowByItsId)
     EXPECT_TRUE(gestione(FRMMG_AGENTI::Agenti).secondChangeFlag());
     EXPECT_EQ(campo(u"TXT_TABPRIORITA_DESCR").text(), QStringLiteral("Prima"));
 
+    controls::LookupArgs elenco;
+    Q_EMIT campo(u"TXT_TABPRIORITA").lookupRequested(elenco);
+    EXPECT_TRUE(elenco.sql.contains(u"FROM LP09_TESTATAPRIORITA"));
+    EXPECT_EQ(campo(u"TXT_TABPRIORITA").lookupId(), QStringLiteral("Lkp_TabPriorita"));
+
     // A code no table has is stored as 0, without a word.
     const qsizetype prompts0 = prompts.history().size();
     digita(u"TXT_TABPRIORITA", QStringLiteral("NONE"));
