@@ -218,22 +218,25 @@ void DettagliAgente::chiaveNuovaRiga(int numero, int fenm_operationresult)
     righe->setValue(d.colonna("_IDAGENTE_MG17"), MG17_IDAGENTE(m_schermata));
 }
 
-bool DettagliAgente::limiteSoci(double& limite) const
+std::optional<bool> DettagliAgente::sottoLimiteSoci() const
 {
     const db::Value testo = RTrimN(m_schermata.controllo<controls::Field>(u"TXT_NUMSOCI").text());
     if (testo.toString().isEmpty())
-        return false;
-    limite = CDecN(testo).toDouble();
-    return true;
+        return std::nullopt;
+    const db::RecordsetPtr soci = m_schermata.Grst_GestAnagrafica(FRMMG_AGENTI::Soci);
+    const qint64 righe = soci ? soci->recordCount() : 0;
+    return db::Decimal(righe) < CDecN(testo).toDecimal();
+}
+
+void DettagliAgente::ricalcolaSociAggiungibili()
+{
+    if (const std::optional<bool> sotto = sottoLimiteSoci())
+        setSociAggiungibili(*sotto);
 }
 
 void DettagliAgente::FME_GestAnagrafica2_AfterDelete()
 {
-    double limite = 0;
-    if (!limiteSoci(limite))
-        return;
-    const auto righe = double(m_schermata.Grst_GestAnagrafica(FRMMG_AGENTI::Soci)->recordCount());
-    setSociAggiungibili(righe < limite);
+    ricalcolaSociAggiungibili();
 }
 
 void DettagliAgente::FME_GestAnagrafica2_AfterUndo(int fenm_operationresult)
@@ -352,12 +355,10 @@ void DettagliAgente::FME_GestAnagrafica2_UpdateBatchAll()
 
 void DettagliAgente::GRIDNAV_AGENTISOCI_BeforeButtonClick(controls::NavigatorButtonArgs& args)
 {
-    double limite = 0;
-    if (args.key != New || !limiteSoci(limite))
+    if (args.key != New || !sottoLimiteSoci())
         return;
     m_schermata.FME_GestAnagrafica(FRMMG_AGENTI::Soci)->confirmPendingChanges(true, true, false);
-    const auto righe = double(m_schermata.Grst_GestAnagrafica(FRMMG_AGENTI::Soci)->recordCount());
-    if (righe < limite) {
+    if (sottoLimiteSoci().value_or(true)) {
         setSociAggiungibili(true);
         return;
     }

@@ -2,6 +2,7 @@
 
 #include <QString>
 #include <memory>
+#include <optional>
 
 namespace tarvello::controls {
 struct CellTextArgs;
@@ -41,6 +42,9 @@ public:
     // A new partner row may be added; the setter also tells the partners' navigator.
     bool SociAggiungibili() const { return m_sociAggiungibili; }
     void setSociAggiungibili(bool aggiungibili);
+    // With a declared number of partners, a partner may be added while fewer are held;
+    // without one nothing changes.
+    void ricalcolaSociAggiungibili();
     // The code of the route whose detail is on view, right-trimmed; empty when none.
     const QString& GiroCorrente() const;
     GiriVisite& giri() const { return *m_giri; }
@@ -62,8 +66,9 @@ private:
     void GRIDNAV_AGENTISOCI_BeforeButtonClick(controls::NavigatorButtonArgs& args);
     void GRIDNAV_AfterButtonClick(bool success, const QString& pulsante, const QString& fuoco);
     void GRID_AGENTIMAT_CellText(controls::CellTextArgs& args);
-    // TXT_NUMSOCI's value when it holds one; the partners then have a limit.
-    bool limiteSoci(double& limite) const;
+    // Whether the partners held are fewer than TXT_NUMSOCI says; none when it is empty (no
+    // limit).
+    std::optional<bool> sottoLimiteSoci() const;
 
     FRMMG_AGENTI& m_schermata;                        // Not owned: the screen owns this.
     std::unique_ptr<GiriVisite> m_giri;               // Owned.

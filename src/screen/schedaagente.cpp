@@ -211,13 +211,7 @@ void SchedaAgente::FME_GestAnagrafica1_AfterUndo(int fenm_operationresult)
             righe->requery();
         soci.refresh(QString());
     }
-    const db::Value numeroSoci = RTrimN(testo(u"TXT_NUMSOCI"));
-    if (numeroSoci.toString().isEmpty())
-        return;
-    const db::RecordsetPtr righe = soci.recordset();
-    const qsizetype presenti = righe ? righe->recordCount() : 0;
-    m_schermata.dettagli().setSociAggiungibili(db::Decimal(qint64(presenti)) <
-                                               CDecN(numeroSoci).toDecimal());
+    m_schermata.dettagli().ricalcolaSociAggiungibili();
 }
 
 void SchedaAgente::FME_GestAnagrafica1_AfterUpdate(int fenm_operationresult)
