@@ -120,8 +120,7 @@ void ClientiGiro::Gcls_ConnectMagazzino_DataTransfer(const host::WarehouseTransf
     ignoreEachStep({
         [&] {
             if (dati.operation == host::WarehouseTransfer::Route) {
-                m_schermata.controllo<controls::Field>(u"TXT_GIRO").setText(dati.value.toString());
-                m_giri.prendiGiroDalCampo();
+                m_giri.mostraGiro(dati.value.toString());
                 m_giri.Refresh_VF_MG1H(false);
             } else if (dati.operation == host::WarehouseTransfer::Customers) {
                 m_elencoClienti = dati.recordset;

@@ -164,8 +164,7 @@ void DettagliAgente::ClearChild()
         const QString sql = d.vuoto();
         riapriDettaglio(m_schermata, d.gestione, sql, sql);
     }
-    m_schermata.controllo<controls::Field>(u"TXT_GIRO").setText(QString());
-    m_giri->prendiGiroDalCampo();
+    m_giri->mostraGiro(QString());
     m_giri->Refresh_VF_MG1H(false);
     m_giri->TeminateElencoGiri();
 }

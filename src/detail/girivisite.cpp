@@ -81,9 +81,16 @@ void GiriVisite::prendiGiroDalCampo()
     m_giroCorrente = RTrimN(m_schermata.controllo<controls::Field>(u"TXT_GIRO").text()).toString();
 }
 
-void GiriVisite::ImpostaElencoGiri()
+void GiriVisite::mostraGiro(const QString& codice)
 {
     auto& giro = m_schermata.controllo<controls::Field>(u"TXT_GIRO");
+    giro.setText(codice);
+    giro.decode();
+    prendiGiroDalCampo();
+}
+
+void GiriVisite::ImpostaElencoGiri()
+{
     db::ResultSet giri;
     reportWithChoice(
         m_schermata.errori(), QStringLiteral("ImpostaElencoGiri"),
@@ -113,13 +120,12 @@ void GiriVisite::ImpostaElencoGiri()
             },
             [&] {
                 if (m_elencoGiri->bof() && m_elencoGiri->eof()) {
-                    giro.setText(QString());
+                    mostraGiro(QString());
                 } else {
                     m_elencoGiri->moveFirst();
-                    giro.setText(m_elencoGiri->value(u"MG1H_GIRO").toString());
+                    mostraGiro(m_elencoGiri->value(u"MG1H_GIRO").toString());
                 }
             },
-            [&] { prendiGiroDalCampo(); },
             [&] { m_schermata.controllo<controls::Grid>(u"GRD_GIRI").setDataSource(m_elencoGiri); },
             [&] { m_controllo->AzzeraRisposte(); },
         });
@@ -205,10 +211,9 @@ void GiriVisite::GRD_GIRI_Click()
                                  RTrimN(m_elencoGiri->value(u"MG1H_GIRO")).toString();
                              if (codice.isEmpty())
                                  return Flow::Leave;
-                             m_schermata.controllo<controls::Field>(u"TXT_GIRO").setText(codice);
+                             mostraGiro(codice);
                              return Flow::Next;
                          },
-                         [&] { prendiGiroDalCampo(); },
                          [&] { Refresh_VF_MG1H(false); },
                      });
 }

@@ -35,6 +35,9 @@ public:
     const QString& GiroCorrente() const { return m_giroCorrente; }
     // The route on view becomes the right-trimmed text of TXT_GIRO.
     void prendiGiroDalCampo();
+    // Puts a route on view by code: TXT_GIRO shows it with its description, and it becomes
+    // the route on view.
+    void mostraGiro(const QString& codice);
     // The routes the agent has customers on; none before the first ImpostaElencoGiri.
     db::RecordsetPtr Grst_ElencoGiri() const { return m_elencoGiri; }
 

@@ -170,12 +170,14 @@ TEST_F(DettagliTest, ShowChildLoadsEveryDetailOfTheAgentAndPutsItsFirstRouteOnVi
                        "MG1H_DITTA_CG18     AND MG1H_GIRO = MG1I_GIRO_MG1H  WHERE MG1I_DITTA_CG18 "
                        "= 1   AND MG1I_IDAGENTE_MG17 = ") +
             QString::number(agente),
+        QStringLiteral("SELECT MG1H_DESCRIZIONE FROM MG1H_GIRI WHERE MG1H_DITTA_CG18 = 1 AND "
+                       "MG1H_GIRO = 'G01'"),
         giriDi(agente) + QStringLiteral(" AND MG1I_GIRO_MG1H = 'G01'"),
         decodificaCliente(10),
     };
     EXPECT_EQ(istruzioni(), attese);
     EXPECT_EQ(schermata().Gstr_GestAnagrafica(FRMMG_AGENTI::Soci), sociDi(agente));
-    EXPECT_EQ(schermata().Gstr_GestAnagrafica(FRMMG_AGENTI::DettaglioGiri), attese.at(6));
+    EXPECT_EQ(schermata().Gstr_GestAnagrafica(FRMMG_AGENTI::DettaglioGiri), attese.at(7));
 
     EXPECT_EQ(righe(FRMMG_AGENTI::Soci)->recordCount(), 2);
     EXPECT_EQ(controllo<controls::Grid>(u"GRID_AGENTISOCI").rowCount(), 2);
@@ -184,6 +186,8 @@ TEST_F(DettagliTest, ShowChildLoadsEveryDetailOfTheAgentAndPutsItsFirstRouteOnVi
 
     EXPECT_EQ(dettagli().GiroCorrente(), QStringLiteral("G01"));
     EXPECT_EQ(controllo<controls::Field>(u"TXT_GIRO").text(), QStringLiteral("G01"));
+    EXPECT_EQ(controllo<controls::Field>(u"TXT_DESCGIRO").text(),
+              QStringLiteral("Giro del lunedì"));
     EXPECT_EQ(controllo<controls::Grid>(u"GRD_GIRI").rowCount(), 2);
     EXPECT_EQ(controllo<controls::Grid>(u"GRD_DETTAGLIOGIRI").rowCount(), 2);
     EXPECT_EQ(righe(FRMMG_AGENTI::DettaglioGiri)->pendingCount(), 0)
@@ -197,6 +201,8 @@ TEST_F(DettagliTest, ShowChildLoadsEveryDetailOfTheAgentAndPutsItsFirstRouteOnVi
             : 0;
     ASSERT_TRUE(elenco.clickRow(secondo));
     EXPECT_EQ(dettagli().GiroCorrente(), QStringLiteral("G02"));
+    EXPECT_EQ(controllo<controls::Field>(u"TXT_DESCGIRO").text(),
+              QStringLiteral("Giro del martedì"));
     EXPECT_EQ(controllo<controls::Grid>(u"GRD_DETTAGLIOGIRI").rowCount(), 1);
 }
 
