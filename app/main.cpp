@@ -98,6 +98,8 @@ int main(int argc, char** argv)
         const gui::ShellWindow::ModuleEntry agents{QStringLiteral("Anagrafica agenti"),
                                                    script::agentsModuleIdentifier()};
         window.addModule(agents);
+        window.addModule(
+            {QStringLiteral("Stampa agenti"), QStringLiteral("Brendolo.CLSMG_STAGENTI"), true});
         window.addScreenLayout(QStringLiteral("FRMMG_AGENTI"), agentsLayout);
         window.show();
         if (!arguments.screenshotFile.isEmpty())

@@ -186,6 +186,10 @@ ScreenWindow* ShellWindow::openModule(const ModuleEntry& entry)
     host::CalledModule* module = nullptr;
     try {
         module = &m_host.openModule(entry.identifier, entry.caption, statusBar());
+        if (entry.windowless) {
+            m_host.releaseModule(*module);
+            return nullptr;
+        }
         controls::Form* form = ScreenWindow::formOf(*module);
         if (!form || !form->isLoaded())
             throw BindingError(

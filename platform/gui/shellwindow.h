@@ -38,6 +38,8 @@ public:
     struct ModuleEntry {
         QString caption;    // the menu item, and the screen's caption
         QString identifier; // the module's programmatic identifier
+        // The module does its work within ShowForm and opens no screen (a printout).
+        bool windowless = false;
     };
 
     // lookups: what opens the lookup lists of the screens' fields; not owned.

@@ -11,7 +11,9 @@
 #include "widgettesting.h"
 
 #include <QComboBox>
+#include <QFileInfo>
 #include <QTabWidget>
+#include <QTemporaryDir>
 #include <QToolButton>
 #include <gtest/gtest.h>
 
@@ -124,6 +126,27 @@ TEST(ShellWindowTest, FrameButtonsWaitForAScreenAndAnUnknownModuleIsToldNotOpene
     ASSERT_EQ(prompts.history().size(), 1);
     EXPECT_EQ(prompts.history().first().style, 16);
     EXPECT_EQ(host.openModuleCount(), 0);
+}
+
+TEST(ShellWindowTest, AWindowlessModuleDoesItsWorkAndIsLetGoWithoutAComplaint)
+{
+    test::TestDatabase database(test::databaseTargets().front());
+    db::createSchema(database.connection());
+    db::populateDemoData(database.connection());
+    services::ScriptedPrompts prompts;
+    ShellHost host(prompts, database.connectionString());
+    ShellWindow window(host, nullptr);
+    QTemporaryDir folder;
+    const QString pdf = folder.filePath(QStringLiteral("agenti.pdf"));
+    prompts.queue(services::PromptAnswer::file(pdf));
+
+    EXPECT_EQ(window.openModule({QStringLiteral("Stampa agenti"),
+                                 QStringLiteral("Brendolo.CLSMG_STAGENTI"), true}),
+              nullptr);
+    EXPECT_TRUE(QFileInfo(pdf).size() > 0) << "every agent of the company printed";
+    EXPECT_EQ(host.openModuleCount(), 0);
+    for (const services::PromptRecord& prompt : prompts.history())
+        EXPECT_NE(prompt.style, 16) << prompt.text.toStdString();
 }
 
 } // namespace
