@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/services/modulecontract.h"
+#include "src/host/modulecontract.h"
 #include "src/host/stampaagenti.h"
 
 namespace tarvello::services {
@@ -11,7 +11,7 @@ class UserPrompts;
 // agent of the current company, it reads them through the host's connection, prints them to
 // a PDF file where the person says, and shows the file. A company without the agents asked
 // for, or a file that cannot be written, gets a message instead.
-class AgentsPrintoutModule final : public ModuleContract, public host::AgentsPrintout {
+class AgentsPrintoutModule final : public host::ModuleContract, public host::AgentsPrintout {
 public:
     explicit AgentsPrintoutModule(UserPrompts& prompts)
         : m_prompts(prompts)

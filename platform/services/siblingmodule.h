@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/services/modulecontract.h"
 #include "src/host/calledmodule.h"
+#include "src/host/modulecontract.h"
 
 namespace tarvello::services {
 
@@ -11,7 +11,7 @@ class UserPrompts;
 // commission-on-discount tables): its screen is a prompt, and what the person chooses there
 // is handed back through DataTransfer as an array (a code handed back as element 0, or the
 // codes chosen). Its contract members only store their values.
-class SiblingModule final : public ModuleContract, public host::CalledModule {
+class SiblingModule final : public host::ModuleContract, public host::CalledModule {
 public:
     SiblingModule(QString name, UserPrompts& prompts);
 

@@ -43,8 +43,11 @@ CLSMG_AGENTI* asClass(host::Cinterface* module)
 
 CLSMG_AGENTI::CLSMG_AGENTI(AgentiScreenFactory screens)
     : m_screenFactory(std::move(screens))
-    , m_activeDll(this)
-{}
+{
+    // The window position is a 32-bit number here, 0 until the host sets it.
+    ModuleContract::setTop(0);
+    ModuleContract::setLeft(0);
+}
 
 CLSMG_AGENTI::~CLSMG_AGENTI()
 {
@@ -54,31 +57,31 @@ CLSMG_AGENTI::~CLSMG_AGENTI()
 
 void CLSMG_AGENTI::setActiveNavigator(host::Navigator* navigator)
 {
-    if (m_activeNavigator)
-        m_activeNavigator->events().unsubscribe(this);
-    m_activeNavigator = navigator;
-    if (m_activeNavigator)
-        m_activeNavigator->events().subscribe(this);
+    if (ActiveNavigator())
+        ActiveNavigator()->events().unsubscribe(this);
+    ModuleContract::setActiveNavigator(navigator);
+    if (navigator)
+        navigator->events().subscribe(this);
 }
 
 void CLSMG_AGENTI::setWindowState(qint32 value)
 {
-    ignoreEachStep({[&] { m_windowState = db::Value(value).toShort(); }});
+    ignoreEachStep({[&] { ModuleContract::setWindowState(db::Value(value).toShort()); }});
 }
 
 void CLSMG_AGENTI::setProgramMode(qint32 value)
 {
-    ignoreEachStep({[&] { m_programMode = db::Value(value).toShort(); }});
+    ignoreEachStep({[&] { ModuleContract::setProgramMode(db::Value(value).toShort()); }});
 }
 
 void CLSMG_AGENTI::setTop(const db::Value& value)
 {
-    ignoreEachStep({[&] { m_top = value.toInt(); }});
+    ignoreEachStep({[&] { ModuleContract::setTop(value.toInt()); }});
 }
 
 void CLSMG_AGENTI::setLeft(const db::Value& value)
 {
-    ignoreEachStep({[&] { m_left = value.toInt(); }});
+    ignoreEachStep({[&] { ModuleContract::setLeft(value.toInt()); }});
 }
 
 db::Value CLSMG_AGENTI::ShowForm()
@@ -90,18 +93,18 @@ db::Value CLSMG_AGENTI::ShowForm()
             m_screen = &richiesto(created.get(), "FRMMG_AGENTI");
             m_screens.push_back(std::move(created));
         },
-        [&] { screen().setActiveInterface(m_activeDll); },
-        [&] { screen().setActiveClass(asClass(m_activeDll)); },
-        [&] { screen().setWindowState(m_windowState); },
-        [&] { screen().setTitle(titleText(m_caption)); },
-        [&] { screen().show(m_windowModal); },
+        [&] { screen().setActiveInterface(ActiveDll()); },
+        [&] { screen().setActiveClass(asClass(ActiveDll())); },
+        [&] { screen().setWindowState(WindowState()); },
+        [&] { screen().setTitle(titleText(Caption())); },
+        [&] { screen().show(WindowModal()); },
     });
     return {};
 }
 
 bool CLSMG_AGENTI::attivo() const
 {
-    return m_activeDll && m_activeDll->IsActive();
+    return ActiveDll() && ActiveDll()->IsActive();
 }
 
 AgentiScreen& CLSMG_AGENTI::schermata() const
@@ -125,7 +128,7 @@ void CLSMG_AGENTI::BeforeChangeDitta(bool& Cancel)
 void CLSMG_AGENTI::ChangeDitta(qint32 /*company*/)
 {
     if (m_screen)
-        m_screen->CambiaDitta(richiesto(m_clsGlobal, "ClsGlobal").company().code);
+        m_screen->CambiaDitta(richiesto(ClsGlobal(), "ClsGlobal").company().code);
 }
 
 void CLSMG_AGENTI::registraSchermata(const std::function<void(QObject*&)>& registra)
@@ -159,13 +162,13 @@ void CLSMG_AGENTI::InitializeScriptObjectModel(host::ScriptObjectModel& ClsScrip
         const QString nome = schermata ? schermata->objectName() : QString();
         ClsScript.registerObject(nome, schermata, 0, TitoloModulo);
     });
-    if (!m_activeFrame)
+    if (!ActiveFrame())
         return;
     // "Name" is the frame's late-bound property for scripts, not its object name, by which
     // the screen finds its frames.
-    m_activeFrame->setProperty("Name", QStringLiteral("DTS_Anagrafica_agenti"));
-    const QString nomeGestione = m_activeFrame->property("Name").toString();
-    QObject* registrata = m_activeFrame;
+    ActiveFrame()->setProperty("Name", QStringLiteral("DTS_Anagrafica_agenti"));
+    const QString nomeGestione = ActiveFrame()->property("Name").toString();
+    QObject* registrata = ActiveFrame();
     ClsScript.registerObject(nomeGestione, registrata, 3, nomeGestione);
 }
 
@@ -209,7 +212,7 @@ void CLSMG_AGENTI::ButtonPressed(bool& cancel, qint32 ButtonPress)
 void CLSMG_AGENTI::CollegaMultimedia()
 {
     // A frame that is missing, of another kind or without rows gives nothing to link.
-    auto* gestione = qobject_cast<frame::GestAnagrafica*>(m_activeFrame.data());
+    auto* gestione = qobject_cast<frame::GestAnagrafica*>(ActiveFrame());
     if (!gestione || !gestione->recordset())
         return;
     db::Value media;
@@ -230,12 +233,12 @@ void CLSMG_AGENTI::CollegaMultimedia()
         [&] {
             if (m_hyperMedia)
                 return;
-            m_hyperMedia = richiesto(m_clsGlobal, "ClsGlobal").objects().newHyperMedia();
+            m_hyperMedia = richiesto(ClsGlobal(), "ClsGlobal").objects().newHyperMedia();
             richiesto(m_hyperMedia.get(), "CHyperMedia").events().subscribe(this);
         },
         [&] { media = richiesto(gestione->recordset().get(), "Recordset").value(ColonnaMedia); },
         [&] {
-            host::GlobalContext& globale = richiesto(m_clsGlobal, "ClsGlobal");
+            host::GlobalContext& globale = richiesto(ClsGlobal(), "ClsGlobal");
             const host::Environment ambiente = globale.environment();
             const qint32 finestra =
                 richiesto(globale.parentWindowModule(), "parentWindowModule").hwndParent();
@@ -248,7 +251,7 @@ void CLSMG_AGENTI::CollegaMultimedia()
 
 void CLSMG_AGENTI::AfterMediaCreate(const db::Value& CodiceMedia)
 {
-    auto* gestione = qobject_cast<frame::GestAnagrafica*>(m_activeFrame.data());
+    auto* gestione = qobject_cast<frame::GestAnagrafica*>(ActiveFrame());
     db::Recordset* righe = gestione ? gestione->recordset().get() : nullptr;
     if (!righe)
         return;

@@ -1,7 +1,7 @@
 #include "platform/controls/field.h"
-#include "platform/services/modulecontract.h"
 #include "schermatafixture.h"
 #include "src/host/errorlog.h"
+#include "src/host/modulecontract.h"
 #include "src/host/stampaagenti.h"
 #include "src/linked/stampa.h"
 
@@ -171,7 +171,7 @@ TEST_F(EventiHost, MultimediaWhileAnotherModuleIsActiveDoesNothing)
 }
 
 // A printout module that notes what the host and the screen had set when it was run.
-class StampaDiProva final : public services::ModuleContract, public host::AgentsPrintout {
+class StampaDiProva final : public host::ModuleContract, public host::AgentsPrintout {
 public:
     struct Visto {
         db::Value codice;

@@ -1,8 +1,8 @@
 #include "platform/controls/field.h"
 #include "platform/controls/menubutton.h"
-#include "platform/services/modulecontract.h"
 #include "schermatafixture.h"
 #include "src/host/calledmodule.h"
+#include "src/host/modulecontract.h"
 #include "src/linked/gestionicollegate.h"
 
 namespace tarvello::test {
@@ -15,7 +15,7 @@ const QString ModuloAnagrafiche = QStringLiteral("Dorvanti.CLSCO_TABANAGGEN");
 
 // A general-registry module that notes what it was opened with and what the host and the
 // screen had set at that moment, then hands back the value it was given (none: nothing).
-class AnagraficheDiProva final : public services::ModuleContract, public host::CalledModule {
+class AnagraficheDiProva final : public host::ModuleContract, public host::CalledModule {
 public:
     struct Visto {
         db::ValueList dati;

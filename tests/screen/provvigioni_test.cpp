@@ -2,9 +2,9 @@
 #include "platform/controls/combobox.h"
 #include "platform/controls/field.h"
 #include "platform/controls/keycodes.h"
-#include "platform/services/modulecontract.h"
 #include "schermatafixture.h"
 #include "src/host/calledmodule.h"
+#include "src/host/modulecontract.h"
 #include "src/screen/provvigioni.h"
 
 namespace tarvello::test {
@@ -17,7 +17,7 @@ using controls::ComboBox;
 const QString ModuloTabProvv = QStringLiteral("Caspello.CLSPA_PROVVSCONTI");
 
 // The discount-tables management: notes what it was opened with and how the host stood.
-class TabProvvDiProva final : public services::ModuleContract, public host::CalledModule {
+class TabProvvDiProva final : public host::ModuleContract, public host::CalledModule {
 public:
     struct Visto {
         db::ValueList dati;

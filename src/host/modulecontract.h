@@ -6,12 +6,12 @@
 #include <QObject>
 #include <QPointer>
 
-namespace tarvello::services {
+namespace tarvello::host {
 
-// The contract of a module of the host whose members only store their values: what the
-// host's own managements share. A module says what its screen is (ShowForm) and what it
-// hands back (TransferData); it forgets itself in the context that ran it when it goes.
-class ModuleContract : public host::Cinterface {
+// The contract members that only store their values, shared by every module: a module says
+// what its screen is (ShowForm) and what it hands back (TransferData), and overrides a member
+// that does more. It forgets itself in the context that ran it when it goes.
+class ModuleContract : public Cinterface {
 public:
     ModuleContract() = default;
     ~ModuleContract() override
@@ -23,14 +23,14 @@ public:
     ModuleContract(const ModuleContract&) = delete;
     ModuleContract& operator=(const ModuleContract&) = delete;
 
-    void setClsGlobal(host::GlobalContext* context) override { m_clsGlobal = context; }
-    host::GlobalContext* ClsGlobal() const override { return m_clsGlobal; }
+    void setClsGlobal(GlobalContext* context) override { m_clsGlobal = context; }
+    GlobalContext* ClsGlobal() const override { return m_clsGlobal; }
     void setActiveFrame(QObject* frame) override { m_activeFrame = frame; }
     QObject* ActiveFrame() const override { return m_activeFrame; }
-    void setActiveNavigator(host::Navigator* navigator) override { m_navigator = navigator; }
-    host::Navigator* ActiveNavigator() const override { return m_navigator; }
-    void setActiveDll(host::Cinterface* module) override { m_activeDll = module; }
-    host::Cinterface* ActiveDll() const override { return m_activeDll; }
+    void setActiveNavigator(Navigator* navigator) override { m_navigator = navigator; }
+    Navigator* ActiveNavigator() const override { return m_navigator; }
+    void setActiveDll(Cinterface* module) override { m_activeDll = module; }
+    Cinterface* ActiveDll() const override { return m_activeDll; }
     void setStatusBar(QObject* statusBar) override { m_statusBar = statusBar; }
     QObject* StatusBar() const override { return m_statusBar; }
     void setCanInsert(bool value) override { m_canInsert = value; }
@@ -65,8 +65,8 @@ public:
     void setTop(const db::Value& value) override { m_top = value; }
     db::Value Left() const override { return m_left; }
     void setLeft(const db::Value& value) override { m_left = value; }
-    void setClsVoceMenu(host::MenuEntry* entry) override { m_menuEntry = entry; }
-    host::MenuEntry* ClsVoceMenu() const override { return m_menuEntry; }
+    void setClsVoceMenu(MenuEntry* entry) override { m_menuEntry = entry; }
+    MenuEntry* ClsVoceMenu() const override { return m_menuEntry; }
     void setIsActive(bool value) override { m_isActive = value; }
     bool IsActive() const override { return m_isActive; }
     void setIsCalled(bool value) override { m_isCalled = value; }
@@ -75,11 +75,11 @@ public:
     db::Value Filtro() const override { return m_filtro; }
 
 private:
-    host::GlobalContext* m_clsGlobal = nullptr; // Not owned.
-    QPointer<QObject> m_activeFrame;            // Not owned.
-    host::Navigator* m_navigator = nullptr;     // Not owned.
-    host::Cinterface* m_activeDll = this;       // Not owned.
-    QPointer<QObject> m_statusBar;              // Not owned.
+    GlobalContext* m_clsGlobal = nullptr; // Not owned.
+    QPointer<QObject> m_activeFrame;      // Not owned.
+    Navigator* m_navigator = nullptr;     // Not owned.
+    Cinterface* m_activeDll = this;       // Not owned.
+    QPointer<QObject> m_statusBar;        // Not owned.
     bool m_canInsert = false;
     bool m_canDelete = false;
     bool m_canUpdate = false;
@@ -95,10 +95,10 @@ private:
     db::Connection* m_connection = nullptr; // Not owned.
     db::Value m_top;
     db::Value m_left;
-    host::MenuEntry* m_menuEntry = nullptr; // Not owned.
+    MenuEntry* m_menuEntry = nullptr; // Not owned.
     bool m_isActive = false;
     bool m_isCalled = false;
     db::Value m_filtro;
 };
 
-} // namespace tarvello::services
+} // namespace tarvello::host
