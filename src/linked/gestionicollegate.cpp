@@ -14,6 +14,7 @@
 #include "src/host/globalcontext.h"
 #include "src/host/hostobjects.h"
 #include "src/host/navigator.h"
+#include "src/linked/modulochiamato.h"
 #include "src/screen/codiciagente.h"
 #include "src/screen/frmmg_agenti.h"
 #include "src/screen/schedaagente.h"
@@ -86,13 +87,7 @@ void GestioniCollegate::GestioneAnagraficheGenerali(const std::optional<db::Valu
             contratto = &m_anagrafiche->contract();
         },
         [&] { m_schermata.modulo().setIsActive(false); },
-        [&] {
-            host::GlobalContext& globale = m_schermata.globale();
-            globale.setActiveModule(contratto);
-            richiesto(globale.activeModule(), "activeModule").setIsActive(true);
-            globale.setSecondModule(contratto);
-            contratto->setIsCalled(true);
-        },
+        [&] { AffidaModulo(m_schermata.globale(), *contratto); },
         [&] { m_anagrafiche->setCallingData(datiAnagrafiche(codice)); },
         [&] {
             m_schermata.globale().startModule(nullptr, ModuloAnagrafiche,
@@ -110,10 +105,7 @@ void GestioniCollegate::GestioneAnagraficheGenerali(const std::optional<db::Valu
     // screen takes the host back as the management's closing would have done.
     if (esito == Outcome::Abandoned && m_anagrafiche) {
         rilasciaAnagrafiche();
-        ignoreEachStep({
-            [&] { m_schermata.modulo().setIsActive(true); },
-            [&] { m_schermata.globale().setActiveModule(m_schermata.ActiveInterface()); },
-        });
+        RiprendiHost(m_schermata);
     }
 }
 

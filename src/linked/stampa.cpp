@@ -3,12 +3,12 @@
 #include "platform/controls/field.h"
 #include "platform/db/runtimeerror.h"
 #include "src/common/errorstyles.h"
-#include "src/common/richiesto.h"
 #include "src/common/valuehelpers.h"
 #include "src/host/cinterface.h"
 #include "src/host/globalcontext.h"
 #include "src/host/navigator.h"
 #include "src/host/stampaagenti.h"
+#include "src/linked/modulochiamato.h"
 #include "src/screen/frmmg_agenti.h"
 
 namespace tarvello::agenti {
@@ -38,10 +38,7 @@ void InvocaStampa(FRMMG_AGENTI& schermata)
 
         schermata.modulo().setIsActive(false);
 
-        globale.setActiveModule(contratto);
-        richiesto(globale.activeModule(), "activeModule").setIsActive(true);
-        globale.setSecondModule(contratto);
-        contratto->setIsCalled(true);
+        AffidaModulo(globale, *contratto);
 
         globale.startModule(nullptr, ModuloStampe, host::startModuleArguments());
 

@@ -19,6 +19,7 @@
 #include "src/host/globalcontext.h"
 #include "src/host/lookupdecoder.h"
 #include "src/host/navigator.h"
+#include "src/linked/modulochiamato.h"
 #include "src/screen/frmmg_agenti.h"
 #include "src/screen/listecodificate.h"
 #include "src/screen/rispostedecodificatore.h"
@@ -403,13 +404,7 @@ void Provvigioni::InvocaGestioneTabProvv()
             contratto = &richiesto(m_tabProvv.get(), "Pcls_TabProvv").contract();
         },
         [&] { m_schermata.modulo().setIsActive(false); },
-        [&] {
-            host::GlobalContext& globale = m_schermata.globale();
-            globale.setActiveModule(contratto);
-            richiesto(globale.activeModule(), "activeModule").setIsActive(true);
-            globale.setSecondModule(contratto);
-            contratto->setIsCalled(true);
-        },
+        [&] { AffidaModulo(m_schermata.globale(), *contratto); },
         [&] {
             m_tabProvv->setCallingData({db::Value(), RTrimN(campo(u"TXT_CODPROVSC").text())});
         },
@@ -430,10 +425,7 @@ void Provvigioni::InvocaGestioneTabProvv()
     // screen takes the host back as the management's closing would have done.
     if (esito == Outcome::Abandoned && m_tabProvv) {
         rilasciaTabProvv();
-        ignoreEachStep({
-            [&] { m_schermata.modulo().setIsActive(true); },
-            [&] { m_schermata.globale().setActiveModule(m_schermata.ActiveInterface()); },
-        });
+        RiprendiHost(m_schermata);
     }
 }
 

@@ -1,0 +1,27 @@
+#include "src/linked/modulochiamato.h"
+
+#include "src/common/errorstyles.h"
+#include "src/common/richiesto.h"
+#include "src/host/cinterface.h"
+#include "src/host/globalcontext.h"
+#include "src/screen/frmmg_agenti.h"
+
+namespace tarvello::agenti {
+
+void AffidaModulo(host::GlobalContext& globale, host::Cinterface& chiamato)
+{
+    globale.setActiveModule(&chiamato);
+    richiesto(globale.activeModule(), "activeModule").setIsActive(true);
+    globale.setSecondModule(&chiamato);
+    chiamato.setIsCalled(true);
+}
+
+void RiprendiHost(FRMMG_AGENTI& schermata)
+{
+    ignoreEachStep({
+        [&] { schermata.modulo().setIsActive(true); },
+        [&] { schermata.globale().setActiveModule(schermata.ActiveInterface()); },
+    });
+}
+
+} // namespace tarvello::agenti
