@@ -37,6 +37,17 @@ protected:
                righe(QStringLiteral("SELECT * FROM MG18_AGENTISOCI"));
     }
 
+    // The commission percent changed to 12 and saved: refused with a message saying why, and
+    // the 12 typed stays.
+    void salvataggioRifiutato(const QString& perche)
+    {
+        ASSERT_TRUE(percentuale().typeText(QStringLiteral("12")));
+        rispondi(host::Ok);
+        EXPECT_FALSE(gestione(FRMMG_AGENTI::Agenti).save());
+        EXPECT_TRUE(ultimoMessaggio().contains(perche)) << ultimoMessaggio().toStdString();
+        EXPECT_EQ(percentuale().text(), QStringLiteral("12"));
+    }
+
     qint64 agente = 0;
 };
 
@@ -56,12 +67,7 @@ TEST_F(DatabaseInaccessibile, ALockRefusesTheDeleteAndTheSaveUntilItIsReleased)
         << ultimoMessaggio().toStdString();
     EXPECT_EQ(agenteESoci(), 2);
 
-    ASSERT_TRUE(percentuale().typeText(QStringLiteral("12")));
-    rispondi(host::Ok);
-    EXPECT_FALSE(gestione(FRMMG_AGENTI::Agenti).save());
-    EXPECT_TRUE(ultimoMessaggio().contains(QStringLiteral("bloccato da un altro utente")))
-        << ultimoMessaggio().toStdString();
-    EXPECT_EQ(percentuale().text(), QStringLiteral("12"));
+    salvataggioRifiutato(QStringLiteral("bloccato da un altro utente"));
 
     altroUtente.rollbackTrans();
     EXPECT_TRUE(gestione(FRMMG_AGENTI::Agenti).save());
@@ -77,12 +83,7 @@ TEST_F(DatabaseInaccessibile, AReadOnlyDatabaseIsBrowsedButRefusesASave)
     host->setConnectionString(QStringLiteral("file:%1?mode=ro").arg(m_database->path()));
     apri();
     ASSERT_TRUE(schermata().isLoaded());
-    ASSERT_TRUE(percentuale().typeText(QStringLiteral("12")));
-    rispondi(host::Ok);
-    EXPECT_FALSE(gestione(FRMMG_AGENTI::Agenti).save());
-    EXPECT_TRUE(ultimoMessaggio().contains(QStringLiteral("sola lettura")))
-        << ultimoMessaggio().toStdString();
-    EXPECT_EQ(percentuale().text(), QStringLiteral("12"));
+    salvataggioRifiutato(QStringLiteral("sola lettura"));
     EXPECT_EQ(righe(QStringLiteral("SELECT * FROM MG17_AGENTI WHERE MG17_PERPROV = 12")), 0);
 }
 
@@ -91,14 +92,9 @@ TEST_F(DatabaseInaccessibile, AReadOnlyDatabaseIsBrowsedButRefusesASave)
 TEST_F(DatabaseInaccessibile, AVanishedDatabaseRefusesASaveAndTheTypedValueStays)
 {
     apri();
-    ASSERT_TRUE(percentuale().typeText(QStringLiteral("12")));
     for (const char* suffix : {"", "-wal", "-shm"})
         QFile::remove(m_database->path() + QLatin1String(suffix));
-    rispondi(host::Ok);
-    EXPECT_FALSE(gestione(FRMMG_AGENTI::Agenti).save());
-    EXPECT_TRUE(ultimoMessaggio().contains(QStringLiteral("spostato o eliminato")))
-        << ultimoMessaggio().toStdString();
-    EXPECT_EQ(percentuale().text(), QStringLiteral("12"));
+    salvataggioRifiutato(QStringLiteral("spostato o eliminato"));
     EXPECT_TRUE(schermata().isLoaded());
 }
 
