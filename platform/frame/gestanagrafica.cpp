@@ -742,7 +742,7 @@ bool GestAnagrafica::deleteRecord()
         return false;
     if (!m_messages.confirmDelete())
         return false;
-    if (!deleteWithEvents([this] { m_recordset->deleteRow(); }, m_shown, true))
+    if (!deleteWithEvents(DeleteScope::ShownRow, true))
         return false;
     std::optional<Bookmark> next = cursorBookmark();
     if (!next && m_recordset->recordCount() > 0) {
@@ -766,21 +766,15 @@ bool GestAnagrafica::deleteRows(bool raiseEvents, bool show, bool ask)
     }
     if (ask && !m_messages.confirmDeleteAll())
         return false;
-    const auto deleteAll = [this] {
-        while (m_recordset->recordCount() > 0) {
-            m_recordset->moveFirst();
-            m_recordset->deleteRow();
-        }
-    };
-    if (!deleteWithEvents(deleteAll, m_shown, raiseEvents))
+    if (!deleteWithEvents(DeleteScope::AllRows, raiseEvents))
         return false;
     finishDelete(std::nullopt, raiseEvents, show);
     return true;
 }
 
-bool GestAnagrafica::deleteWithEvents(const std::function<void()>& deleteRows,
-                                      std::optional<Bookmark> shownBefore, bool raiseEvents)
+bool GestAnagrafica::deleteWithEvents(DeleteScope scope, bool raiseEvents)
 {
+    const std::optional<Bookmark> shownBefore = m_shown;
     // A master's delete is one transaction on its connection, BeforeDelete's own writes
     // (which nest inside it) included: a row and what hangs off it go together or not at all.
     std::optional<db::TransactionGuard> transaction;
@@ -799,9 +793,22 @@ bool GestAnagrafica::deleteWithEvents(const std::function<void()>& deleteRows,
     if (raiseEvents) {
         CancelArgs args;
         placeCursor();
-        if (!raise([&] { Q_EMIT BeforeDelete(args); }) || args.fbol_Cancel || !placeCursor())
+        if (!raise([&] { Q_EMIT BeforeDelete(args); }) || args.fbol_Cancel)
             return false;
     }
+    // The row shown is the one to delete: the handler must have left it there.
+    if (scope == DeleteScope::ShownRow && !placeCursor())
+        return false;
+    const auto deleteRows = [this, scope] {
+        if (scope == DeleteScope::ShownRow) {
+            m_recordset->deleteRow();
+            return;
+        }
+        while (m_recordset->recordCount() > 0) {
+            m_recordset->moveFirst();
+            m_recordset->deleteRow();
+        }
+    };
     return deleteAndWrite(deleteRows, shownBefore, raiseEvents, transaction);
 }
 

@@ -287,8 +287,9 @@ private:
     bool writeRow(bool check, bool show);
     void discardDetailChanges();
     void discardPendingChanges();
-    bool deleteWithEvents(const std::function<void()>& deleteRows,
-                          std::optional<Bookmark> shownBefore, bool raiseEvents);
+    enum class DeleteScope { ShownRow, AllRows };
+    // BeforeDelete, then the rows deleted (and, on a master, written), as one transaction.
+    bool deleteWithEvents(DeleteScope scope, bool raiseEvents);
     bool shownDetailsChanged() const;
     bool deleteAndWrite(const std::function<void()>& deleteRows,
                         std::optional<Bookmark> shownBefore, bool raiseEvents,
