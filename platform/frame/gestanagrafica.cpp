@@ -604,7 +604,7 @@ bool GestAnagrafica::writeRow(bool check, bool show)
         else
             m_recordset->update();
     } catch (const db::RuntimeError& error) {
-        m_messages.saveFailed(error.description());
+        reportSaveFailure(error);
         if (check)
             raise([&] { Q_EMIT AfterUpdate(OperationFailed); });
         return false;
@@ -621,6 +621,28 @@ bool GestAnagrafica::writeRow(bool check, bool show)
     else
         announceState();
     return true;
+}
+
+void GestAnagrafica::reportSaveFailure(const db::RuntimeError& error)
+{
+    // A unique key that another row holds (another user saved the same code first) is told
+    // in the person's terms: the field and the value, which they can change and save again.
+    QStringList key;
+    try {
+        if (placeCursor())
+            key = m_recordset->duplicatedUniqueKey();
+    } catch (const db::RuntimeError&) {
+        key.clear(); // the first error is the one to tell
+    }
+    for (const QString& column : std::as_const(key)) {
+        for (DataControl* control : m_fields.controls()) {
+            if (m_fields.columnOf(control).compare(column, Qt::CaseInsensitive) == 0) {
+                m_messages.valueTaken(captionOf(control), shownValue(column).toString());
+                return;
+            }
+        }
+    }
+    m_messages.saveFailed(error.description());
 }
 
 bool GestAnagrafica::confirmPendingChanges(bool check, bool show, bool ask)
@@ -720,11 +742,7 @@ bool GestAnagrafica::deleteRecord()
         return false;
     if (!m_messages.confirmDelete())
         return false;
-    CancelArgs args;
-    if (!raise([&] { Q_EMIT BeforeDelete(args); }) || args.fbol_Cancel || !placeCursor())
-        return false;
-    const Bookmark deleted = *m_shown;
-    if (!deleteAndWrite([this] { m_recordset->deleteRow(); }, deleted))
+    if (!deleteWithEvents(DeleteScope::ShownRow, true))
         return false;
     std::optional<Bookmark> next = cursorBookmark();
     if (!next && m_recordset->recordCount() > 0) {
@@ -748,38 +766,88 @@ bool GestAnagrafica::deleteRows(bool raiseEvents, bool show, bool ask)
     }
     if (ask && !m_messages.confirmDeleteAll())
         return false;
+    if (!deleteWithEvents(DeleteScope::AllRows, raiseEvents))
+        return false;
+    finishDelete(std::nullopt, raiseEvents, show);
+    return true;
+}
+
+bool GestAnagrafica::deleteWithEvents(DeleteScope scope, bool raiseEvents)
+{
+    const std::optional<Bookmark> shownBefore = m_shown;
+    // A master's delete is one transaction on its connection, BeforeDelete's own writes
+    // (which nest inside it) included: a row and what hangs off it go together or not at all.
+    std::optional<db::TransactionGuard> transaction;
+    if (m_master && m_connection) {
+        try {
+            transaction.emplace(*m_connection);
+            if (shownDetailsChanged()) {
+                m_messages.deleteFailed(m_messages.changedByOthers());
+                return false;
+            }
+        } catch (const db::RuntimeError& error) {
+            m_messages.deleteFailed(error.description());
+            return false;
+        }
+    }
     if (raiseEvents) {
         CancelArgs args;
         placeCursor();
         if (!raise([&] { Q_EMIT BeforeDelete(args); }) || args.fbol_Cancel)
             return false;
     }
-    const auto deleteAll = [this] {
+    // The row shown is the one to delete: the handler must have left it there.
+    if (scope == DeleteScope::ShownRow && !placeCursor())
+        return false;
+    const auto deleteRows = [this, scope] {
+        if (scope == DeleteScope::ShownRow) {
+            m_recordset->deleteRow();
+            return;
+        }
         while (m_recordset->recordCount() > 0) {
             m_recordset->moveFirst();
             m_recordset->deleteRow();
         }
     };
-    if (!deleteAndWrite(deleteAll, m_shown, raiseEvents))
-        return false;
-    finishDelete(std::nullopt, raiseEvents, show);
-    return true;
+    return deleteAndWrite(deleteRows, shownBefore, raiseEvents, transaction);
+}
+
+bool GestAnagrafica::shownDetailsChanged() const
+{
+    // The rows a detail shows are what the person decided on: a row another user added,
+    // changed or removed since (a partner, say) would go unseen with the master.
+    for (const GestAnagrafica* detail : detailFrames()) {
+        const db::RecordsetPtr rows = detail->recordset();
+        if (rows && rows->isOpen() && rows->changedInDatabase())
+            return true;
+    }
+    return false;
 }
 
 bool GestAnagrafica::deleteAndWrite(const std::function<void()>& deleteRows,
-                                    std::optional<Bookmark> shownBefore, bool raiseEvents)
+                                    std::optional<Bookmark> shownBefore, bool raiseEvents,
+                                    std::optional<db::TransactionGuard>& transaction)
 {
-    try {
+    std::optional<QString> failure;
+    {
         const Quiet quiet(*this);
-        deleteRows();
-        if (m_master)
-            m_recordset->updateBatch();
-    } catch (const db::RuntimeError& error) {
-        m_messages.deleteFailed(error.description());
-        if (m_master) {
-            const Quiet quiet(*this);
-            m_recordset->cancelBatch();
+        try {
+            deleteRows();
+            if (m_master)
+                m_recordset->updateBatch();
+            if (transaction)
+                transaction->commit();
+        } catch (const db::RuntimeError& error) {
+            failure = error.description();
+            // Rolled back before anything is shown again: what is shown is what the database
+            // has.
+            transaction.reset();
+            if (m_master)
+                m_recordset->cancelBatch();
         }
+    }
+    if (failure) {
+        m_messages.deleteFailed(*failure);
         const auto back = visible(shownBefore);
         goToRow(back ? back : currentOrFirst(), StatusReason::Refreshed);
         if (raiseEvents)

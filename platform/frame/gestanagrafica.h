@@ -25,6 +25,7 @@ class Navigator;
 namespace tarvello::db {
 class Connection;
 class RuntimeError;
+class TransactionGuard;
 } // namespace tarvello::db
 
 namespace tarvello::services {
@@ -61,11 +62,14 @@ namespace tarvello::frame {
 //
 // Master frame: save checks the registered fields, raises BeforeUpdate, writes the row to
 // the database (insert or update, the identity read back), raises AfterUpdate, then shows the
-// row in status 0. Undo puts back the values read from the database; a new row is dropped and
-// the row shown before it comes back. Delete asks the person (Yes / No, No by default),
-// raises BeforeDelete, deletes the row in the database, raises AfterDelete and shows the next
-// row (or the previous, or none). Undo of a master also drops the pending changes of its
-// attached detail frames.
+// row in status 0; a save another user's row makes break a unique key (the same code) names
+// the field and keeps what was typed. Undo puts back the values read from the database; a new
+// row is dropped and the row shown before it comes back. Delete asks the person (Yes / No, No
+// by default), raises BeforeDelete, deletes the row in the database, raises AfterDelete and
+// shows the next row (or the previous, or none); BeforeDelete and the delete are one
+// transaction, in which the handler's own transaction nests, and a delete of data another
+// user changed since it was shown (the row, or the rows of a detail frame) is refused. Undo of
+// a master also drops the pending changes of its attached detail frames.
 //
 // Detail frame: "Nuovo" adds a row (status 2); "Conferma" checks it, raises BeforeUpdate and
 // keeps the row as a pending change (status 0); "Annulla" takes the row shown back to where
@@ -283,8 +287,14 @@ private:
     bool writeRow(bool check, bool show);
     void discardDetailChanges();
     void discardPendingChanges();
+    enum class DeleteScope { ShownRow, AllRows };
+    // BeforeDelete, then the rows deleted (and, on a master, written), as one transaction.
+    bool deleteWithEvents(DeleteScope scope, bool raiseEvents);
+    bool shownDetailsChanged() const;
     bool deleteAndWrite(const std::function<void()>& deleteRows,
-                        std::optional<Bookmark> shownBefore, bool raiseEvents = true);
+                        std::optional<Bookmark> shownBefore, bool raiseEvents,
+                        std::optional<db::TransactionGuard>& transaction);
+    void reportSaveFailure(const db::RuntimeError& error);
     void finishDelete(std::optional<Bookmark> next, bool raiseEvents, bool show);
     bool moveBy(const std::function<void(db::Recordset&)>& move, bool confirmFirst, bool show);
     std::optional<Bookmark> findInRecordset(const QString& column, const db::Value& key);
