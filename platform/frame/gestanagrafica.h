@@ -57,7 +57,9 @@ namespace tarvello::frame {
 // the last batch save (the batch-save handler clears it). The second flag says the row shown
 // has edits not yet confirmed. An edit of a registered control through the frame (by the
 // person, or by code setting the control) sets the second flag, and on a master frame the
-// first as well. Both flags can be set by code; the change notification sets them.
+// first as well; what a ChangeStatus handler puts into a control bound to no column is the
+// screen showing the row and sets neither. Both flags can be set by code; the change
+// notification sets them.
 //
 // Master frame: save checks the registered fields, raises BeforeUpdate, writes the row to
 // the database (insert or update, the identity read back), raises AfterUpdate, then shows the
@@ -149,7 +151,8 @@ public:
 
     int status() const { return m_status; }
     // 2 adds a new row at once (code may write into it), 1 starts search entry, 0 shows the
-    // recordset's current row. Unconfirmed edits of the row left are dropped, not asked about.
+    // recordset's current row (a new row being entered stays as it is). Unconfirmed edits of
+    // the row left are dropped, not asked about.
     void setStatus(int status);
     bool changeFlag() const { return m_changed; }
     void setChangeFlag(bool changed);
@@ -333,6 +336,8 @@ private:
     int m_bulkDepth = 0;
     int m_quietDepth = 0;
     bool m_writing = false;
+    // ChangeStatus is being raised for the row shown.
+    bool m_announcing = false;
     quint64 m_generation = 0;
 };
 
