@@ -294,10 +294,10 @@ void SchedaAgente::TXT_AGERIFVIDEO1_Validate()
     agente.refreshState();
 }
 
-void SchedaAgente::segnaRiferimentoNonValido()
+void SchedaAgente::segnaRiferimento(bool valido)
 {
-    campo(u"TXT_AGERIF").setValid(false);
-    campo(u"TXT_AGERIFVIDEO1").setValid(false);
+    campo(u"TXT_AGERIF").setValid(valido);
+    campo(u"TXT_AGERIFVIDEO1").setValid(valido);
 }
 
 void SchedaAgente::TXT_AGERIF_Validate()
@@ -305,13 +305,13 @@ void SchedaAgente::TXT_AGERIF_Validate()
     m_agenteRifVariato = false;
     const QString codice = RTrimN(testo(u"TXT_AGERIFVIDEO1")).toString().trimmed();
     if (!codice.isEmpty() && codice == RTrimN(testo(u"TXT_AGENTE")).toString().trimmed()) {
-        segnaRiferimentoNonValido();
+        segnaRiferimento(false);
         return;
     }
     Field& riferimento = campo(u"TXT_AGERIF");
     const std::optional<qint64> id = NumeroIntero(riferimento.text());
     if (!id) {
-        segnaRiferimentoNonValido();
+        segnaRiferimento(false);
         return;
     }
     if (gestione(FRMMG_AGENTI::Agenti).status() == FrameStatus::Browse) {
@@ -320,17 +320,19 @@ void SchedaAgente::TXT_AGERIF_Validate()
             agenti && !agenti->bof() && !agenti->eof()
                 ? NumeroIntero(agenti->originalValue(u"MG17_IDAGERIF_MG17"))
                 : std::optional<qint64>(0);
-        if (letto == id)
+        // Back to the reference stored: whatever an earlier refusal marked is right again.
+        if (letto == id) {
+            segnaRiferimento(true);
             return;
+        }
         if (VerificaRiferimentoCircolare()) {
-            segnaRiferimentoNonValido();
+            segnaRiferimento(false);
             return;
         }
     }
-    riferimento.setValid(true);
-    Field& video = campo(u"TXT_AGERIFVIDEO1");
-    video.setText(*id == 0 ? QString() : CodiceAgenteDaId(m_schermata.connessione(), qint32(*id)));
-    video.setValid(true);
+    campo(u"TXT_AGERIFVIDEO1")
+        .setText(*id == 0 ? QString() : CodiceAgenteDaId(m_schermata.connessione(), qint32(*id)));
+    segnaRiferimento(true);
     AggiornaCapiAreaZona();
     m_agenteRifVariato = true;
 }
