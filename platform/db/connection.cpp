@@ -172,6 +172,7 @@ void Connection::refineColumnKinds(ResultSet& result)
 
 ResultSet Connection::runTranslated(const QString& tsql, bool logAsInternal)
 {
+    m_errors.clear();
     if (m_log.isEnabled())
         m_log.append(tsql, logAsInternal);
     QStringList statements;
@@ -212,6 +213,7 @@ ResultSet Connection::query(const QString& tsql)
 
 ResultSet Connection::run(const QString& sql, const ValueList& parameters)
 {
+    m_errors.clear();
     if (m_log.isEnabled())
         m_log.append(sql, true);
     ResultSet result;

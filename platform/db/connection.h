@@ -54,6 +54,8 @@ public:
     void rollbackTrans();
     int transactionLevel() const { return m_transactionLevel; }
 
+    // The provider errors of the latest statement: each statement starts with none, so a
+    // report of a failure shows that statement's errors and no earlier ones.
     const QList<ProviderError>& errors() const { return m_errors; }
     void clearErrors() { m_errors.clear(); }
     StatementLog& log() { return m_log; }
