@@ -193,7 +193,9 @@ void SchedaAgente::RicercaAnagrafiche()
                     scriviAgente(QStringLiteral("MG17_ANAGEN_CG16"), CDecN(anagrafica));
                 DecodificaCodice(m_schermata.connessione(), anagrafica, m_schermata);
                 campo(u"TXT_RAGSOANAG").setValid(true);
-                if (tipo == GeneralRegistrySearch::AllEntries)
+                if (tipo == GeneralRegistrySearch::AgentsAndFreeEntries)
+                    m_schermata.controllo<controls::ComboBox>(u"CBO_REGPROV").refresh();
+                else
                     campo(u"TXT_AGENTE").setFocus();
                 return Flow::Leave;
             }
@@ -203,7 +205,7 @@ void SchedaAgente::RicercaAnagrafiche()
             else
                 m_rispostaNuovaAnagrafica = short(m_schermata.Gcls_Log()->message(
                     m_schermata.globale().messages().message(DomandaNuovaAnagrafica, {}),
-                    StileSiNoInformazione, QStringLiteral("Ricerca anagrafiche")));
+                    StileSiNoInformazione, QString()));
             return Flow::Next;
         },
     });
