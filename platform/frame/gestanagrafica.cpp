@@ -684,7 +684,7 @@ bool GestAnagrafica::dropPendingRow(bool raiseEvents, bool show, bool ask)
             restoreSnapshot();
             if (m_master)
                 discardDetailChanges();
-            showRow(StatusReason::Refreshed, show);
+            showRow(StatusReason::Restored, show);
         }
     }
     if (raiseEvents)
@@ -966,12 +966,13 @@ bool GestAnagrafica::moveToBookmark(Bookmark bookmark, bool confirmFirst, bool s
 {
     if (!isOpen() || !m_recordset->hasBookmark(bookmark))
         return false;
+    // The row on view asked for by its bookmark is shown again, with what hangs off it.
     return moveBy([bookmark](db::Recordset& rows) { rows.setBookmark(bookmark); }, confirmFirst,
-                  show);
+                  show, true);
 }
 
 bool GestAnagrafica::moveBy(const std::function<void(db::Recordset&)>& move, bool confirmFirst,
-                            bool show)
+                            bool show, bool showAgain)
 {
     if (!isOpen() || !m_attached || m_terminated)
         return false;
@@ -994,7 +995,7 @@ bool GestAnagrafica::moveBy(const std::function<void(db::Recordset&)>& move, boo
         return false;
     }
     const auto reached = cursorBookmark();
-    if (reached && reached == before)
+    if (reached && reached == before && !showAgain)
         return false;
     goToRow(reached, StatusReason::Moved, show);
     return reached.has_value();

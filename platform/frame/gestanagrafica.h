@@ -220,6 +220,7 @@ public:
     bool moveLast(bool confirmFirst = true, bool show = true);
     bool movePrevious(bool confirmFirst = true, bool show = true);
     bool moveNext(bool confirmFirst = true, bool show = true);
+    // The bookmark of the row shown shows that row again.
     bool moveToBookmark(Bookmark bookmark, bool confirmFirst = true, bool show = true);
 
     // Stops following the recordset (before it is closed, requeried or walked by code).
@@ -289,7 +290,9 @@ private:
     bool deleteAndWrite(const std::function<void()>& deleteRows,
                         std::optional<Bookmark> shownBefore, bool raiseEvents = true);
     void finishDelete(std::optional<Bookmark> next, bool raiseEvents, bool show);
-    bool moveBy(const std::function<void(db::Recordset&)>& move, bool confirmFirst, bool show);
+    // Landing on the row shown is no move unless showAgain: then the row is shown again.
+    bool moveBy(const std::function<void(db::Recordset&)>& move, bool confirmFirst, bool show,
+                bool showAgain = false);
     std::optional<Bookmark> findInRecordset(const QString& column, const db::Value& key);
     std::optional<Bookmark> bringFromDatabase(const QString& column, const db::Value& key);
 

@@ -195,6 +195,14 @@ void RigheGiro::TXT_CLIENTE_LostFocus()
 
 void RigheGiro::TXT_CLIENTE_Decode(controls::DecodeArgs& args)
 {
+    // An empty customer is no customer (a row just opened): no statement, nothing wrong.
+    if (RTrimN(m_schermata.controllo<controls::Field>(u"TXT_CLIENTE").text())
+            .toString()
+            .isEmpty()) {
+        for (const char16_t* nome : CampiCliente)
+            m_schermata.controllo<controls::Field>(nome).setText(QString());
+        return;
+    }
     host::LookupDecoder& clienti = richiesto(m_schermata.decodificatoreClienti(), "LKP_CLIENTI");
     clienti.prepareDecoding(DefinizioneClienti,
                             CDecN(m_schermata.controllo<controls::Field>(u"TXT_CLIENTE").text()),
