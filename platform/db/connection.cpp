@@ -202,6 +202,7 @@ void Connection::refineColumnKinds(ResultSet& result)
 
 ResultSet Connection::runTranslated(const QString& tsql, bool logAsInternal)
 {
+    m_errors.clear();
     refuseWhileAborted();
     if (m_log.isEnabled())
         m_log.append(tsql, logAsInternal);
@@ -244,6 +245,7 @@ ResultSet Connection::query(const QString& tsql)
 
 ResultSet Connection::run(const QString& sql, const ValueList& parameters)
 {
+    m_errors.clear();
     refuseWhileAborted();
     if (m_log.isEnabled())
         m_log.append(sql, true);

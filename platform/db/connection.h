@@ -68,6 +68,8 @@ public:
     // inside a nested level is only done once the outermost commits.
     void whenTransactionEnds(std::function<void(bool committed)> settle);
 
+    // The provider errors of the latest statement: each statement starts with none, so a
+    // report of a failure shows that statement's errors and no earlier ones.
     const QList<ProviderError>& errors() const { return m_errors; }
     void clearErrors() { m_errors.clear(); }
     StatementLog& log() { return m_log; }

@@ -268,9 +268,11 @@ void GestAnagrafica::setStatus(int status)
         m_status = FrameStatus::Search;
         showRow(StatusReason::SearchEntry);
     } else if (status == FrameStatus::Browse) {
-        std::optional<Bookmark> back = visible(m_returnTo);
+        // A new row being entered is the recordset's current row: no existing row was asked
+        // for, so it stays (a search that found nothing leaves the key it was given on view).
         if (entering())
-            dropNewRow();
+            return;
+        std::optional<Bookmark> back = visible(m_returnTo);
         if (!back)
             back = currentOrFirst();
         // With no row to show there is nothing to browse: the frame waits for a new one.
@@ -446,8 +448,10 @@ void GestAnagrafica::showRow(int reason, bool raiseEvent)
     if (m_shown)
         m_lastCompany = companyConditions(*m_recordset);
     announceState();
-    if (raiseEvent)
-        raise([&] { Q_EMIT ChangeStatus(m_status, reason); });
+    if (!raiseEvent)
+        return;
+    const QScopedValueRollback announcing(m_announcing, true);
+    raise([&] { Q_EMIT ChangeStatus(m_status, reason); });
 }
 
 FieldBindings::ColumnReader GestAnagrafica::rowReader() const
@@ -702,7 +706,7 @@ bool GestAnagrafica::dropPendingRow(bool raiseEvents, bool show, bool ask)
             restoreSnapshot();
             if (m_master)
                 discardDetailChanges();
-            showRow(StatusReason::Refreshed, show);
+            showRow(StatusReason::Restored, show);
         }
     }
     if (raiseEvents)
@@ -1030,12 +1034,13 @@ bool GestAnagrafica::moveToBookmark(Bookmark bookmark, bool confirmFirst, bool s
 {
     if (!isOpen() || !m_recordset->hasBookmark(bookmark))
         return false;
+    // The row on view asked for by its bookmark is shown again, with what hangs off it.
     return moveBy([bookmark](db::Recordset& rows) { rows.setBookmark(bookmark); }, confirmFirst,
-                  show);
+                  show, true);
 }
 
 bool GestAnagrafica::moveBy(const std::function<void(db::Recordset&)>& move, bool confirmFirst,
-                            bool show)
+                            bool show, bool showAgain)
 {
     if (!isOpen() || !m_attached || m_terminated)
         return false;
@@ -1058,7 +1063,7 @@ bool GestAnagrafica::moveBy(const std::function<void(db::Recordset&)>& move, boo
         return false;
     }
     const auto reached = cursorBookmark();
-    if (reached && reached == before)
+    if (reached && reached == before && !showAgain)
         return false;
     goToRow(reached, StatusReason::Moved, show);
     return reached.has_value();
@@ -1068,8 +1073,12 @@ void GestAnagrafica::onEdited(DataControl* control)
 {
     if (m_terminated || !isOpen() || !m_attached || m_status == FrameStatus::Search || m_locked)
         return;
-    m_rowEdited = true;
     const QString column = m_fields.columnOf(control);
+    // What the screen's answer to ChangeStatus puts into a control bound to no column (a name
+    // looked up, a field emptied for a new row) is how it shows the row, not an edit of it.
+    if (m_announcing && column.isEmpty())
+        return;
+    m_rowEdited = true;
     // A control bound to no column changes nothing the database would see.
     if (m_master && !column.isEmpty())
         m_changed = true;

@@ -58,7 +58,9 @@ namespace tarvello::frame {
 // the last batch save (the batch-save handler clears it). The second flag says the row shown
 // has edits not yet confirmed. An edit of a registered control through the frame (by the
 // person, or by code setting the control) sets the second flag, and on a master frame the
-// first as well. Both flags can be set by code; the change notification sets them.
+// first as well; what a ChangeStatus handler puts into a control bound to no column is the
+// screen showing the row and sets neither. Both flags can be set by code; the change
+// notification sets them.
 //
 // Master frame: save checks the registered fields, raises BeforeUpdate, writes the row to
 // the database (insert or update, the identity read back), raises AfterUpdate, then shows the
@@ -153,7 +155,8 @@ public:
 
     int status() const { return m_status; }
     // 2 adds a new row at once (code may write into it), 1 starts search entry, 0 shows the
-    // recordset's current row. Unconfirmed edits of the row left are dropped, not asked about.
+    // recordset's current row (a new row being entered stays as it is). Unconfirmed edits of
+    // the row left are dropped, not asked about.
     void setStatus(int status);
     bool changeFlag() const { return m_changed; }
     void setChangeFlag(bool changed);
@@ -221,6 +224,7 @@ public:
     bool moveLast(bool confirmFirst = true, bool show = true);
     bool movePrevious(bool confirmFirst = true, bool show = true);
     bool moveNext(bool confirmFirst = true, bool show = true);
+    // The bookmark of the row shown shows that row again.
     bool moveToBookmark(Bookmark bookmark, bool confirmFirst = true, bool show = true);
 
     // Stops following the recordset (before it is closed, requeried or walked by code).
@@ -296,7 +300,9 @@ private:
                         std::optional<db::TransactionGuard>& transaction);
     void reportSaveFailure(const db::RuntimeError& error);
     void finishDelete(std::optional<Bookmark> next, bool raiseEvents, bool show);
-    bool moveBy(const std::function<void(db::Recordset&)>& move, bool confirmFirst, bool show);
+    // Landing on the row shown is no move unless showAgain: then the row is shown again.
+    bool moveBy(const std::function<void(db::Recordset&)>& move, bool confirmFirst, bool show,
+                bool showAgain = false);
     std::optional<Bookmark> findInRecordset(const QString& column, const db::Value& key);
     std::optional<Bookmark> bringFromDatabase(const QString& column, const db::Value& key);
 
@@ -343,6 +349,8 @@ private:
     int m_bulkDepth = 0;
     int m_quietDepth = 0;
     bool m_writing = false;
+    // ChangeStatus is being raised for the row shown.
+    bool m_announcing = false;
     quint64 m_generation = 0;
 };
 
