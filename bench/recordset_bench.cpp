@@ -1,6 +1,7 @@
 // Opens the agents of a generated database, changes one column of every row and saves
-// them all, through the project's Recordset and, side by side in the same run, through
-// the SQLite C API (the floor), plain QSqlQuery and, on request, QSqlTableModel.
+// them all (each variant on its own copy of the same file), through the project's Recordset and,
+// side by side in the same run, through the SQLite C API (the floor), plain QSqlQuery and, on
+// request, QSqlTableModel.
 //
 //   recordset_bench [--agents N[,N...]] [--only-recordset] [--with-model]
 //                   (default 10000,100000)
@@ -209,7 +210,6 @@ struct Options {
 Timing runFor(int agents, const Options& options)
 {
     const bench::BenchDatabase database(agents);
-    const QString path = database.path();
     std::vector<std::function<Timing(const QString&, int)>> variants{viaSqliteApi};
     if (!options.onlyRecordset)
         variants.push_back(viaQSqlQuery);
@@ -221,8 +221,10 @@ Timing runFor(int agents, const Options& options)
         [&heapPerRow](const QString& file, int n) { return viaRecordset(file, n, heapPerRow); });
     std::vector<Timing> timings;
     int variant = 0;
-    for (const auto& run : variants)
-        timings.push_back(run(path, ++variant));
+    for (const auto& run : variants) {
+        ++variant;
+        timings.push_back(run(database.copy(QStringLiteral("variant%1.db").arg(variant)), variant));
+    }
 
     const Timing& floor = timings.front();
     std::printf("\n%d agents generated; rows read and saved: %lld\n", agents,

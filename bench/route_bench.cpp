@@ -135,7 +135,7 @@ int main(int argc, char** argv)
                     t.screenMs / t.floorMs, t.screenMs * 1000 / t.customers);
     }
     for (size_t i = 1; i < timings.size(); ++i) {
-        std::printf("growth %d -> %d customers: screen %.2fx, floor %.2fx, for %.0fx the rows\n",
+        std::printf("growth %d -> %d customers: screen %.2fx, floor %.2fx, for %.1fx the rows\n",
                     timings[i - 1].customers, timings[i].customers,
                     timings[i].screenMs / timings[i - 1].screenMs,
                     timings[i].floorMs / timings[i - 1].floorMs,

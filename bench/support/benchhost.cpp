@@ -71,6 +71,14 @@ QString BenchDatabase::connectionString() const
     return QStringLiteral("Data Source=") + path();
 }
 
+QString BenchDatabase::copy(const QString& name) const
+{
+    const QString target = m_dir.filePath(name);
+    QFile::remove(target);
+    require(QFile::copy(path(), target), "the database is copied");
+    return target;
+}
+
 ScreenHost::ScreenHost(const QString& connectionString, int company)
     : m_context(m_prompts, connectionString, host::Company{company, QStringLiteral("Ditta"), true})
     , m_toolbar(m_context)

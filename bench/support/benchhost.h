@@ -40,6 +40,9 @@ public:
     explicit BenchDatabase(int agents, const std::function<void(db::Connection&)>& extra = nullptr);
     QString path() const;
     QString connectionString() const;
+    // A copy of the database file beside it, so that each of several runs starts from the
+    // same rows laid out the same way; its path.
+    QString copy(const QString& name) const;
 
 private:
     QTemporaryDir m_dir;
