@@ -54,7 +54,9 @@ Value readValue(sqlite3_stmt* statement, int column, ColumnKind kind)
 
 SqliteEngine::SqliteEngine(const QString& path, int busyTimeout)
 {
-    const int flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_URI;
+    // A connection serves one thread: SQLite's own lock around every call would only cost.
+    const int flags =
+        SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_URI | SQLITE_OPEN_NOMUTEX;
     const int opened = sqlite3_open_v2(path.toUtf8().constData(), &m_db, flags, nullptr);
     try {
         if (opened != SQLITE_OK)
