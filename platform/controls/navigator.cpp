@@ -97,17 +97,18 @@ bool Navigator::pressFromCode(const QString& key)
 bool Navigator::act(const QString& key)
 {
     NavigatorButtonArgs args{key, false};
-    Q_EMIT beforeButton(args);
-    if (args.cancel)
+    if (raise("BeforeButtonClick", [&] { Q_EMIT beforeButton(args); }) == Raised::Abandoned ||
+        args.cancel)
         return false;
-    Q_EMIT buttonClicked(key);
+    if (raise("ButtonClick", [&] { Q_EMIT buttonClicked(key); }) == Raised::Abandoned)
+        return false;
     std::optional<bool> result;
     if (m_target)
         result = m_target->navigatorAction(*this, key);
     if (!result)
         result = ownAction(key);
     const bool success = result.value_or(true);
-    Q_EMIT afterButton(success, key);
+    raise("AfterButtonClick", [&] { Q_EMIT afterButton(success, key); });
     return success;
 }
 

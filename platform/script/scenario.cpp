@@ -116,7 +116,7 @@ void Scenario::open(const OpenRequest& request)
     const QString identifier = agentsModuleIdentifier();
     if (!m_host->modules().contains(identifier))
         throw ScriptFailure(QStringLiteral("the host has no module %1 to open").arg(identifier));
-    auto created = std::make_unique<ScenarioWindow>(m_host->createModule(identifier));
+    auto created = std::make_unique<ScenarioWindow>(m_host->createModule(identifier), identifier);
     host::Cinterface& module = created->module();
     module.setClsGlobal(m_host.get());
     module.setActiveNavigator(m_toolbar.get());
