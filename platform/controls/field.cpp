@@ -122,7 +122,8 @@ QString Field::displayText() const
 
 db::Value Field::value() const
 {
-    if (m_text.isEmpty())
+    // Blanks alone hold nothing: a code of blanks is no code, and a required field sees it.
+    if (m_text.trimmed().isEmpty())
         return db::Value::null();
     if (m_kind == Kind::Numeric) {
         if (const auto number = db::Decimal::parse(m_text))
@@ -211,8 +212,13 @@ Field::DecodeOutcome Field::decode()
 {
     m_lastError.clear();
     DecodeArgs args;
-    Q_EMIT decodeRequested(args);
+    const Raised raised = raise("StartDecode", [&] { Q_EMIT decodeRequested(args); });
     m_decodePending = false;
+    if (raised != Raised::Completed) {
+        // Nobody answered how to decode the text: it cannot be taken for a known code.
+        setValid(false);
+        return DecodeOutcome::Failed;
+    }
     if (args.cancel)
         return DecodeOutcome::Cancelled;
     if (args.sql.trimmed().isEmpty()) {
@@ -265,8 +271,8 @@ bool Field::openLookup()
     if (!canReceiveFocus())
         return false;
     LookupArgs args;
-    Q_EMIT lookupRequested(args);
-    if (args.cancel)
+    if (raise("StartLookup", [&] { Q_EMIT lookupRequested(args); }) != Raised::Completed ||
+        args.cancel)
         return false;
     m_lastLookup = args;
     const Form* owner = form();
@@ -322,7 +328,7 @@ bool Field::pressManagementKey()
 {
     if (!m_managementKey || !canReceiveFocus())
         return false;
-    Q_EMIT managementKeyPressed(managementKeyName);
+    raise("ManagementKey", [this] { Q_EMIT managementKeyPressed(managementKeyName); });
     return true;
 }
 
@@ -332,7 +338,7 @@ bool Field::chooseMenuItem(const QString& key)
         return false;
     for (const MenuItem& item : std::as_const(m_menuItems)) {
         if (item.key == key && item.enabled) {
-            Q_EMIT managementKeyPressed(menuItemKeyPrefix + key);
+            raise("ManagementKey", [&] { Q_EMIT managementKeyPressed(menuItemKeyPrefix + key); });
             return true;
         }
     }

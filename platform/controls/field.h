@@ -51,8 +51,8 @@ public:
     // The text shown when the field does not have the focus (formatted by displayFormat).
     QString displayText() const;
 
-    // Text: the text, Null when empty. Numeric: a Decimal, Null when empty. Date: a date,
-    // Null when empty. A text that does not read as a number or a date comes back as text.
+    // Null when the text is empty or only blanks. Text: the text. Numeric: a Decimal. Date: a
+    // date. A text that does not read as a number or a date comes back as text.
     db::Value value() const override;
     // Numbers are written with ',' for the decimals, dates as dd/MM/yyyy; Null empties.
     void setValue(const db::Value& value) override;

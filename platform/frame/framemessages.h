@@ -36,7 +36,7 @@ public:
 
     void requiredFieldEmpty(const QString& caption) const;
     void fieldNotValid(const QString& caption) const;
-    void valueRefused(const QString& caption, ColumnValue::Refusal refusal) const;
+    void valueRefused(const QString& caption, const ColumnValue& refused) const;
     void keyNotFound() const;
     void saveFailed(const QString& reason) const;
     void deleteFailed(const QString& reason) const;

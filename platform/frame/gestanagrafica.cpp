@@ -2,6 +2,7 @@
 
 #include "platform/controls/datacontrol.h"
 #include "platform/controls/grid.h"
+#include "platform/controls/handlererrors.h"
 #include "platform/controls/navigator.h"
 #include "platform/db/connection.h"
 #include "platform/db/runtimeerror.h"
@@ -57,10 +58,10 @@ GestAnagrafica::BulkRewrite::~BulkRewrite()
 GestAnagrafica::GestAnagrafica(services::UserPrompts& prompts, QObject* parent)
     : QObject(parent)
     , m_messages(prompts)
-    , m_fields([this](const QString& column) { return kindOf(column); })
+    , m_fields([this](const QString& column) { return formatOf(column); })
 {
     connect(&m_fields, &FieldBindings::edited, this, &GestAnagrafica::onEdited);
-    connect(&m_fields, &FieldBindings::validating, this, &GestAnagrafica::onValidating);
+    connect(&m_fields, &FieldBindings::leaving, this, &GestAnagrafica::onLeaving);
 }
 
 GestAnagrafica::~GestAnagrafica()
@@ -69,12 +70,14 @@ GestAnagrafica::~GestAnagrafica()
 }
 
 template <class Emit>
-bool GestAnagrafica::raise(Emit fire)
+bool GestAnagrafica::raise(const char* event, Emit fire)
 {
     try {
-        fire();
-        return true;
+        return controls::raiseEvent(controls::handlerErrorsOf(this),
+                                    objectName() + u'_' + QLatin1String(event),
+                                    fire) == controls::Raised::Completed;
     } catch (const db::RuntimeError& error) {
+        // A frame on no form has no host to report to: it tells the person itself.
         reportHandlerError(error);
         return false;
     }
@@ -302,7 +305,7 @@ bool GestAnagrafica::isRecordChanged()
     if (m_terminated || m_status == FrameStatus::Search)
         return false;
     RecordChangedArgs args{m_rowEdited || (m_master && m_changed)};
-    raise([&] { Q_EMIT IsRecordChanged(args); });
+    raise("IsRecordChanged", [&] { Q_EMIT IsRecordChanged(args); });
     return args.fbol_isRecordChanged;
 }
 
@@ -349,25 +352,36 @@ bool GestAnagrafica::entering() const
     return m_status == FrameStatus::New && m_shown.has_value();
 }
 
-db::ColumnKind GestAnagrafica::kindOf(const QString& column) const
-{
-    const int index = isOpen() ? m_recordset->fieldIndex(column) : -1;
-    return index < 0 ? db::ColumnKind::Unknown : m_recordset->field(index).kind;
-}
-
-Value GestAnagrafica::defaultOf(const QString& column) const
+std::optional<db::TableInfo::ColumnInfo> GestAnagrafica::describe(const QString& column) const
 {
     const int index = isOpen() ? m_recordset->fieldIndex(column) : -1;
     db::Connection* connection = m_recordset ? m_recordset->activeConnection() : nullptr;
     if (index < 0 || !connection || m_recordset->baseTable().isEmpty())
-        return Value::null();
+        return std::nullopt;
     const QString base = m_recordset->field(index).baseColumn;
+    if (base.isEmpty())
+        return std::nullopt;
     try {
         const auto* info = connection->tableInfo(m_recordset->baseTable()).column(base);
-        return info && !base.isEmpty() ? info->defaultValue : Value::null();
+        return info ? std::optional(*info) : std::nullopt;
     } catch (const db::RuntimeError&) {
-        return Value::null();
+        return std::nullopt;
     }
+}
+
+ColumnFormat GestAnagrafica::formatOf(const QString& column) const
+{
+    const int index = isOpen() ? m_recordset->fieldIndex(column) : -1;
+    if (index < 0)
+        return {};
+    const std::optional<db::TableInfo::ColumnInfo> info = describe(column);
+    return {m_recordset->field(index).kind, info ? info->size : db::ColumnSize()};
+}
+
+Value GestAnagrafica::defaultOf(const QString& column) const
+{
+    const std::optional<db::TableInfo::ColumnInfo> info = describe(column);
+    return info ? info->defaultValue : Value::null();
 }
 
 std::optional<GestAnagrafica::Bookmark> GestAnagrafica::cursorBookmark() const
@@ -447,7 +461,7 @@ void GestAnagrafica::showRow(int reason, bool raiseEvent)
         m_lastCompany = companyConditions(*m_recordset);
     announceState();
     if (raiseEvent)
-        raise([&] { Q_EMIT ChangeStatus(m_status, reason); });
+        raise("ChangeStatus", [&] { Q_EMIT ChangeStatus(m_status, reason); });
 }
 
 FieldBindings::ColumnReader GestAnagrafica::rowReader() const
@@ -518,7 +532,7 @@ bool GestAnagrafica::addRow(bool show, const DataControl* editing)
     }
     m_shown = cursorBookmark();
     m_status = FrameStatus::New;
-    raise([&] { Q_EMIT AfterAddNew(OperationSucceeded); });
+    raise("AfterAddNew", [&] { Q_EMIT AfterAddNew(OperationSucceeded); });
     if (show) {
         showRow(StatusReason::NewRow);
         return true;
@@ -594,7 +608,8 @@ bool GestAnagrafica::writeRow(bool check, bool show)
     const bool wasNew = m_status == FrameStatus::New;
     if (check) {
         CancelArgs args;
-        if (!raise([&] { Q_EMIT BeforeUpdate(args); }) || args.fbol_Cancel || !placeCursor())
+        if (!raise("BeforeUpdate", [&] { Q_EMIT BeforeUpdate(args); }) || args.fbol_Cancel ||
+            !placeCursor())
             return false;
     }
     try {
@@ -606,7 +621,7 @@ bool GestAnagrafica::writeRow(bool check, bool show)
     } catch (const db::RuntimeError& error) {
         m_messages.saveFailed(error.description());
         if (check)
-            raise([&] { Q_EMIT AfterUpdate(OperationFailed); });
+            raise("AfterUpdate", [&] { Q_EMIT AfterUpdate(OperationFailed); });
         return false;
     }
     m_status = FrameStatus::Browse;
@@ -615,7 +630,7 @@ bool GestAnagrafica::writeRow(bool check, bool show)
     takeSnapshot();
     const quint64 generation = m_generation;
     if (check)
-        raise([&] { Q_EMIT AfterUpdate(OperationSucceeded); });
+        raise("AfterUpdate", [&] { Q_EMIT AfterUpdate(OperationSucceeded); });
     if (show && generation == m_generation)
         showRow(wasNew ? StatusReason::Inserted : StatusReason::Refreshed);
     else
@@ -684,7 +699,7 @@ bool GestAnagrafica::dropPendingRow(bool raiseEvents, bool show, bool ask)
         }
     }
     if (raiseEvents)
-        raise([&] { Q_EMIT AfterUndo(OperationSucceeded); });
+        raise("AfterUndo", [&] { Q_EMIT AfterUndo(OperationSucceeded); });
     return true;
 }
 
@@ -721,7 +736,8 @@ bool GestAnagrafica::deleteRecord()
     if (!m_messages.confirmDelete())
         return false;
     CancelArgs args;
-    if (!raise([&] { Q_EMIT BeforeDelete(args); }) || args.fbol_Cancel || !placeCursor())
+    if (!raise("BeforeDelete", [&] { Q_EMIT BeforeDelete(args); }) || args.fbol_Cancel ||
+        !placeCursor())
         return false;
     const Bookmark deleted = *m_shown;
     if (!deleteAndWrite([this] { m_recordset->deleteRow(); }, deleted))
@@ -751,7 +767,7 @@ bool GestAnagrafica::deleteRows(bool raiseEvents, bool show, bool ask)
     if (raiseEvents) {
         CancelArgs args;
         placeCursor();
-        if (!raise([&] { Q_EMIT BeforeDelete(args); }) || args.fbol_Cancel)
+        if (!raise("BeforeDelete", [&] { Q_EMIT BeforeDelete(args); }) || args.fbol_Cancel)
             return false;
     }
     const auto deleteAll = [this] {
@@ -783,7 +799,7 @@ bool GestAnagrafica::deleteAndWrite(const std::function<void()>& deleteRows,
         const auto back = visible(shownBefore);
         goToRow(back ? back : currentOrFirst(), StatusReason::Refreshed);
         if (raiseEvents)
-            raise([&] { Q_EMIT AfterDelete(OperationFailed); });
+            raise("AfterDelete", [&] { Q_EMIT AfterDelete(OperationFailed); });
         return false;
     }
     if (!m_master)
@@ -799,7 +815,7 @@ void GestAnagrafica::finishDelete(std::optional<Bookmark> next, bool raiseEvents
     m_status = next ? FrameStatus::Browse : FrameStatus::New;
     const quint64 generation = ++m_generation;
     if (raiseEvents)
-        raise([&] { Q_EMIT AfterDelete(OperationSucceeded); });
+        raise("AfterDelete", [&] { Q_EMIT AfterDelete(OperationSucceeded); });
     if (generation == m_generation)
         showRow(StatusReason::Deleted, show);
 }
@@ -807,7 +823,7 @@ void GestAnagrafica::finishDelete(std::optional<Bookmark> next, bool raiseEvents
 void GestAnagrafica::updateBatch()
 {
     if (!m_terminated)
-        raise([&] { Q_EMIT UpdateBatchAll(); });
+        raise("UpdateBatchAll", [&] { Q_EMIT UpdateBatchAll(); });
 }
 
 bool GestAnagrafica::enterSearch()
@@ -842,7 +858,7 @@ bool GestAnagrafica::search(bool fromKeyColumn, bool quiet)
         const ColumnValue typed = m_fields.columnValue(m_keyField);
         if (!typed.accepted()) {
             if (!quiet)
-                m_messages.valueRefused(captionOf(m_keyField), typed.refusal);
+                m_messages.valueRefused(captionOf(m_keyField), typed);
             return false;
         }
         wanted = *typed.value;
@@ -1019,14 +1035,14 @@ void GestAnagrafica::onEdited(DataControl* control)
     announceState();
 }
 
-void GestAnagrafica::onValidating(DataControl* control, bool& cancel)
+void GestAnagrafica::onLeaving(DataControl* control, bool& cancel)
 {
-    if (m_terminated || !isOpen() || m_status == FrameStatus::Search || m_locked)
+    if (m_terminated || !isOpen())
         return;
     const ColumnValue converted = m_fields.columnValue(control);
     if (converted.accepted())
         return;
-    m_messages.valueRefused(captionOf(control), converted.refusal);
+    m_messages.valueRefused(captionOf(control), converted);
     cancel = true;
 }
 

@@ -41,8 +41,11 @@ namespace tarvello::frame {
 //
 // Binding. A registered control bound to a column (its data field) shows the value of that
 // column for the row shown; an edit of the control writes the value back, converted to the
-// column's kind. A value that cannot be converted (a text that is not a number for a numeric
-// column) is never written: leaving the control is refused with a message, and so is a save.
+// column's kind. A value that cannot be converted, or that does not fit the column's size as
+// the database describes it (a text that is not a number for a numeric column, a fraction
+// for an integer, a number beyond the digits of a decimal), is never written: leaving the
+// control is refused with a message naming it, before the module hears of the leaving, and
+// so is a save. A field bound to a text column takes no more characters than it holds.
 // Decodable fields are decoded whenever a row is shown. Writes made to the shown row by code
 // through the recordset are shown in the controls as they happen.
 //
@@ -86,8 +89,9 @@ namespace tarvello::frame {
 // to its own when the recordset stands before the first or after the last row).
 //
 // Events (the host's names and arguments) are raised with direct connections; a handler that
-// throws db::RuntimeError has its error shown to the person and the operation is treated as
-// refused (a Before event) or carried on (an After event).
+// throws db::RuntimeError has its error reported to the host of the frame's form (or shown
+// by the frame itself, on no form) and the operation is treated as refused (a Before event)
+// or carried on (an After event).
 class GestAnagrafica : public QObject,
                        public controls::NavigatorTarget,
                        public services::FrameActions {
@@ -254,7 +258,9 @@ private:
     bool isOpen() const;
     // A new row has been added and is being entered.
     bool entering() const;
-    db::ColumnKind kindOf(const QString& column) const;
+    // What the database says of the base column behind a column of the recordset.
+    std::optional<db::TableInfo::ColumnInfo> describe(const QString& column) const;
+    ColumnFormat formatOf(const QString& column) const;
     db::Value defaultOf(const QString& column) const;
     std::optional<Bookmark> cursorBookmark() const;
     std::optional<Bookmark> visible(std::optional<Bookmark> row) const;
@@ -295,13 +301,16 @@ private:
     void followNearest();
     void resync();
     void onEdited(controls::DataControl* control);
-    void onValidating(controls::DataControl* control, bool& cancel);
+    void onLeaving(controls::DataControl* control, bool& cancel);
     void onCurrentChanged();
     void onRowsReset();
     void onRowChanged(tarvello::db::Recordset::Bookmark bookmark);
 
+    // Raises the event through fire(); false when a handler failed (reported as the procedure
+    // "<frame>_<event>"). A Before event whose handler failed refuses the operation whatever
+    // the person answers: a row is never written or deleted after its checks failed halfway.
     template <class Emit>
-    bool raise(Emit fire);
+    bool raise(const char* event, Emit fire);
 
     FrameMessages m_messages;
     QPointer<QObject> m_module;              // Not owned.
