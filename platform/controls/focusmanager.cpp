@@ -62,11 +62,18 @@ bool FocusManager::moveOnce(Control* target)
     return true;
 }
 
+bool FocusManager::checkCurrent()
+{
+    if (!m_current)
+        return true;
+    CancelArgs checked;
+    Q_EMIT m_current->leaveRequested(checked);
+    return !checked.cancel;
+}
+
 bool FocusManager::mayLeave(Control& control)
 {
-    CancelArgs checked;
-    Q_EMIT control.leaveRequested(checked);
-    if (checked.cancel)
+    if (!checkCurrent())
         return false;
     control.aboutToLeave();
     CancelArgs args;

@@ -38,6 +38,11 @@ public:
     bool leaveBackward();
     // The control leave() would move to; nullptr when there is none.
     Control* nextTabStop(bool forward = true) const;
+    // Runs the host's own check of the value of the control with the focus (leaveRequested),
+    // as leaving it would, without moving; false when it refused (the person told why). A
+    // button that takes no focus (the host toolbar's, a navigator's) asks first, so that it
+    // never acts while a field holds what it would not let go of.
+    bool checkCurrent();
     // Forgets the focus without raising events (the form was unloaded).
     void reset();
 

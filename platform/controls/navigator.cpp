@@ -1,5 +1,6 @@
 #include "platform/controls/navigator.h"
 
+#include "platform/controls/form.h"
 #include "platform/controls/navigatortarget.h"
 
 #include <algorithm>
@@ -96,6 +97,8 @@ bool Navigator::pressFromCode(const QString& key)
 
 bool Navigator::act(const QString& key)
 {
+    if (Form* owner = form(); owner && !owner->focus().checkCurrent())
+        return false;
     NavigatorButtonArgs args{key, false};
     if (raise("BeforeButtonClick", [&] { Q_EMIT beforeButton(args); }) == Raised::Abandoned ||
         args.cancel)

@@ -272,6 +272,9 @@ void Scenario::pressToolbar(qint32 button)
     case services::HostNavigator::Press::Disabled:
         note(QStringLiteral("the toolbar button %1 is disabled: nothing happens").arg(button));
         return;
+    case services::HostNavigator::Press::Refused:
+        note(QStringLiteral("the toolbar button %1 was refused: nothing happens").arg(button));
+        return;
     case services::HostNavigator::Press::TakenOver:
         return;
     case services::HostNavigator::Press::Done:
