@@ -10,6 +10,7 @@
 #include "platform/frame/keylookup.h"
 
 #include <QScopedValueRollback>
+#include <algorithm>
 
 namespace tarvello::frame {
 
@@ -143,8 +144,10 @@ controls::Navigator* GestAnagrafica::navigator() const
 
 void GestAnagrafica::addDetailFrame(GestAnagrafica* detail)
 {
-    if (detail && detail != this && !m_details.contains(detail))
-        m_details << detail;
+    if (!detail || detail == this || m_details.contains(detail))
+        return;
+    m_details << detail;
+    detail->m_masterFrame = this;
 }
 
 QList<GestAnagrafica*> GestAnagrafica::detailFrames() const
@@ -654,6 +657,28 @@ bool GestAnagrafica::confirmPendingChanges(bool check, bool show, bool ask)
     return writeRow(check, show);
 }
 
+bool GestAnagrafica::confirmLettingRowsGo()
+{
+    if (!isOpen() || m_terminated)
+        return true;
+    if (!holdsUnsavedChanges())
+        return true;
+    const int answer = m_messages.askSaveChanges();
+    if (answer == FrameMessages::No)
+        return true;
+    if (answer != FrameMessages::Yes)
+        return false;
+    // Rows the save could not write stay, and so does the person, who was told why.
+    return (m_masterFrame ? m_masterFrame->save() : save()) && !holdsUnsavedChanges();
+}
+
+bool GestAnagrafica::holdsUnsavedChanges() const
+{
+    // A row just started and not yet typed into is nobody's change.
+    const qsizetype untouched = entering() && !m_rowEdited ? 1 : 0;
+    return m_changed || m_rowEdited || (isOpen() && m_recordset->pendingCount() > untouched);
+}
+
 bool GestAnagrafica::addNew()
 {
     if (!isOpen() || m_terminated || m_locked)
@@ -669,6 +694,16 @@ bool GestAnagrafica::addNew()
     if (m_status == FrameStatus::Browse)
         m_returnTo = m_shown;
     return addRow(true);
+}
+
+bool GestAnagrafica::undoRecord()
+{
+    const QList<GestAnagrafica*> details = detailFrames();
+    const bool detailsChanged = std::any_of(details.cbegin(), details.cend(),
+                                            [](const auto* d) { return d->holdsUnsavedChanges(); });
+    if (detailsChanged && !m_messages.confirmDropChanges())
+        return false;
+    return undo();
 }
 
 bool GestAnagrafica::undo()
@@ -822,8 +857,32 @@ void GestAnagrafica::finishDelete(std::optional<Bookmark> next, bool raiseEvents
 
 void GestAnagrafica::updateBatch()
 {
-    if (!m_terminated)
-        raise("UpdateBatchAll", [&] { Q_EMIT UpdateBatchAll(); });
+    if (m_terminated)
+        return;
+    const db::RecordsetPtr rows = m_recordset;
+    bool touched = false;
+    QMetaObject::Connection watch;
+    if (rows)
+        watch =
+            connect(rows.get(), &db::Recordset::rowsReset, this, [&touched] { touched = true; });
+    raise("UpdateBatchAll", [&] { Q_EMIT UpdateBatchAll(); });
+    disconnect(watch);
+    // A handler that left the person's changes pending without even trying to write them
+    // (its procedure had no branch for what the frame holds) would lose them without a word:
+    // the frame writes them itself.
+    if (rows && !touched && rows->pendingCount() > 0)
+        writePending(*rows);
+}
+
+void GestAnagrafica::writePending(db::Recordset& rows)
+{
+    try {
+        rows.updateBatch();
+    } catch (const db::RuntimeError& error) {
+        m_messages.saveFailed(error.description());
+    }
+    m_changed = rows.pendingCount() > 0;
+    announceState();
 }
 
 bool GestAnagrafica::enterSearch()

@@ -178,7 +178,9 @@ public:
     short frameStatus() const override { return short(status()); }
     bool newRecord() override { return addNew(); }
     bool saveRecord() override { return save(); }
-    bool undoRecord() override { return undo(); }
+    // Rows entered on the details, maybe on a page out of sight, go with an undo of the
+    // master: the person confirms first (Yes / No, No by default).
+    bool undoRecord() override;
     bool searchRecord() override { return searchCommand(); }
     bool moveRecord(Move move) override;
 
@@ -207,12 +209,21 @@ public:
     // shown again afterwards. ask: the person chooses Yes (save; safe when that succeeds),
     // No (drop; safe) or Cancel (not safe); without asking the changes are saved.
     bool confirmPendingChanges(bool check, bool show, bool ask);
+    // Before code lets go of the rows the frame holds (reopening its recordset on other
+    // rows): when they hold changes of the person that the database has not seen, asks
+    // Yes / No / Cancel as the save question does. Yes saves the master frame this one is a
+    // detail of (which saves its details with it) and answers whether that succeeded; No
+    // answers true, the changes going with the rows; Cancel answers false, and the caller
+    // stays where it was.
+    bool confirmLettingRowsGo();
     // Undo with switches: raiseEvents (AfterUndo), show, ask (Yes / No before dropping).
     bool dropPendingRow(bool raiseEvents, bool show, bool ask);
     // Deletes every row the frame shows: raiseEvents (BeforeDelete, AfterDelete once), show,
     // ask (Yes / No first). A master writes the deletions at once.
     bool deleteRows(bool raiseEvents, bool show, bool ask);
-    // The batch save: raises UpdateBatchAll, whose handler writes the pending rows.
+    // The batch save: raises UpdateBatchAll, whose handler writes the pending rows. Rows the
+    // handler left pending without trying to write them (a partner deleted while the frame
+    // shows nothing) are written by the frame; a failure is told.
     void updateBatch();
 
     // Moves. confirmFirst settles unconfirmed changes of the row left (a master asks); show
@@ -288,6 +299,9 @@ private:
     bool checkFields();
     bool writeRow(bool check, bool show);
     void discardDetailChanges();
+    void writePending(db::Recordset& rows);
+    // Changes of the person the database has not seen: rows confirmed, deleted or being typed.
+    bool holdsUnsavedChanges() const;
     void discardPendingChanges();
     bool deleteAndWrite(const std::function<void()>& deleteRows,
                         std::optional<Bookmark> shownBefore, bool raiseEvents = true);
@@ -323,6 +337,7 @@ private:
     FieldBindings m_fields;
     QPointer<controls::DataControl> m_keyField; // Not owned.
     QList<QPointer<GestAnagrafica>> m_details;  // Not owned.
+    QPointer<GestAnagrafica> m_masterFrame;     // Not owned: the frame this is a detail of.
     QString m_sql;
     QString m_searchFilter;
     QStringList m_lastCompany;
