@@ -210,6 +210,16 @@ void Field::setLookupId(const QString& id)
 
 Field::DecodeOutcome Field::decode()
 {
+    const DecodeOutcome outcome = runDecoding();
+    // An empty code is no code rather than a wrong one: whether it may stay empty is for
+    // "required" to say.
+    if (isBlank())
+        setValid(true);
+    return outcome;
+}
+
+Field::DecodeOutcome Field::runDecoding()
+{
     m_lastError.clear();
     DecodeArgs args;
     const Raised raised = raise("StartDecode", [&] { Q_EMIT decodeRequested(args); });

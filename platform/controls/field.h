@@ -20,7 +20,8 @@ namespace tarvello::controls {
 // The handler answers a statement, the target controls and a connection string; the field
 // runs the statement on the connection its form's ConnectionSource gives for that string
 // and fills the targets from the columns of the first row. No row marks the field not
-// valid and empties the targets; a row, or no statement at all, marks it valid.
+// valid and empties the targets; a row, or no statement at all, marks it valid. An empty
+// text is always valid: an empty code is no code, not a wrong one.
 //
 // Lookup: openLookup() raises lookupRequested; unless cancelled, the form's
 // LookupPresenter shows the list and the first column of the chosen row becomes the text,
@@ -122,6 +123,7 @@ protected:
 
 private:
     QString normalized(const QString& text) const;
+    DecodeOutcome runDecoding();
     QString typedCharacters(const QString& typed) const;
     static void fillTargets(const QList<DecodeTarget>& targets, const db::ResultSet& result);
 

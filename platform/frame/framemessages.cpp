@@ -109,6 +109,13 @@ void FrameMessages::saveFailed(const QString& reason) const
         errorTitle);
 }
 
+void FrameMessages::changesNotSaved() const
+{
+    warn(QStringLiteral("Le modifiche ai dati%1 non sono state salvate: completare o annullare "
+                        "la riga in inserimento e salvare di nuovo.")
+             .arg(forWhat()));
+}
+
 void FrameMessages::deleteFailed(const QString& reason) const
 {
     m_prompts.messageBox(

@@ -39,6 +39,8 @@ public:
     void valueRefused(const QString& caption, const ColumnValue& refused) const;
     void keyNotFound() const;
     void saveFailed(const QString& reason) const;
+    // A batch save left the frame's changes unwritten because of the row being entered.
+    void changesNotSaved() const;
     void deleteFailed(const QString& reason) const;
     // A run-time error raised by a handler of the frame's events.
     void handlerFailed(long number, const QString& description) const;

@@ -868,9 +868,14 @@ void GestAnagrafica::updateBatch()
     raise("UpdateBatchAll", [&] { Q_EMIT UpdateBatchAll(); });
     disconnect(watch);
     // A handler that left the person's changes pending without even trying to write them
-    // (its procedure had no branch for what the frame holds) would lose them without a word:
-    // the frame writes them itself.
-    if (rows && !touched && rows->pendingCount() > 0)
+    // (its procedure had no branch for what the frame holds) would lose them without a word.
+    // Showing nothing, the frame holds only rows confirmed or deleted: it writes them itself.
+    // With a row being entered, which is not the frame's to write, the person is told.
+    if (!rows || touched || rows->pendingCount() == 0)
+        return;
+    if (entering())
+        m_messages.changesNotSaved();
+    else
         writePending(*rows);
 }
 

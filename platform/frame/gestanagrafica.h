@@ -223,7 +223,8 @@ public:
     bool deleteRows(bool raiseEvents, bool show, bool ask);
     // The batch save: raises UpdateBatchAll, whose handler writes the pending rows. Rows the
     // handler left pending without trying to write them (a partner deleted while the frame
-    // shows nothing) are written by the frame; a failure is told.
+    // shows nothing) are written by the frame; a failure is told, and so is a row being
+    // entered that kept them from being written.
     void updateBatch();
 
     // Moves. confirmFirst settles unconfirmed changes of the row left (a master asks); show
