@@ -133,18 +133,19 @@ void GiriVisite::ImpostaElencoGiri()
 
 void GiriVisite::TeminateElencoGiri()
 {
-    ignoreEachStep({
-        [&] {
-            if (m_elencoGiri && m_elencoGiri->isOpen())
-                m_elencoGiri->close();
-        },
-        [&] {
-            if (auto* griglia = m_schermata.find<controls::Grid>(u"GRD_GIRI");
-                griglia && griglia->dataSource() == m_elencoGiri)
-                griglia->setDataSource(nullptr);
-            m_elencoGiri.reset();
-        },
-    });
+    reportWithChoice(m_schermata.errori(), QStringLiteral("TeminateElencoGiri"),
+                     {
+                         [&] {
+                             if (m_elencoGiri && m_elencoGiri->isOpen())
+                                 m_elencoGiri->close();
+                         },
+                         [&] {
+                             if (auto* griglia = m_schermata.find<controls::Grid>(u"GRD_GIRI");
+                                 griglia && griglia->dataSource() == m_elencoGiri)
+                                 griglia->setDataSource(nullptr);
+                             m_elencoGiri.reset();
+                         },
+                     });
 }
 
 void GiriVisite::Refresh_VF_MG1H(bool aggiungiGiro)
@@ -233,24 +234,35 @@ void GiriVisite::GRD_GIRI_Click()
 
 void GiriVisite::TXT_GIRO_GotFocus()
 {
-    prendiGiroDalCampo();
+    reportWithChoice(m_schermata.errori(), QStringLiteral("TXT_GIRO_GotFocus"),
+                     {[&] { prendiGiroDalCampo(); }});
 }
 
 void GiriVisite::TXT_GIRO_LostFocus()
 {
     const auto& giro = m_schermata.controllo<controls::Field>(u"TXT_GIRO");
-    const QString nuovo = RTrimN(giro.text()).toString();
-    if (nuovo == m_giroCorrente || !giro.isValid())
-        return;
-    if (!LasciaGiroCorrente(nuovo)) {
-        mostraGiro(m_giroCorrente);
-        return;
-    }
-    // Saved, the agent's details were shown again from its first route.
-    if (RTrimN(giro.text()).toString() != nuovo)
-        mostraGiro(nuovo);
-    prendiGiroDalCampo();
-    Refresh_VF_MG1H(true);
+    QString nuovo;
+    reportWithChoice(m_schermata.errori(), QStringLiteral("TXT_GIRO_LostFocus"),
+                     {
+                         [&] {
+                             nuovo = RTrimN(giro.text()).toString();
+                             return nuovo == m_giroCorrente || !giro.isValid() ? Flow::Leave
+                                                                               : Flow::Next;
+                         },
+                         [&] {
+                             if (LasciaGiroCorrente(nuovo))
+                                 return Flow::Next;
+                             mostraGiro(m_giroCorrente);
+                             return Flow::Leave;
+                         },
+                         [&] {
+                             // Saved, the agent's details were shown again from its first route.
+                             if (RTrimN(giro.text()).toString() != nuovo)
+                                 mostraGiro(nuovo);
+                         },
+                         [&] { prendiGiroDalCampo(); },
+                         [&] { Refresh_VF_MG1H(true); },
+                     });
 }
 
 void GiriVisite::TXT_GIRO_Decode(controls::DecodeArgs& args)
