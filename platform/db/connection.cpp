@@ -200,18 +200,26 @@ void Connection::refineColumnKinds(ResultSet& result)
     }
 }
 
-ResultSet Connection::runTranslated(const QString& tsql, bool logAsInternal)
+QStringList Connection::startStatement(const QString& tsql, bool logAsInternal)
 {
     m_errors.clear();
     refuseWhileAborted();
     if (m_log.isEnabled())
         m_log.append(tsql, logAsInternal);
-    QStringList statements;
     try {
-        statements = translate(tsql);
+        return translate(tsql);
     } catch (const EngineError& e) {
         raise(e, tsql, tsql);
     }
+}
+
+ResultSet Connection::runTranslated(const QString& tsql, bool logAsInternal)
+{
+    return runStatements(tsql, startStatement(tsql, logAsInternal));
+}
+
+ResultSet Connection::runStatements(const QString& tsql, const QStringList& statements)
+{
     ResultSet last;
     for (const QString& statement : statements) {
         try {
@@ -230,7 +238,7 @@ ResultSet Connection::runTranslated(const QString& tsql, bool logAsInternal)
 
 RecordsetPtr Connection::execute(const QString& tsql)
 {
-    return Recordset::fromResult(*this, tsql, runTranslated(tsql, false));
+    return Recordset::open(*this, tsql, Recordset::LockType::ReadOnly);
 }
 
 qint64 Connection::executeNonQuery(const QString& tsql)
@@ -241,6 +249,23 @@ qint64 Connection::executeNonQuery(const QString& tsql)
 ResultSet Connection::query(const QString& tsql)
 {
     return runTranslated(tsql, false);
+}
+
+void Connection::query(const QString& tsql, RowSink& rows)
+{
+    const QStringList statements = startStatement(tsql, false);
+    // The rows a batch gives are its last query's, known only once it has run; kinds a driver
+    // reports loosely are set right over all the rows.
+    if (statements.size() != 1 || m_engine->refinesKinds()) {
+        feed(runStatements(tsql, statements), rows);
+        return;
+    }
+    try {
+        engine().runDirect(statements.first(), rows);
+    } catch (const EngineError& e) {
+        checkTransaction();
+        raise(e, tsql, statements.first());
+    }
 }
 
 ResultSet Connection::run(const QString& sql, const ValueList& parameters)

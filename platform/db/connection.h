@@ -49,6 +49,8 @@ public:
     qint64 executeNonQuery(const QString& tsql);
     // Runs a T-SQL text and returns its raw rows.
     ResultSet query(const QString& tsql);
+    // The same, handing the rows to `rows` as they are read.
+    void query(const QString& tsql, RowSink& rows);
 
     // Platform statements with '?' parameters, written in SQL both engines accept.
     ResultSet run(const QString& sql, const ValueList& parameters = {});
@@ -82,7 +84,10 @@ private:
     QStringList translate(const QString& tsql);
     // Text columns and table descriptions change with the schema; SQLite numbers its versions.
     void refreshSchemaKnowledge();
+    // Clears the errors, logs the text and gives the statements to send for it.
+    QStringList startStatement(const QString& tsql, bool logAsInternal);
     ResultSet runTranslated(const QString& tsql, bool logAsInternal);
+    ResultSet runStatements(const QString& tsql, const QStringList& statements);
     void refineColumnKinds(ResultSet& result);
     // A failed statement may have cost the whole transaction.
     void checkTransaction();

@@ -42,6 +42,8 @@ public:
     virtual ResultSet run(const QString& sql, const ValueList& parameters = {}) = 0;
     // Runs a statement that must not be prepared (batches creating #temp tables).
     virtual ResultSet runDirect(const QString& sql) { return run(sql); }
+    // The same, handing the rows to `rows` as they are read.
+    virtual void runDirect(const QString& sql, RowSink& rows) { feed(runDirect(sql), rows); }
 
     virtual void begin() = 0;
     virtual void commit() = 0;

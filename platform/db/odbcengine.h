@@ -24,6 +24,7 @@ public:
     QString driverName() const override;
     ResultSet run(const QString& sql, const ValueList& parameters) override;
     ResultSet runDirect(const QString& sql) override;
+    using Engine::runDirect;
     void begin() override;
     void commit() override;
     void rollback() override;

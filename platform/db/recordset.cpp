@@ -39,7 +39,7 @@ private:
     {
         for (const auto& [field, column] : m_columns) {
             if (field.compare(name, Qt::CaseInsensitive) == 0)
-                return m_row->values[column];
+                return m_row->values.at(column);
         }
         throw RuntimeError(RuntimeError::ItemNotFound,
                            QStringLiteral("Item cannot be found in the collection"));
@@ -110,6 +110,20 @@ void resolveBaseTable(Connection& connection, const QString& sql, QList<Column>&
     }
 }
 
+// The rows of a query, packed as they are read.
+class RowPacker final : public RowSink {
+public:
+    void columns(QList<Column> columns) override { m_columns = std::move(columns); }
+    void row(ValueList values) override { m_rows.append(PackedRow(values)); }
+
+    QList<Column>& readColumns() { return m_columns; }
+    QList<PackedRow> takeRows() { return std::move(m_rows); }
+
+private:
+    QList<Column> m_columns;
+    QList<PackedRow> m_rows;
+};
+
 } // namespace
 
 Recordset::Recordset(std::shared_ptr<RowStore> store)
@@ -129,27 +143,9 @@ void Recordset::connectStore()
 
 RecordsetPtr Recordset::open(Connection& connection, const QString& tsql, LockType lock)
 {
-    return fromResult(connection, tsql, connection.query(tsql), lock);
-}
-
-RecordsetPtr Recordset::fromResult(Connection& connection, const QString& tsql, ResultSet rows)
-{
-    return fromResult(connection, tsql, std::move(rows), LockType::ReadOnly);
-}
-
-RecordsetPtr Recordset::fromResult(Connection& connection, const QString& tsql, ResultSet rows,
-                                   LockType lock)
-{
     auto store = std::make_shared<RowStore>();
-    store->connection = &connection;
-    store->source = tsql;
     store->lock = lock;
-    store->columns = std::move(rows.columns);
-    if (lock != LockType::ReadOnly)
-        resolveBaseTable(connection, tsql, store->columns, store->baseTable);
-    store->indexColumns();
-    store->reset(std::move(rows.rows));
-    store->open = true;
+    load(*store, connection, tsql);
     RecordsetPtr recordset(new Recordset(store));
     recordset->rebuildView(0);
     recordset->m_index = 0;
@@ -167,6 +163,22 @@ void Recordset::appendField(const QString& name, ColumnKind kind)
         throw RuntimeError(RuntimeError::OperationNotAllowed,
                            QStringLiteral("Fields cannot be appended to an open recordset"));
     m_store->columns << Column{name, kind, {}, {}};
+}
+
+void Recordset::load(RowStore& store, Connection& connection, const QString& tsql)
+{
+    RowPacker rows;
+    connection.query(tsql, rows);
+    QString baseTable;
+    if (store.lock != LockType::ReadOnly)
+        resolveBaseTable(connection, tsql, rows.readColumns(), baseTable);
+    store.connection = &connection;
+    store.source = tsql;
+    store.columns = std::move(rows.readColumns());
+    store.baseTable = baseTable;
+    store.indexColumns();
+    store.reset(rows.takeRows());
+    store.open = true;
 }
 
 void Recordset::openInMemory()
@@ -192,17 +204,7 @@ void Recordset::close()
 
 void Recordset::reopen(Connection& connection, const QString& tsql)
 {
-    ResultSet rows = connection.query(tsql);
-    QString baseTable;
-    if (m_store->lock != LockType::ReadOnly)
-        resolveBaseTable(connection, tsql, rows.columns, baseTable);
-    m_store->connection = &connection;
-    m_store->source = tsql;
-    m_store->columns = std::move(rows.columns);
-    m_store->baseTable = baseTable;
-    m_store->indexColumns();
-    m_store->reset(std::move(rows.rows));
-    m_store->open = true;
+    load(*m_store, connection, tsql);
     m_filter.clear();
     m_filterGroup = FilterGroup::None;
     m_sort.clear();
@@ -278,18 +280,14 @@ Value Recordset::value(QStringView field) const
 
 Value Recordset::value(int index) const
 {
-    const RowStore::Row& row = currentRowData();
-    if (index < 0 || index >= row.values.size())
-        throw RuntimeError(RuntimeError::ItemNotFound,
-                           QStringLiteral("Item cannot be found in the collection"));
-    return row.values[index];
+    return currentRowData().values.at(index);
 }
 
 Value Recordset::originalValue(QStringView field) const
 {
     const int index = requireField(field);
     const RowStore::Row& row = currentRowData();
-    return row.original ? (*row.original)[index] : row.values[index];
+    return row.original ? row.original->at(index) : row.values.at(index);
 }
 
 void Recordset::setValue(QStringView field, const Value& value)
@@ -299,7 +297,7 @@ void Recordset::setValue(QStringView field, const Value& value)
                            QStringLiteral("The recordset is read-only"));
     const int index = requireField(field);
     RowStore::Row& row = currentRowData();
-    if (identical(row.values[index], value))
+    if (identical(row.values.at(index), value))
         return;
     if (row.status == RowStatus::Unmodified) {
         row.original = row.values;
@@ -308,7 +306,7 @@ void Recordset::setValue(QStringView field, const Value& value)
         row.beforeEdit = row.values;
     }
     row.editing = true;
-    row.values[index] = value;
+    row.values.set(index, value);
     row.conflict = false;
     m_store->notifyValueChanged(row.bookmark);
 }
@@ -567,7 +565,7 @@ void Recordset::sortView(QList<Bookmark>& view) const
         const RowStore::Row* x = m_store->find(a);
         const RowStore::Row* y = m_store->find(b);
         for (const Key& key : keys) {
-            const int c = compareValues(x->values[key.column], y->values[key.column]);
+            const int c = compareValues(x->values.at(key.column), y->values.at(key.column));
             if (c != 0)
                 return key.descending ? c > 0 : c < 0;
         }
@@ -596,14 +594,13 @@ void Recordset::addNew()
 {
     requireWritable();
     leaveEdit();
-    ValueList values;
-    values.reserve(m_store->columns.size());
+    PackedRow values;
     const TableInfo* info = m_store->connection && !m_store->baseTable.isEmpty()
                                 ? &m_store->connection->tableInfo(m_store->baseTable)
                                 : nullptr;
     for (const Column& column : std::as_const(m_store->columns)) {
         const TableInfo::ColumnInfo* base = info ? info->column(column.baseColumn) : nullptr;
-        values << (base && !column.baseColumn.isEmpty() ? base->defaultValue : Value::null());
+        values.append(base && !column.baseColumn.isEmpty() ? base->defaultValue : Value::null());
     }
     const Bookmark added = m_store->append(std::move(values), RowStatus::New);
     m_store->adding = added;
@@ -811,7 +808,7 @@ void Recordset::settleWhenCommitted(Connection& connection, QList<Written> writt
                 continue;
             }
             if (row->status == RowStatus::New && identityIndex >= 0)
-                row->values[identityIndex] = w.identity;
+                row->values.set(identityIndex, w.identity);
             row->original.reset();
             row->status = RowStatus::Unmodified;
         }
@@ -863,7 +860,7 @@ bool Recordset::changedInDatabase() const
     QStringList read;
     for (const RowStore::Row& row : m_store->rows()) {
         if (row.status != RowStatus::New)
-            read << rowText(row.original ? *row.original : row.values);
+            read << rowText((row.original ? *row.original : row.values).toList());
     }
     QStringList now;
     for (const ValueList& values : m_store->connection->query(m_store->source).rows)
@@ -892,8 +889,7 @@ void Recordset::requery()
     if (!m_store->connection)
         throw RuntimeError(RuntimeError::OperationNotAllowed,
                            QStringLiteral("A recordset built in memory cannot be read again"));
-    ResultSet rows = m_store->connection->query(m_store->source);
-    m_store->reset(std::move(rows.rows));
+    load(*m_store, *m_store->connection, m_store->source);
     m_index = 0;
     m_store->notifyRowsChanged();
     m_index = 0;

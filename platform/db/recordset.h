@@ -44,8 +44,6 @@ public:
     // An updatable recordset over a T-SQL query (rows are read at once).
     static RecordsetPtr open(Connection& connection, const QString& tsql,
                              LockType lock = LockType::BatchOptimistic);
-    // A read-only recordset over rows already read (the connection's execute).
-    static RecordsetPtr fromResult(Connection& connection, const QString& tsql, ResultSet rows);
     // A recordset built in memory: append fields, then openInMemory().
     static RecordsetPtr create();
     void appendField(const QString& name, ColumnKind kind = ColumnKind::Unknown);
@@ -158,8 +156,9 @@ Q_SIGNALS:
 
 private:
     explicit Recordset(std::shared_ptr<RowStore> store);
-    static RecordsetPtr fromResult(Connection& connection, const QString& tsql, ResultSet rows,
-                                   LockType lock);
+    // Reads the query's rows into the store, packed as they come; on a failing query the
+    // store stays as it was.
+    static void load(RowStore& store, Connection& connection, const QString& tsql);
     void connectStore();
     void rebuildView(Bookmark keep);
     void sortView(QList<Bookmark>& view) const;

@@ -15,6 +15,13 @@ int ResultSet::columnIndex(QStringView name) const
     return -1;
 }
 
+void feed(ResultSet result, RowSink& rows)
+{
+    rows.columns(std::move(result.columns));
+    for (ValueList& values : result.rows)
+        rows.row(std::move(values));
+}
+
 const TableInfo::ColumnInfo* TableInfo::column(QStringView columnName) const
 {
     for (const ColumnInfo& c : columns) {

@@ -29,6 +29,32 @@ struct ResultSet {
     int columnIndex(QStringView name) const;
 };
 
+// Takes the rows of a statement one by one, as they are read, so that a reader keeping them
+// in a form of its own never holds them twice.
+class RowSink {
+public:
+    virtual ~RowSink() = default;
+    // Before the first row.
+    virtual void columns(QList<Column> columns) = 0;
+    virtual void row(ValueList values) = 0;
+};
+
+// Keeps the rows handed to it as a ResultSet.
+class ResultCollector final : public RowSink {
+public:
+    explicit ResultCollector(ResultSet& result)
+        : m_result(result)
+    {}
+    void columns(QList<Column> columns) override { m_result.columns = std::move(columns); }
+    void row(ValueList values) override { m_result.rows.append(std::move(values)); }
+
+private:
+    ResultSet& m_result; // Not owned.
+};
+
+// Hands rows already read to a sink.
+void feed(ResultSet result, RowSink& rows);
+
 // How much a column holds, as its declared type says; 0 where the type sets no limit.
 struct ColumnSize {
     int length = 0;       // characters of a text

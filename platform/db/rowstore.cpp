@@ -6,7 +6,7 @@
 
 namespace tarvello::db {
 
-void RowStore::reset(QList<ValueList> rows)
+void RowStore::reset(QList<PackedRow> rows)
 {
     m_textIndexes.clear();
     m_rows.clear();
@@ -14,7 +14,7 @@ void RowStore::reset(QList<ValueList> rows)
     m_index.clear();
     m_index.reserve(rows.size());
     adding = 0;
-    for (ValueList& values : rows) {
+    for (PackedRow& values : rows) {
         Row row;
         row.bookmark = m_next++;
         row.values = std::move(values);
@@ -23,7 +23,7 @@ void RowStore::reset(QList<ValueList> rows)
     }
 }
 
-Recordset::Bookmark RowStore::append(ValueList values, Recordset::RowStatus status)
+Recordset::Bookmark RowStore::append(PackedRow values, Recordset::RowStatus status)
 {
     m_textIndexes.clear();
     Row row;
@@ -67,10 +67,10 @@ std::optional<QList<Recordset::Bookmark>> RowStore::rowsWithText(int column,
         std::optional<QMultiHash<QString, qsizetype>> index(std::in_place);
         index->reserve(m_rows.size());
         for (qsizetype i = 0; i < m_rows.size(); ++i) {
-            const ValueList& values = m_rows[i].values;
+            const PackedRow& values = m_rows[i].values;
             if (column >= values.size())
                 continue;
-            const Value& value = values.at(column);
+            const Value value = values.at(column);
             if (value.isNull() || value.isEmpty())
                 continue;
             if (value.kind() != Value::Kind::Text) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/db/packedrow.h"
 #include "platform/db/recordset.h"
 
 #include <QHash>
@@ -11,12 +12,12 @@ namespace tarvello::db {
 // One row with its pending change.
 struct StoredRow {
     Recordset::Bookmark bookmark = 0;
-    ValueList values;
-    std::optional<ValueList> original; // as read, kept once the row is changed
+    PackedRow values;
+    std::optional<PackedRow> original; // as read, kept once the row is changed
     // An edit is in progress; beforeEdit holds the values at its start when they differ from
-    // `original` (a row already pending), so the common first edit copies the row once.
+    // `original` (a row already pending).
     bool editing = false;
-    std::optional<ValueList> beforeEdit;
+    std::optional<PackedRow> beforeEdit;
     RowStatus status = RowStatus::Unmodified;
     bool conflict = false;
     QString error;
@@ -39,8 +40,8 @@ public:
     bool open = false;
     Recordset::Bookmark adding = 0; // the row an AddNew is filling, 0 when none
 
-    void reset(QList<ValueList> rows);
-    Recordset::Bookmark append(ValueList values, Recordset::RowStatus status);
+    void reset(QList<PackedRow> rows);
+    Recordset::Bookmark append(PackedRow values, Recordset::RowStatus status);
     void remove(Recordset::Bookmark bookmark);
     Row* find(Recordset::Bookmark bookmark);
     const Row* find(Recordset::Bookmark bookmark) const;

@@ -85,11 +85,11 @@ void RowWriter::addConditionParameters(ValueList& parameters, const Value& value
 
 QString RowWriter::keyCondition(const RowStore::Row& row, ValueList& parameters) const
 {
-    const ValueList& read = row.original ? *row.original : row.values;
+    const PackedRow& read = row.original ? *row.original : row.values;
     QStringList parts;
     for (int index : m_keyIndexes)
         parts << condition(m_columns[index].baseColumn, m_columns[index].kind, parameters,
-                           read[index]);
+                           read.at(index));
     return parts.join(QStringLiteral(" AND "));
 }
 
@@ -98,10 +98,11 @@ RowWriter::Result RowWriter::insert(const RowStore::Row& row)
     QStringList columns;
     ValueList values;
     for (int i : std::as_const(m_writable)) {
-        if (i == m_identityIndex || row.values[i].isEmpty())
+        Value value = row.values.at(i);
+        if (i == m_identityIndex || value.isEmpty())
             continue;
         columns << m_columns[i].baseColumn;
-        values << row.values[i];
+        values << std::move(value);
     }
     return {Outcome::Written, m_connection.insertRow(m_table, columns, values, m_identity)};
 }
@@ -110,22 +111,19 @@ RowWriter::Outcome RowWriter::update(const RowStore::Row& row)
 {
     if (!row.original)
         return Outcome::Written;
-    const ValueList& read = *row.original;
-    QList<int> changed;
-    for (int i : std::as_const(m_writable)) {
-        if (i != m_identityIndex && !(row.values[i] == read[i]))
-            changed << i;
-    }
+    const PackedRow& read = *row.original;
+    QList<int> changed = PackedRow::changedColumns(read, row.values);
+    changed.removeIf([this](int i) { return i == m_identityIndex || !m_writable.contains(i); });
     if (changed.isEmpty())
         return Outcome::Written;
     ValueList parameters;
     parameters.reserve(changed.size() * 3 + m_keyIndexes.size() * 2);
     for (int i : std::as_const(changed))
-        parameters << row.values[i];
+        parameters << row.values.at(i);
     for (int i : std::as_const(m_keyIndexes))
-        addConditionParameters(parameters, read[i]);
+        addConditionParameters(parameters, read.at(i));
     for (int i : std::as_const(changed))
-        addConditionParameters(parameters, read[i]);
+        addConditionParameters(parameters, read.at(i));
     const ResultSet result = m_connection.run(updateStatement(changed), parameters);
     return result.rowsAffected == 0 ? Outcome::Conflict : Outcome::Written;
 }
@@ -143,7 +141,7 @@ QString RowWriter::updateStatement(const QList<int>& changed)
         checks << condition(m_columns[i].baseColumn, m_columns[i].kind, unused, Value(0));
     }
     RowStore::Row probe;
-    probe.values = ValueList(m_columns.size(), Value(0));
+    probe.values = PackedRow(ValueList(m_columns.size(), Value(0)));
     sql = QStringLiteral("UPDATE ") + quoteIdentifier(m_table) + QStringLiteral(" SET ") +
           assignments.join(QStringLiteral(", ")) + QStringLiteral(" WHERE ") +
           keyCondition(probe, unused) + QStringLiteral(" AND ") +
@@ -153,7 +151,7 @@ QString RowWriter::updateStatement(const QList<int>& changed)
 
 RowWriter::Outcome RowWriter::remove(const RowStore::Row& row)
 {
-    const ValueList& read = row.original ? *row.original : row.values;
+    const ValueList read = (row.original ? *row.original : row.values).toList();
     ValueList parameters;
     for (int i : std::as_const(m_keyIndexes))
         addConditionParameters(parameters, read[i]);
@@ -172,7 +170,7 @@ QString RowWriter::deleteStatement()
     QStringList checks;
     ValueList unused;
     RowStore::Row probe;
-    probe.values = ValueList(m_columns.size(), Value(0));
+    probe.values = PackedRow(ValueList(m_columns.size(), Value(0)));
     checks << keyCondition(probe, unused);
     for (int i : std::as_const(m_writable)) {
         if (!m_keyIndexes.contains(i))
@@ -201,7 +199,7 @@ bool RowWriter::anotherRowHolds(const RowStore::Row& row, const QStringList& col
         if (index < 0)
             return false;
         checks << condition(m_columns[index].baseColumn, m_columns[index].kind, parameters,
-                            row.values[index]);
+                            row.values.at(index));
     }
     // A row already in the table is not its own duplicate.
     if (row.status != Recordset::RowStatus::New)

@@ -173,10 +173,24 @@ void SqliteEngine::bind(sqlite3_stmt* statement, const ValueList& parameters, co
 
 ResultSet SqliteEngine::run(const QString& sql, const ValueList& parameters)
 {
-    sqlite3_stmt* statement = prepare(sql);
     ResultSet result;
-    if (!statement)
-        return result;
+    ResultCollector collector(result);
+    result.rowsAffected = execute(sql, parameters, collector);
+    return result;
+}
+
+void SqliteEngine::runDirect(const QString& sql, RowSink& rows)
+{
+    execute(sql, {}, rows);
+}
+
+qint64 SqliteEngine::execute(const QString& sql, const ValueList& parameters, RowSink& rows)
+{
+    sqlite3_stmt* statement = prepare(sql);
+    if (!statement) {
+        rows.columns({});
+        return -1;
+    }
     // Statements built with their values in the text are seldom sent twice: only the
     // parameterised ones stay prepared.
     const bool keep = !parameters.isEmpty();
@@ -201,6 +215,7 @@ ResultSet SqliteEngine::run(const QString& sql, const ValueList& parameters)
     bind(statement, parameters, sql);
     const int columnCount = sqlite3_column_count(statement);
     QList<ColumnKind> kinds;
+    QList<Column> columns;
     for (int c = 0; c < columnCount; ++c) {
         Column column;
         column.name = utf8OrEmpty(sqlite3_column_name(statement, c));
@@ -209,8 +224,9 @@ ResultSet SqliteEngine::run(const QString& sql, const ValueList& parameters)
         column.baseTable = utf8OrEmpty(sqlite3_column_table_name(statement, c));
         column.baseColumn = utf8OrEmpty(sqlite3_column_origin_name(statement, c));
         kinds << column.kind;
-        result.columns << column;
+        columns << column;
     }
+    rows.columns(std::move(columns));
     for (;;) {
         const int rc = sqlite3_step(statement);
         if (rc == SQLITE_DONE)
@@ -221,11 +237,9 @@ ResultSet SqliteEngine::run(const QString& sql, const ValueList& parameters)
         row.reserve(columnCount);
         for (int c = 0; c < columnCount; ++c)
             row << readValue(statement, c, kinds[c]);
-        result.rows << std::move(row);
+        rows.row(std::move(row));
     }
-    if (columnCount == 0)
-        result.rowsAffected = sqlite3_changes64(m_db);
-    return result;
+    return columnCount == 0 ? sqlite3_changes64(m_db) : -1;
 }
 
 void SqliteEngine::begin()

@@ -24,6 +24,8 @@ public:
     Dialect dialect() const override { return Dialect::Sqlite; }
     QString driverName() const override { return QStringLiteral("SQLite"); }
     ResultSet run(const QString& sql, const ValueList& parameters) override;
+    void runDirect(const QString& sql, RowSink& rows) override;
+    using Engine::runDirect;
     void begin() override;
     void commit() override;
     void rollback() override;
@@ -32,6 +34,8 @@ public:
     bool hasTsqlFunctions() const override { return true; }
 
 private:
+    // Runs one statement, its rows to `rows`; the rows it changed.
+    qint64 execute(const QString& sql, const ValueList& parameters, RowSink& rows);
     sqlite3_stmt* prepare(const QString& sql);
     [[noreturn]] void fail(const QString& sql) const;
     void bind(sqlite3_stmt* statement, const ValueList& parameters, const QString& sql);

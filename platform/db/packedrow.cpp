@@ -1,0 +1,329 @@
+#include "platform/db/packedrow.h"
+
+#include "platform/db/runtimeerror.h"
+
+#include <cstring>
+#include <limits>
+
+namespace tarvello::db {
+
+namespace {
+
+enum Tag : quint8 {
+    EmptyTag,
+    NullTag,
+    FalseTag,
+    TrueTag,
+    Int8Tag,
+    Int16Tag,
+    Int32Tag,
+    Int64Tag,
+    // A scale byte, then the mantissa.
+    Decimal32Tag,
+    Decimal64Tag,
+    DoubleTag,
+    // A length byte, then one byte per character.
+    ShortLatin1Tag,
+    // A length of four bytes, then one byte per character.
+    Latin1Tag,
+    // A length of four bytes in characters, then two bytes per character.
+    Utf16Tag,
+    // The Julian day (eight bytes) and the milliseconds of the day (four bytes); the offset from
+    // UTC in seconds (four bytes) follows for an offset date.
+    LocalDateTag,
+    UtcDateTag,
+    OffsetDateTag,
+    InvalidDateTag,
+};
+
+constexpr qsizetype dateBytes = sizeof(qint64) + sizeof(qint32);
+
+template <class T>
+void put(QByteArray& bytes, T value)
+{
+    bytes.append(reinterpret_cast<const char*>(&value), sizeof(T));
+}
+
+template <class T>
+T get(const char* at)
+{
+    T value;
+    std::memcpy(&value, at, sizeof(T));
+    return value;
+}
+
+template <class T>
+bool fits(qint64 value)
+{
+    return value >= std::numeric_limits<T>::min() && value <= std::numeric_limits<T>::max();
+}
+
+void putInteger(QByteArray& bytes, qint64 value)
+{
+    if (fits<qint8>(value)) {
+        bytes.append(char(Int8Tag));
+        put(bytes, qint8(value));
+    } else if (fits<qint16>(value)) {
+        bytes.append(char(Int16Tag));
+        put(bytes, qint16(value));
+    } else if (fits<qint32>(value)) {
+        bytes.append(char(Int32Tag));
+        put(bytes, qint32(value));
+    } else {
+        bytes.append(char(Int64Tag));
+        put(bytes, value);
+    }
+}
+
+void putText(QByteArray& bytes, const QString& text)
+{
+    const bool latin1 =
+        std::all_of(text.cbegin(), text.cend(), [](QChar c) { return c.unicode() < 0x100; });
+    const auto length = qint32(text.size());
+    if (!latin1) {
+        bytes.append(char(Utf16Tag));
+        put(bytes, length);
+        bytes.append(reinterpret_cast<const char*>(text.utf16()), length * qsizetype(2));
+        return;
+    }
+    if (length <= std::numeric_limits<quint8>::max()) {
+        bytes.append(char(ShortLatin1Tag));
+        put(bytes, quint8(length));
+    } else {
+        bytes.append(char(Latin1Tag));
+        put(bytes, length);
+    }
+    const qsizetype start = bytes.size();
+    bytes.resize(start + length);
+    char* out = bytes.data() + start;
+    for (const QChar c : text)
+        *out++ = char(c.unicode());
+}
+
+void putDate(QByteArray& bytes, const QDateTime& value)
+{
+    if (!value.isValid()) {
+        bytes.append(char(InvalidDateTag));
+        return;
+    }
+    const Qt::TimeSpec spec = value.timeSpec();
+    const QDateTime at =
+        spec == Qt::TimeZone ? value.toOffsetFromUtc(value.offsetFromUtc()) : value;
+    bytes.append(char(spec == Qt::LocalTime ? LocalDateTag
+                      : spec == Qt::UTC     ? UtcDateTag
+                                            : OffsetDateTag));
+    put(bytes, qint64(at.date().toJulianDay()));
+    put(bytes, qint32(at.time().msecsSinceStartOfDay()));
+    if (spec != Qt::LocalTime && spec != Qt::UTC)
+        put(bytes, qint32(at.offsetFromUtc()));
+}
+
+QDateTime getDate(const char* at, Qt::TimeSpec spec, int offset = 0)
+{
+    const QDate date = QDate::fromJulianDay(get<qint64>(at));
+    const QTime time = QTime::fromMSecsSinceStartOfDay(get<qint32>(at + sizeof(qint64)));
+    return QDateTime(date, time, spec, offset);
+}
+
+[[noreturn]] void outsideTheRow()
+{
+    throw RuntimeError(RuntimeError::ItemNotFound,
+                       QStringLiteral("Item cannot be found in the collection"));
+}
+
+} // namespace
+
+PackedRow::PackedRow(const ValueList& values)
+{
+    for (const Value& value : values)
+        append(value);
+}
+
+void PackedRow::encode(QByteArray& bytes, const Value& value)
+{
+    switch (value.kind()) {
+    case Value::Kind::Empty:
+        bytes.append(char(EmptyTag));
+        return;
+    case Value::Kind::Null:
+        bytes.append(char(NullTag));
+        return;
+    case Value::Kind::Boolean:
+        bytes.append(char(value.toBool() ? TrueTag : FalseTag));
+        return;
+    case Value::Kind::Integer:
+        putInteger(bytes, value.toInt64());
+        return;
+    case Value::Kind::Decimal: {
+        const Decimal d = value.toDecimal();
+        const bool small = fits<qint32>(d.mantissa());
+        bytes.append(char(small ? Decimal32Tag : Decimal64Tag));
+        put(bytes, qint8(d.scale()));
+        if (small)
+            put(bytes, qint32(d.mantissa()));
+        else
+            put(bytes, d.mantissa());
+        return;
+    }
+    case Value::Kind::Double:
+        bytes.append(char(DoubleTag));
+        put(bytes, value.toDouble());
+        return;
+    case Value::Kind::Text:
+        putText(bytes, value.toString());
+        return;
+    case Value::Kind::Date:
+        putDate(bytes, value.toDateTime());
+        return;
+    case Value::Kind::Array:
+        break;
+    }
+    throw RuntimeError(RuntimeError::TypeMismatch,
+                       QStringLiteral("Type mismatch: an array is not a value of a row"));
+}
+
+qsizetype PackedRow::lengthAt(qsizetype offset) const
+{
+    const char* at = m_bytes.constData() + offset;
+    switch (Tag(*at)) {
+    case EmptyTag:
+    case NullTag:
+    case FalseTag:
+    case TrueTag:
+    case InvalidDateTag:
+        return 1;
+    case Int8Tag:
+        return 2;
+    case Int16Tag:
+        return 3;
+    case Int32Tag:
+        return 5;
+    case Int64Tag:
+    case DoubleTag:
+        return 9;
+    case Decimal32Tag:
+        return 6;
+    case Decimal64Tag:
+        return 10;
+    case ShortLatin1Tag:
+        return 2 + get<quint8>(at + 1);
+    case Latin1Tag:
+        return 5 + get<qint32>(at + 1);
+    case Utf16Tag:
+        return 5 + qsizetype(2) * get<qint32>(at + 1);
+    case LocalDateTag:
+    case UtcDateTag:
+        return 1 + dateBytes;
+    case OffsetDateTag:
+        return 1 + dateBytes + sizeof(qint32);
+    }
+    return 1;
+}
+
+Value PackedRow::decodeAt(qsizetype offset) const
+{
+    const char* at = m_bytes.constData() + offset;
+    const char* payload = at + 1;
+    switch (Tag(*at)) {
+    case EmptyTag:
+        return {};
+    case NullTag:
+        return Value::null();
+    case FalseTag:
+        return false;
+    case TrueTag:
+        return true;
+    case Int8Tag:
+        return qint64(get<qint8>(payload));
+    case Int16Tag:
+        return qint64(get<qint16>(payload));
+    case Int32Tag:
+        return qint64(get<qint32>(payload));
+    case Int64Tag:
+        return get<qint64>(payload);
+    case Decimal32Tag:
+        return Decimal::fromParts(get<qint32>(payload + 1), get<qint8>(payload));
+    case Decimal64Tag:
+        return Decimal::fromParts(get<qint64>(payload + 1), get<qint8>(payload));
+    case DoubleTag:
+        return get<double>(payload);
+    case ShortLatin1Tag:
+        return QString::fromLatin1(payload + 1, get<quint8>(payload));
+    case Latin1Tag:
+        return QString::fromLatin1(payload + 4, get<qint32>(payload));
+    case Utf16Tag:
+        return QString(reinterpret_cast<const QChar*>(payload + 4), get<qint32>(payload));
+    case LocalDateTag:
+        return getDate(payload, Qt::LocalTime);
+    case UtcDateTag:
+        return getDate(payload, Qt::UTC);
+    case OffsetDateTag:
+        return getDate(payload, Qt::OffsetFromUTC, get<qint32>(payload + dateBytes));
+    case InvalidDateTag:
+        return QDateTime();
+    }
+    return {};
+}
+
+qsizetype PackedRow::offsetOf(int column) const
+{
+    if (column < 0 || column >= m_count)
+        outsideTheRow();
+    qsizetype offset = 0;
+    for (int i = 0; i < column; ++i)
+        offset += lengthAt(offset);
+    return offset;
+}
+
+Value PackedRow::at(int column) const
+{
+    return decodeAt(offsetOf(column));
+}
+
+void PackedRow::set(int column, const Value& value)
+{
+    const qsizetype offset = offsetOf(column);
+    QByteArray encoded;
+    encode(encoded, value);
+    m_bytes.replace(offset, lengthAt(offset), encoded);
+}
+
+void PackedRow::append(const Value& value)
+{
+    encode(m_bytes, value);
+    ++m_count;
+}
+
+ValueList PackedRow::toList() const
+{
+    ValueList values;
+    values.reserve(m_count);
+    qsizetype offset = 0;
+    for (int i = 0; i < m_count; ++i) {
+        values << decodeAt(offset);
+        offset += lengthAt(offset);
+    }
+    return values;
+}
+
+QList<int> PackedRow::changedColumns(const PackedRow& before, const PackedRow& after)
+{
+    QList<int> changed;
+    qsizetype x = 0;
+    qsizetype y = 0;
+    for (int i = 0; i < before.m_count && i < after.m_count; ++i) {
+        const qsizetype xLength = before.lengthAt(x);
+        const qsizetype yLength = after.lengthAt(y);
+        // The same bytes are the same value; other bytes may still be an equal one (5 and 5.0).
+        const bool sameBytes =
+            xLength == yLength && std::memcmp(before.m_bytes.constData() + x,
+                                              after.m_bytes.constData() + y, size_t(xLength)) == 0;
+        if (!sameBytes && !(before.decodeAt(x) == after.decodeAt(y)))
+            changed << i;
+        x += xLength;
+        y += yLength;
+    }
+    return changed;
+}
+
+} // namespace tarvello::db
