@@ -136,8 +136,8 @@ Recordset::~Recordset() = default;
 
 void Recordset::connectStore()
 {
-    connect(m_store.get(), &RowStore::rowsChanged, this,
-            [this] { rebuildView(m_index >= 0 && m_index < m_view.size() ? m_view[m_index] : 0); });
+    connect(m_store.get(), &RowStore::rowsChanged, this, &Recordset::rebuildViewKeepingCurrent);
+    connect(m_store.get(), &RowStore::rowAdded, this, &Recordset::showAddedRow);
     connect(m_store.get(), &RowStore::valueChanged, this, &Recordset::rowChanged);
 }
 
@@ -509,6 +509,27 @@ QString Recordset::sort() const
     return m_sort;
 }
 
+void Recordset::rebuildViewKeepingCurrent()
+{
+    rebuildView(m_index >= 0 && m_index < m_view.size() ? m_view[m_index] : 0);
+}
+
+// The row being added is shown whatever the filter, after the rows already shown, as a rebuild
+// would place it; only a sort or a view of conflicts needs every row considered again. Adding
+// rows one by one thus costs each of them the same, however many the recordset holds.
+void Recordset::showAddedRow(Bookmark added)
+{
+    if (!m_sort.trimmed().isEmpty() || m_filterGroup == FilterGroup::ConflictingRecords) {
+        rebuildViewKeepingCurrent();
+        return;
+    }
+    m_view.append(added);
+    if (!m_positions.isEmpty())
+        m_positions.insert(added, m_view.size() - 1);
+    m_onDeleted = false;
+    Q_EMIT rowsReset();
+}
+
 void Recordset::rebuildView(Bookmark keep)
 {
     const Criteria criteria = Criteria::parse(m_filter);
@@ -604,7 +625,7 @@ void Recordset::addNew()
     }
     const Bookmark added = m_store->append(std::move(values), RowStatus::New);
     m_store->adding = added;
-    m_store->notifyRowsChanged();
+    m_store->notifyRowAdded(added);
     m_index = m_view.indexOf(added);
     Q_EMIT currentChanged();
 }

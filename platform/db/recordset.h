@@ -161,6 +161,8 @@ private:
     static void load(RowStore& store, Connection& connection, const QString& tsql);
     void connectStore();
     void rebuildView(Bookmark keep);
+    void rebuildViewKeepingCurrent();
+    void showAddedRow(Bookmark added);
     void sortView(QList<Bookmark>& view) const;
     void setCurrentIndex(qsizetype index);
     void leaveEdit();

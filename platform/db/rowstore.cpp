@@ -49,14 +49,27 @@ void RowStore::remove(Recordset::Bookmark bookmark)
 
 RowStore::Row* RowStore::find(Recordset::Bookmark bookmark)
 {
-    const auto found = m_index.constFind(bookmark);
-    return found == m_index.cend() ? nullptr : &m_rows[*found];
+    const qsizetype at = placeOf(bookmark);
+    return at < 0 ? nullptr : &m_rows[at];
 }
 
 const RowStore::Row* RowStore::find(Recordset::Bookmark bookmark) const
 {
+    const qsizetype at = placeOf(bookmark);
+    return at < 0 ? nullptr : &m_rows[at];
+}
+
+qsizetype RowStore::placeOf(Recordset::Bookmark bookmark) const
+{
+    // Bookmarks are handed out in the order rows are kept: until a row is removed, a row's
+    // place is its distance from the first one, found without a look-up in the index.
+    if (!m_rows.isEmpty() && bookmark >= m_rows.first().bookmark) {
+        const auto guess = qsizetype(bookmark - m_rows.first().bookmark);
+        if (guess < m_rows.size() && m_rows.at(guess).bookmark == bookmark)
+            return guess;
+    }
     const auto found = m_index.constFind(bookmark);
-    return found == m_index.cend() ? nullptr : &m_rows[*found];
+    return found == m_index.cend() ? -1 : *found;
 }
 
 std::optional<QList<Recordset::Bookmark>> RowStore::rowsWithText(int column,
@@ -94,6 +107,12 @@ std::optional<QList<Recordset::Bookmark>> RowStore::rowsWithText(int column,
 
 int RowStore::columnIndex(QStringView name) const
 {
+    // Code names a field as the query spelled it nearly always: comparing lengths and
+    // characters is cheaper than folding the case of the name for the index on every read.
+    for (int i = 0; i < columns.size(); ++i) {
+        if (columns[i].name == name)
+            return i;
+    }
     if (m_columnIndex.size() != columns.size()) {
         for (int i = 0; i < columns.size(); ++i) {
             if (columns[i].name.compare(name, Qt::CaseInsensitive) == 0)

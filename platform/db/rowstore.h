@@ -56,6 +56,12 @@ public:
         m_textIndexes.clear();
         Q_EMIT rowsChanged();
     }
+    // A row appended by an AddNew: handles show it without reading every row again.
+    void notifyRowAdded(Recordset::Bookmark bookmark)
+    {
+        m_textIndexes.clear();
+        Q_EMIT rowAdded(bookmark);
+    }
     void notifyValueChanged(Recordset::Bookmark bookmark)
     {
         m_textIndexes.clear();
@@ -69,10 +75,13 @@ public:
 
 Q_SIGNALS:
     void rowsChanged();
+    void rowAdded(tarvello::db::Recordset::Bookmark bookmark);
     void valueChanged(tarvello::db::Recordset::Bookmark bookmark);
 
 private:
     void reindex();
+    // Where the row with that bookmark is kept; -1 when none is.
+    qsizetype placeOf(Recordset::Bookmark bookmark) const;
 
     QList<Row> m_rows;
     QHash<Recordset::Bookmark, qsizetype> m_index;

@@ -17,6 +17,8 @@
 #include "src/host/warehouseconnection.h"
 #include "src/screen/frmmg_agenti.h"
 
+#include <QSet>
+
 namespace tarvello::agenti {
 
 namespace {
@@ -33,17 +35,18 @@ QString testoCampo(const FRMMG_AGENTI& schermata, QStringView nome)
     return RTrimN(schermata.controllo<controls::Field>(nome).text()).toString();
 }
 
-// The route already holds the customer with that destination.
-bool giaNelGiro(const db::Recordset& righe, qint64 cliente, const QString& dest)
+// The customers and destinations the route holds, so that each one handed to it is looked up
+// once instead of walking every row of the route again.
+using ClienteDestinazione = std::pair<qint64, QString>;
+QSet<ClienteDestinazione> clientiNelGiro(const db::Recordset& righe)
 {
+    QSet<ClienteDestinazione> presenti;
     const db::RecordsetPtr copia = righe.clone();
     copia->setFilter(righe.filter());
-    for (copia->moveFirst(); !copia->eof(); copia->moveNext()) {
-        if (CDecN(copia->value(u"MG1I_CLIFOR_CG44")).toInt64() == cliente &&
-            RTrimN(NvlN(copia->value(u"MG1I_CODDEST_MG22"), QString())).toString() == dest)
-            return true;
-    }
-    return false;
+    for (copia->moveFirst(); !copia->eof(); copia->moveNext())
+        presenti.insert({CDecN(copia->value(u"MG1I_CLIFOR_CG44")).toInt64(),
+                         RTrimN(NvlN(copia->value(u"MG1I_CODDEST_MG22"), QString())).toString()});
+    return presenti;
 }
 
 } // namespace
@@ -173,15 +176,18 @@ void ClientiGiro::InserisciClientiNelGiro()
             const frame::GestAnagrafica::BulkRewrite blocco(dettaglio);
             db::Recordset& elenco = *m_elencoClienti;
             db::Recordset& rs = richiesto(righe.get(), "Grst_GestAnagrafica5");
+            QSet<ClienteDestinazione> presenti = clientiNelGiro(rs);
             for (elenco.moveFirst(); !elenco.eof(); elenco.moveNext()) {
                 const qint64 c = CDecN(elenco.value(u"CG44_CLIFOR")).toInt64();
                 const QString d =
                     RTrimN(NvlN(elenco.value(u"MG22_CODDESTIN"), QString())).toString();
-                if (giaNelGiro(rs, c, d))
+                if (presenti.contains({c, d}))
                     continue;
                 if (!vuoto(rs) && !rs.bof() && !rs.eof() &&
-                    CDecN(rs.value(u"MG1I_CLIFOR_CG44")).toInt64() == 0)
+                    CDecN(rs.value(u"MG1I_CLIFOR_CG44")).toInt64() == 0) {
                     rs.deleteRow();
+                    presenti = clientiNelGiro(rs);
+                }
                 rs.addNew();
                 rs.setValue(u"MG1I_DITTA_CG18", m_schermata.Codice_Ditta());
                 rs.setValue(u"MG1I_GIRO_MG1H",
@@ -192,6 +198,7 @@ void ClientiGiro::InserisciClientiNelGiro()
                 rs.setValue(u"MG1I_CLIFOR_CG44", c);
                 rs.setValue(u"MG1I_CODDEST_MG22", d.isEmpty() ? db::Value::null() : db::Value(d));
                 rs.update();
+                presenti.insert({c, d});
                 aggiunti = true;
             }
         },
