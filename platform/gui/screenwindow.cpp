@@ -6,6 +6,7 @@
 #include "platform/db/connection.h"
 #include "platform/gui/formbinder.h"
 #include "platform/gui/formview.h"
+#include "platform/services/screenform.h"
 #include "src/host/calledmodule.h"
 #include "src/host/cinterface.h"
 
@@ -52,11 +53,7 @@ ScreenWindow::~ScreenWindow()
 
 controls::Form* ScreenWindow::formOf(host::CalledModule& module)
 {
-    for (QObject* object = module.contract().ActiveFrame(); object; object = object->parent()) {
-        if (auto* form = qobject_cast<controls::Form*>(object))
-            return form;
-    }
-    return nullptr;
+    return services::screenForm(&module.contract());
 }
 
 void ScreenWindow::closeEvent(QCloseEvent* event)

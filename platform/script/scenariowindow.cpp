@@ -9,6 +9,7 @@
 #include "platform/frame/gestanagrafica.h"
 #include "platform/script/promptlookups.h"
 #include "platform/script/scripterror.h"
+#include "platform/services/screenform.h"
 #include "src/host/cinterface.h"
 
 namespace tarvello::script {
@@ -21,13 +22,20 @@ QString kindName(const QMetaObject& kind)
 
 ScenarioWindow::ScenarioWindow(std::unique_ptr<host::CalledModule> module)
     : m_module(std::move(module))
+    , m_contract(&m_module->contract())
 {
     m_module->dataTransfer().subscribe(this);
 }
 
+ScenarioWindow::ScenarioWindow(host::Cinterface& module, controls::Form& form)
+    : m_contract(&module)
+    , m_form(&form)
+{}
+
 ScenarioWindow::~ScenarioWindow()
 {
-    m_module->dataTransfer().unsubscribe(this);
+    if (m_module)
+        m_module->dataTransfer().unsubscribe(this);
     if (m_form && m_form->lookupPresenter() == m_lookups.get())
         m_form->setLookupPresenter(nullptr);
     if (m_form && m_form->connectionSource() == m_connections.get())
@@ -36,11 +44,7 @@ ScenarioWindow::~ScenarioWindow()
 
 controls::Form* ScenarioWindow::findForm() const
 {
-    for (QObject* object = module().ActiveFrame(); object; object = object->parent()) {
-        if (auto* form = qobject_cast<controls::Form*>(object))
-            return form;
-    }
-    return nullptr;
+    return services::screenForm(&module());
 }
 
 bool ScenarioWindow::adopt(services::UserPrompts& prompts)

@@ -13,6 +13,7 @@ HostContext::HostContext(UserPrompts& prompts, const QString& connectionString,
     : m_prompts(prompts)
     , m_connectionString(connectionString)
     , m_company(company)
+    , m_managements(prompts, *this)
     , m_lookups(LookupCatalogue::standard())
     , m_objects(prompts, m_lookups, *this)
 {
