@@ -19,7 +19,7 @@ class UserPrompts;
 
 // The host's global context. It knows the other modules of the host by identifier: the
 // agents' printouts are there from the start, and so are the general registry and the
-// commission-on-discount tables, as managements the person answers through the prompts.
+// commission-on-discount tables, whose screens are managements of the host.
 class HostContext final : public host::GlobalContext {
 public:
     // A module the host ran by identifier.
