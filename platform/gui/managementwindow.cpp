@@ -25,8 +25,6 @@ namespace {
 
 using services::TableManagement;
 
-// Layout widths are twips: 15 to a pixel on a 96-dpi screen.
-constexpr int twipsPerPixel = 15;
 // Beyond this many fields the record lays them out in two columns.
 constexpr int fieldsInOneColumn = 4;
 // Fields for codes this short get a width to match.
@@ -115,10 +113,8 @@ ManagementWindow::ManagementWindow(TableManagement& management, services::HostNa
     });
     connect(&management.form(), &controls::Form::unloaded, this, [this] { done(Accepted); });
 
-    int width = 0;
-    for (const controls::GridColumn& column : grid.columns())
-        width += column.width / twipsPerPixel;
-    resize(qBound(560, width + 60, 1100), record ? 600 : 480);
+    // Wide enough for the columns as the grid lays them out.
+    resize(qBound(560, m_table->horizontalHeader()->length() + 60, 1100), record ? 600 : 480);
     if (m_toolbar)
         m_toolbar->showFrameState(true);
     management.form().find<controls::Field>(TableManagement::SearchBox)->setFocus();

@@ -65,7 +65,7 @@ db::Value HostLauncher::runProgram(int program, const QString& parameters, bool 
             if (program == ClassificationTables)
                 return classificationWindow(m_managements, parameters);
             m_managements.prompts().messageBox(
-                QStringLiteral("Questa installazione non ha il programma n. %1.").arg(program), 64,
+                QStringLiteral("Questa installazione non ha la gestione richiesta."), 64,
                 QStringLiteral("Gestioni"));
             return PromptAnswer::nothing();
         });
