@@ -237,12 +237,23 @@ Field::DecodeOutcome Field::decode()
     }
 }
 
+void Field::clearDecoded()
+{
+    for (const QPointer<DataControl>& target : std::as_const(m_decoded)) {
+        if (target)
+            target->setValue(db::Value::null());
+    }
+    m_decoded.clear();
+}
+
 void Field::fillTargets(const QList<DecodeTarget>& targets, const db::ResultSet& result)
 {
+    m_decoded.clear();
     for (qsizetype i = 0; i < targets.size(); ++i) {
         const DecodeTarget& target = targets.at(i);
         if (!target.control)
             continue;
+        m_decoded.append(target.control);
         if (result.rows.isEmpty()) {
             target.control->setValue(db::Value::null());
             continue;

@@ -4,6 +4,7 @@
 #include "platform/db/resultset.h"
 
 #include <QList>
+#include <QPointer>
 #include <QString>
 #include <optional>
 
@@ -78,6 +79,8 @@ public:
     void setAccepted(bool accepted);
 
     DecodeOutcome decode();
+    // Empties the controls the last decoding filled: they describe a code no longer shown.
+    void clearDecoded();
     // The text changed since the last decoding.
     bool isDecodePending() const { return m_decodePending; }
     // Why the last decoding failed; empty after one that did not.
@@ -123,7 +126,7 @@ protected:
 private:
     QString normalized(const QString& text) const;
     QString typedCharacters(const QString& typed) const;
-    static void fillTargets(const QList<DecodeTarget>& targets, const db::ResultSet& result);
+    void fillTargets(const QList<DecodeTarget>& targets, const db::ResultSet& result);
 
     const Kind m_kind;
     QString m_text;
@@ -134,6 +137,7 @@ private:
     bool m_multiLine = false;
     QString m_lookupId;
     bool m_decodePending = false;
+    QList<QPointer<DataControl>> m_decoded; // Not owned.
     bool m_accepted = true;
     QString m_lastError;
     std::optional<LookupArgs> m_lastLookup;

@@ -57,10 +57,16 @@ bool Navigator::relabelButton(const QString& key, const QString& newKey, const Q
     return true;
 }
 
+bool Navigator::isButtonEnabled(QStringView key) const
+{
+    const Button* found = button(key);
+    return found && found->enabled && (m_newRowAllowed || key != NavigatorKey::New);
+}
+
 bool Navigator::isAvailable(QStringView key) const
 {
     const Button* found = button(key);
-    return found && found->visible && found->enabled && isEnabled() && isVisible();
+    return found && found->visible && isButtonEnabled(key) && isEnabled() && isVisible();
 }
 
 void Navigator::setNewRowAllowed(bool allowed)

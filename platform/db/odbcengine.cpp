@@ -190,6 +190,20 @@ void OdbcEngine::rollback()
         throw EngineError(providerError(db.lastError()));
 }
 
+bool OdbcEngine::transactionOpen()
+{
+    if (m_dialect == Dialect::SqlServer)
+        return runDirect(QStringLiteral("SELECT XACT_STATE()")).rows.value(0).value(0).toInt64() ==
+               1;
+    // SQLite has no question for it, but refuses a BEGIN inside a transaction. A BEGIN that
+    // succeeds means the database had dropped the transaction; it opens the one the driver
+    // still believes in, which the driver's rollback then ends.
+    QSqlQuery probe(QSqlDatabase::database(m_name, false));
+    const bool began = probe.exec(QStringLiteral("BEGIN"));
+    probe.finish();
+    return !began;
+}
+
 TableInfo OdbcEngine::tableInfo(const QString& table)
 {
     if (m_dialect == Dialect::Sqlite)
@@ -219,6 +233,22 @@ TableInfo OdbcEngine::tableInfo(const QString& table)
         column.keyPosition = int(row[6].toInt64());
         column.primaryKey = column.keyPosition != 0;
         info.columns << column;
+    }
+    const ResultSet uniqueParts = runDirect(
+        QStringLiteral("SELECT i.index_id, c.name FROM sys.indexes i JOIN sys.index_columns ic "
+                       "ON ic.object_id = i.object_id AND ic.index_id = i.index_id "
+                       "JOIN sys.columns c ON c.object_id = ic.object_id AND c.column_id = "
+                       "ic.column_id WHERE i.object_id = OBJECT_ID(%1) AND i.is_unique = 1 AND "
+                       "i.is_primary_key = 0 AND i.has_filter = 0 AND ic.is_included_column = 0 "
+                       "ORDER BY i.index_id, ic.key_ordinal")
+            .arg(literal));
+    qint64 index = -1;
+    for (const ValueList& part : uniqueParts.rows) {
+        if (part[0].toInt64() != index) {
+            index = part[0].toInt64();
+            info.uniqueKeys << QStringList();
+        }
+        info.uniqueKeys.last() << part[1].toString();
     }
     return info;
 }

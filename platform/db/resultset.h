@@ -44,6 +44,8 @@ struct TableInfo {
     };
     QString name;
     QList<ColumnInfo> columns;
+    // The columns of each unique index or constraint other than the primary key.
+    QList<QStringList> uniqueKeys;
 
     bool exists() const { return !columns.isEmpty(); }
     const ColumnInfo* column(QStringView name) const;

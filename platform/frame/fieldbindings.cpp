@@ -119,8 +119,13 @@ void FieldBindings::decode(const std::function<void(const db::RuntimeError&)>& o
     const QScopedValueRollback showing(m_showing, true);
     for (DataControl* control : controls()) {
         auto* field = qobject_cast<controls::Field*>(control);
-        if (!field || field->text().trimmed().isEmpty())
+        if (!field)
             continue;
+        // An empty code has nothing to decode; what described the code shown before goes.
+        if (field->text().trimmed().isEmpty()) {
+            field->clearDecoded();
+            continue;
+        }
         try {
             field->decode();
         } catch (const db::RuntimeError& error) {

@@ -55,7 +55,8 @@ public:
     void sync(const ColumnReader& read, const controls::DataControl* except = nullptr);
     // The control's value was written into its column.
     void written(const controls::DataControl* control, const db::Value& value);
-    // Asks the fields holding a text to decode it; a failing handler reaches onError.
+    // Asks the fields holding a text to decode it, and empties what the others last decoded
+    // into; a failing handler reaches onError.
     void decode(const std::function<void(const db::RuntimeError&)>& onError);
     // The value of the control as its column takes it.
     ColumnValue columnValue(const controls::DataControl* control) const;

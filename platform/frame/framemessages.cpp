@@ -88,6 +88,21 @@ void FrameMessages::saveFailed(const QString& reason) const
         errorTitle);
 }
 
+void FrameMessages::valueTaken(const QString& caption, const QString& value) const
+{
+    saveFailed(QStringLiteral("Il valore \"%1\" del campo \"%2\" è già usato in un'altra riga, "
+                              "forse salvata nel frattempo da un altro utente. I dati inseriti "
+                              "restano a video: cambiare il valore e salvare di nuovo.")
+                   .arg(value, caption));
+}
+
+QString FrameMessages::changedByOthers() const
+{
+    return QStringLiteral("I dati visualizzati sono stati modificati da un altro utente dopo la "
+                          "lettura: nulla è stato eliminato. Rileggere i dati (ad esempio "
+                          "chiudendo e riaprendo la finestra) e ripetere l'eliminazione.");
+}
+
 void FrameMessages::deleteFailed(const QString& reason) const
 {
     m_prompts.messageBox(

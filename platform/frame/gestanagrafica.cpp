@@ -268,9 +268,11 @@ void GestAnagrafica::setStatus(int status)
         m_status = FrameStatus::Search;
         showRow(StatusReason::SearchEntry);
     } else if (status == FrameStatus::Browse) {
-        std::optional<Bookmark> back = visible(m_returnTo);
+        // A new row being entered is the recordset's current row: no existing row was asked
+        // for, so it stays (a search that found nothing leaves the key it was given on view).
         if (entering())
-            dropNewRow();
+            return;
+        std::optional<Bookmark> back = visible(m_returnTo);
         if (!back)
             back = currentOrFirst();
         // With no row to show there is nothing to browse: the frame waits for a new one.
@@ -446,8 +448,10 @@ void GestAnagrafica::showRow(int reason, bool raiseEvent)
     if (m_shown)
         m_lastCompany = companyConditions(*m_recordset);
     announceState();
-    if (raiseEvent)
-        raise([&] { Q_EMIT ChangeStatus(m_status, reason); });
+    if (!raiseEvent)
+        return;
+    const QScopedValueRollback announcing(m_announcing, true);
+    raise([&] { Q_EMIT ChangeStatus(m_status, reason); });
 }
 
 FieldBindings::ColumnReader GestAnagrafica::rowReader() const
@@ -604,7 +608,7 @@ bool GestAnagrafica::writeRow(bool check, bool show)
         else
             m_recordset->update();
     } catch (const db::RuntimeError& error) {
-        m_messages.saveFailed(error.description());
+        reportSaveFailure(error);
         if (check)
             raise([&] { Q_EMIT AfterUpdate(OperationFailed); });
         return false;
@@ -621,6 +625,28 @@ bool GestAnagrafica::writeRow(bool check, bool show)
     else
         announceState();
     return true;
+}
+
+void GestAnagrafica::reportSaveFailure(const db::RuntimeError& error)
+{
+    // A unique key that another row holds (another user saved the same code first) is told
+    // in the person's terms: the field and the value, which they can change and save again.
+    QStringList key;
+    try {
+        if (placeCursor())
+            key = m_recordset->duplicatedUniqueKey();
+    } catch (const db::RuntimeError&) {
+        key.clear(); // the first error is the one to tell
+    }
+    for (const QString& column : std::as_const(key)) {
+        for (DataControl* control : m_fields.controls()) {
+            if (m_fields.columnOf(control).compare(column, Qt::CaseInsensitive) == 0) {
+                m_messages.valueTaken(captionOf(control), shownValue(column).toString());
+                return;
+            }
+        }
+    }
+    m_messages.saveFailed(error.description());
 }
 
 bool GestAnagrafica::confirmPendingChanges(bool check, bool show, bool ask)
@@ -680,7 +706,7 @@ bool GestAnagrafica::dropPendingRow(bool raiseEvents, bool show, bool ask)
             restoreSnapshot();
             if (m_master)
                 discardDetailChanges();
-            showRow(StatusReason::Refreshed, show);
+            showRow(StatusReason::Restored, show);
         }
     }
     if (raiseEvents)
@@ -720,11 +746,7 @@ bool GestAnagrafica::deleteRecord()
         return false;
     if (!m_messages.confirmDelete())
         return false;
-    CancelArgs args;
-    if (!raise([&] { Q_EMIT BeforeDelete(args); }) || args.fbol_Cancel || !placeCursor())
-        return false;
-    const Bookmark deleted = *m_shown;
-    if (!deleteAndWrite([this] { m_recordset->deleteRow(); }, deleted))
+    if (!deleteWithEvents(DeleteScope::ShownRow, true))
         return false;
     std::optional<Bookmark> next = cursorBookmark();
     if (!next && m_recordset->recordCount() > 0) {
@@ -748,38 +770,88 @@ bool GestAnagrafica::deleteRows(bool raiseEvents, bool show, bool ask)
     }
     if (ask && !m_messages.confirmDeleteAll())
         return false;
+    if (!deleteWithEvents(DeleteScope::AllRows, raiseEvents))
+        return false;
+    finishDelete(std::nullopt, raiseEvents, show);
+    return true;
+}
+
+bool GestAnagrafica::deleteWithEvents(DeleteScope scope, bool raiseEvents)
+{
+    const std::optional<Bookmark> shownBefore = m_shown;
+    // A master's delete is one transaction on its connection, BeforeDelete's own writes
+    // (which nest inside it) included: a row and what hangs off it go together or not at all.
+    std::optional<db::TransactionGuard> transaction;
+    if (m_master && m_connection) {
+        try {
+            transaction.emplace(*m_connection);
+            if (shownDetailsChanged()) {
+                m_messages.deleteFailed(m_messages.changedByOthers());
+                return false;
+            }
+        } catch (const db::RuntimeError& error) {
+            m_messages.deleteFailed(error.description());
+            return false;
+        }
+    }
     if (raiseEvents) {
         CancelArgs args;
         placeCursor();
         if (!raise([&] { Q_EMIT BeforeDelete(args); }) || args.fbol_Cancel)
             return false;
     }
-    const auto deleteAll = [this] {
+    // The row shown is the one to delete: the handler must have left it there.
+    if (scope == DeleteScope::ShownRow && !placeCursor())
+        return false;
+    const auto deleteRows = [this, scope] {
+        if (scope == DeleteScope::ShownRow) {
+            m_recordset->deleteRow();
+            return;
+        }
         while (m_recordset->recordCount() > 0) {
             m_recordset->moveFirst();
             m_recordset->deleteRow();
         }
     };
-    if (!deleteAndWrite(deleteAll, m_shown, raiseEvents))
-        return false;
-    finishDelete(std::nullopt, raiseEvents, show);
-    return true;
+    return deleteAndWrite(deleteRows, shownBefore, raiseEvents, transaction);
+}
+
+bool GestAnagrafica::shownDetailsChanged() const
+{
+    // The rows a detail shows are what the person decided on: a row another user added,
+    // changed or removed since (a partner, say) would go unseen with the master.
+    for (const GestAnagrafica* detail : detailFrames()) {
+        const db::RecordsetPtr rows = detail->recordset();
+        if (rows && rows->isOpen() && rows->changedInDatabase())
+            return true;
+    }
+    return false;
 }
 
 bool GestAnagrafica::deleteAndWrite(const std::function<void()>& deleteRows,
-                                    std::optional<Bookmark> shownBefore, bool raiseEvents)
+                                    std::optional<Bookmark> shownBefore, bool raiseEvents,
+                                    std::optional<db::TransactionGuard>& transaction)
 {
-    try {
+    std::optional<QString> failure;
+    {
         const Quiet quiet(*this);
-        deleteRows();
-        if (m_master)
-            m_recordset->updateBatch();
-    } catch (const db::RuntimeError& error) {
-        m_messages.deleteFailed(error.description());
-        if (m_master) {
-            const Quiet quiet(*this);
-            m_recordset->cancelBatch();
+        try {
+            deleteRows();
+            if (m_master)
+                m_recordset->updateBatch();
+            if (transaction)
+                transaction->commit();
+        } catch (const db::RuntimeError& error) {
+            failure = error.description();
+            // Rolled back before anything is shown again: what is shown is what the database
+            // has.
+            transaction.reset();
+            if (m_master)
+                m_recordset->cancelBatch();
         }
+    }
+    if (failure) {
+        m_messages.deleteFailed(*failure);
         const auto back = visible(shownBefore);
         goToRow(back ? back : currentOrFirst(), StatusReason::Refreshed);
         if (raiseEvents)
@@ -962,12 +1034,13 @@ bool GestAnagrafica::moveToBookmark(Bookmark bookmark, bool confirmFirst, bool s
 {
     if (!isOpen() || !m_recordset->hasBookmark(bookmark))
         return false;
+    // The row on view asked for by its bookmark is shown again, with what hangs off it.
     return moveBy([bookmark](db::Recordset& rows) { rows.setBookmark(bookmark); }, confirmFirst,
-                  show);
+                  show, true);
 }
 
 bool GestAnagrafica::moveBy(const std::function<void(db::Recordset&)>& move, bool confirmFirst,
-                            bool show)
+                            bool show, bool showAgain)
 {
     if (!isOpen() || !m_attached || m_terminated)
         return false;
@@ -990,7 +1063,7 @@ bool GestAnagrafica::moveBy(const std::function<void(db::Recordset&)>& move, boo
         return false;
     }
     const auto reached = cursorBookmark();
-    if (reached && reached == before)
+    if (reached && reached == before && !showAgain)
         return false;
     goToRow(reached, StatusReason::Moved, show);
     return reached.has_value();
@@ -1000,8 +1073,12 @@ void GestAnagrafica::onEdited(DataControl* control)
 {
     if (m_terminated || !isOpen() || !m_attached || m_status == FrameStatus::Search || m_locked)
         return;
-    m_rowEdited = true;
     const QString column = m_fields.columnOf(control);
+    // What the screen's answer to ChangeStatus puts into a control bound to no column (a name
+    // looked up, a field emptied for a new row) is how it shows the row, not an edit of it.
+    if (m_announcing && column.isEmpty())
+        return;
+    m_rowEdited = true;
     // A control bound to no column changes nothing the database would see.
     if (m_master && !column.isEmpty())
         m_changed = true;

@@ -25,6 +25,7 @@ class Navigator;
 namespace tarvello::db {
 class Connection;
 class RuntimeError;
+class TransactionGuard;
 } // namespace tarvello::db
 
 namespace tarvello::services {
@@ -57,15 +58,20 @@ namespace tarvello::frame {
 // the last batch save (the batch-save handler clears it). The second flag says the row shown
 // has edits not yet confirmed. An edit of a registered control through the frame (by the
 // person, or by code setting the control) sets the second flag, and on a master frame the
-// first as well. Both flags can be set by code; the change notification sets them.
+// first as well; what a ChangeStatus handler puts into a control bound to no column is the
+// screen showing the row and sets neither. Both flags can be set by code; the change
+// notification sets them.
 //
 // Master frame: save checks the registered fields, raises BeforeUpdate, writes the row to
 // the database (insert or update, the identity read back), raises AfterUpdate, then shows the
-// row in status 0. Undo puts back the values read from the database; a new row is dropped and
-// the row shown before it comes back. Delete asks the person (Yes / No, No by default),
-// raises BeforeDelete, deletes the row in the database, raises AfterDelete and shows the next
-// row (or the previous, or none). Undo of a master also drops the pending changes of its
-// attached detail frames.
+// row in status 0; a save another user's row makes break a unique key (the same code) names
+// the field and keeps what was typed. Undo puts back the values read from the database; a new
+// row is dropped and the row shown before it comes back. Delete asks the person (Yes / No, No
+// by default), raises BeforeDelete, deletes the row in the database, raises AfterDelete and
+// shows the next row (or the previous, or none); BeforeDelete and the delete are one
+// transaction, in which the handler's own transaction nests, and a delete of data another
+// user changed since it was shown (the row, or the rows of a detail frame) is refused. Undo of
+// a master also drops the pending changes of its attached detail frames.
 //
 // Detail frame: "Nuovo" adds a row (status 2); "Conferma" checks it, raises BeforeUpdate and
 // keeps the row as a pending change (status 0); "Annulla" takes the row shown back to where
@@ -149,7 +155,8 @@ public:
 
     int status() const { return m_status; }
     // 2 adds a new row at once (code may write into it), 1 starts search entry, 0 shows the
-    // recordset's current row. Unconfirmed edits of the row left are dropped, not asked about.
+    // recordset's current row (a new row being entered stays as it is). Unconfirmed edits of
+    // the row left are dropped, not asked about.
     void setStatus(int status);
     bool changeFlag() const { return m_changed; }
     void setChangeFlag(bool changed);
@@ -217,6 +224,7 @@ public:
     bool moveLast(bool confirmFirst = true, bool show = true);
     bool movePrevious(bool confirmFirst = true, bool show = true);
     bool moveNext(bool confirmFirst = true, bool show = true);
+    // The bookmark of the row shown shows that row again.
     bool moveToBookmark(Bookmark bookmark, bool confirmFirst = true, bool show = true);
 
     // Stops following the recordset (before it is closed, requeried or walked by code).
@@ -283,10 +291,18 @@ private:
     bool writeRow(bool check, bool show);
     void discardDetailChanges();
     void discardPendingChanges();
+    enum class DeleteScope { ShownRow, AllRows };
+    // BeforeDelete, then the rows deleted (and, on a master, written), as one transaction.
+    bool deleteWithEvents(DeleteScope scope, bool raiseEvents);
+    bool shownDetailsChanged() const;
     bool deleteAndWrite(const std::function<void()>& deleteRows,
-                        std::optional<Bookmark> shownBefore, bool raiseEvents = true);
+                        std::optional<Bookmark> shownBefore, bool raiseEvents,
+                        std::optional<db::TransactionGuard>& transaction);
+    void reportSaveFailure(const db::RuntimeError& error);
     void finishDelete(std::optional<Bookmark> next, bool raiseEvents, bool show);
-    bool moveBy(const std::function<void(db::Recordset&)>& move, bool confirmFirst, bool show);
+    // Landing on the row shown is no move unless showAgain: then the row is shown again.
+    bool moveBy(const std::function<void(db::Recordset&)>& move, bool confirmFirst, bool show,
+                bool showAgain = false);
     std::optional<Bookmark> findInRecordset(const QString& column, const db::Value& key);
     std::optional<Bookmark> bringFromDatabase(const QString& column, const db::Value& key);
 
@@ -333,6 +349,8 @@ private:
     int m_bulkDepth = 0;
     int m_quietDepth = 0;
     bool m_writing = false;
+    // ChangeStatus is being raised for the row shown.
+    bool m_announcing = false;
     quint64 m_generation = 0;
 };
 

@@ -70,8 +70,7 @@ void Scenario::openDatabase(const ShellOptions& options)
         connectionString = QStringLiteral("file:/tarvello-scenario-%1?vfs=memdb")
                                .arg(QUuid::createUuid().toString(QUuid::WithoutBraces));
     m_database.open(connectionString);
-    if (!m_database.tableInfo(QStringLiteral("MG17_AGENTI")).exists())
-        db::createSchema(m_database);
+    db::ensureSchema(m_database);
     if (options.demo && m_database.run(QStringLiteral("SELECT COUNT(*) FROM CG18_DITTE"))
                                 .rows.first()
                                 .first()

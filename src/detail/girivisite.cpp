@@ -133,18 +133,19 @@ void GiriVisite::ImpostaElencoGiri()
 
 void GiriVisite::TeminateElencoGiri()
 {
-    ignoreEachStep({
-        [&] {
-            if (m_elencoGiri && m_elencoGiri->isOpen())
-                m_elencoGiri->close();
-        },
-        [&] {
-            if (auto* griglia = m_schermata.find<controls::Grid>(u"GRD_GIRI");
-                griglia && griglia->dataSource() == m_elencoGiri)
-                griglia->setDataSource(nullptr);
-            m_elencoGiri.reset();
-        },
-    });
+    reportWithChoice(m_schermata.errori(), QStringLiteral("TeminateElencoGiri"),
+                     {
+                         [&] {
+                             if (m_elencoGiri && m_elencoGiri->isOpen())
+                                 m_elencoGiri->close();
+                         },
+                         [&] {
+                             if (auto* griglia = m_schermata.find<controls::Grid>(u"GRD_GIRI");
+                                 griglia && griglia->dataSource() == m_elencoGiri)
+                                 griglia->setDataSource(nullptr);
+                             m_elencoGiri.reset();
+                         },
+                     });
 }
 
 void GiriVisite::Refresh_VF_MG1H(bool aggiungiGiro)
@@ -220,16 +221,24 @@ void GiriVisite::GRD_GIRI_Click()
 
 void GiriVisite::TXT_GIRO_GotFocus()
 {
-    prendiGiroDalCampo();
+    reportWithChoice(m_schermata.errori(), QStringLiteral("TXT_GIRO_GotFocus"),
+                     {[&] { prendiGiroDalCampo(); }});
 }
 
 void GiriVisite::TXT_GIRO_LostFocus()
 {
-    const auto& giro = m_schermata.controllo<controls::Field>(u"TXT_GIRO");
-    if (RTrimN(giro.text()).toString() == m_giroCorrente || !giro.isValid())
-        return;
-    prendiGiroDalCampo();
-    Refresh_VF_MG1H(true);
+    reportWithChoice(m_schermata.errori(), QStringLiteral("TXT_GIRO_LostFocus"),
+                     {
+                         [&] {
+                             const auto& giro = m_schermata.controllo<controls::Field>(u"TXT_GIRO");
+                             return RTrimN(giro.text()).toString() == m_giroCorrente ||
+                                            !giro.isValid()
+                                        ? Flow::Leave
+                                        : Flow::Next;
+                         },
+                         [&] { prendiGiroDalCampo(); },
+                         [&] { Refresh_VF_MG1H(true); },
+                     });
 }
 
 void GiriVisite::TXT_GIRO_Decode(controls::DecodeArgs& args)

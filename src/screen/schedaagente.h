@@ -118,7 +118,8 @@ private:
 
     bool BooRicercaAvanti(qint32 id, qint32 se, QSet<qint32>& visti);
     bool BooRicercaIndietro(qint32 id, qint32 se, QSet<qint32>& visti);
-    void segnaRiferimentoNonValido();
+    // Marks both reference fields valid, or both not valid.
+    void segnaRiferimento(bool valido);
 
     frame::GestAnagrafica& gestione(int numero) const;
     controls::Field& campo(QStringView nome) const;

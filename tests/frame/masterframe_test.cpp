@@ -51,7 +51,7 @@ TEST_P(FrameTest, AnAgentGoesFromNewToSavedChangedUndoneAndDeleted)
     EXPECT_EQ(agentEvents.take(), events({"IsRecordChanged(true)"}));
 
     ASSERT_TRUE(agents.undo());
-    EXPECT_EQ(agentEvents.take(), events({"ChangeStatus(0,7)", "AfterUndo(-1)"}));
+    EXPECT_EQ(agentEvents.take(), events({"ChangeStatus(0,9)", "AfterUndo(-1)"}));
     EXPECT_EQ(percentuale->text(), QStringLiteral("0"));
     EXPECT_EQ(agents.recordset()->pendingCount(), 0) << "nothing is left to write";
     EXPECT_EQ(count(QStringLiteral("SELECT COUNT(*) FROM MG17_AGENTI WHERE MG17_PERPROV = 0")), 1);
