@@ -164,7 +164,7 @@ void Scenario::open(const OpenRequest& request)
 
 bool Scenario::isSettling() const
 {
-    if (m_managementClosed || m_host->managements().isDecodingHandedBack())
+    if (m_managementClosed)
         return true;
     if (!m_opening)
         return false;

@@ -82,8 +82,8 @@ public:
     // none was.
     ScenarioWindow& window() const;
     // The next command must wait: a screen is being shown and has not yet started waiting as
-    // a modal one, or a management's window has closed and the command that opened it, or
-    // the decoding of what it handed back, has not yet gone on.
+    // a modal one, or a management's window has closed and the command that opened it has
+    // not yet gone on.
     bool isSettling() const;
     // Unloads every open screen and management window, without asking them (the end of a
     // run).

@@ -87,8 +87,6 @@ struct AgentsShell : public ::testing::Test {
         });
         open();
         EXPECT_TRUE(shown) << "the management's window was not shown";
-        // What the screen does once the window has closed.
-        QApplication::processEvents();
     }
 
     test::TestDatabase database{test::databaseTargets().front()};

@@ -1,21 +1,15 @@
 #include "platform/services/management/hostmanagements.h"
 
-#include "platform/controls/field.h"
-#include "platform/controls/form.h"
 #include "platform/db/runtimeerror.h"
 #include "platform/frame/gestanagrafica.h"
 #include "platform/services/hostcontext.h"
 #include "platform/services/management/managementpresenter.h"
 #include "platform/services/management/tablemanagement.h"
-#include "platform/services/screenform.h"
 #include "platform/services/userprompts.h"
 #include "src/host/modulecontract.h"
 #include "src/host/navigator.h"
 
-#include <QHash>
-#include <QPointer>
 #include <QScopeGuard>
-#include <QTimer>
 
 namespace tarvello::services {
 
@@ -28,31 +22,6 @@ public:
     db::Value ShowForm() override { return {}; }
     db::Value TransferData(const db::Value&) override { return {}; }
 };
-
-// Codes a module writes into its fields with what a management handed back are decoded once
-// the module is done with them, as if the person had typed them there and moved on.
-void decodeCodesWrittenAfter(controls::Form* form, const std::shared_ptr<int>& pending)
-{
-    if (!form)
-        return;
-    QHash<const controls::Field*, QString> before;
-    for (const controls::Control* control : form->controls()) {
-        if (const auto* field = qobject_cast<const controls::Field*>(control))
-            before.insert(field, field->text());
-    }
-    ++*pending;
-    QTimer::singleShot(0, [form = QPointer<controls::Form>(form), before, pending] {
-        --*pending;
-        if (!form)
-            return;
-        for (controls::Control* control : form->controls()) {
-            auto* field = qobject_cast<controls::Field*>(control);
-            if (field && before.contains(field) && field->text() != before.value(field) &&
-                field->isDecodePending())
-                field->decode();
-        }
-    });
-}
 
 } // namespace
 
@@ -93,7 +62,6 @@ QList<db::ValueList> HostManagements::run(TableManagement& management) const
         m_context.setActiveModule(caller);
         if (caller)
             caller->setIsActive(true);
-        decodeCodesWrittenAfter(screenForm(caller), m_decodesPending);
     });
     show(management, window);
     return management.chosen();

@@ -61,16 +61,11 @@ public:
     void show(TableManagement& management, host::Cinterface& module) const;
     // Tells the person that a management could not be opened.
     void reportOpeningFailure(const QString& title, const QString& reason) const;
-    // The codes written into the calling screen after a management's window closed are
-    // still to be decoded (run), once the module is done writing them.
-    bool isDecodingHandedBack() const { return *m_decodesPending > 0; }
 
 private:
     UserPrompts& m_prompts;                     // Not owned.
     HostContext& m_context;                     // Not owned: owns this.
     ManagementPresenter* m_presenter = nullptr; // Not owned.
-    // Shared with the decodings waiting for the event loop, which may outlive this.
-    std::shared_ptr<int> m_decodesPending = std::make_shared<int>(0);
 };
 
 } // namespace tarvello::services
