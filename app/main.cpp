@@ -2,6 +2,7 @@
 #include "platform/db/runtimeerror.h"
 #include "platform/gui/dialogprompts.h"
 #include "platform/gui/managementdialogs.h"
+#include "platform/gui/shellapplication.h"
 #include "platform/gui/shellhost.h"
 #include "platform/gui/shellwindow.h"
 #include "platform/script/agentsmodule.h"
@@ -86,32 +87,37 @@ int main(int argc, char** argv)
     if (!arguments.scriptFile.isEmpty())
         return runScenario(arguments, argc, argv);
 
-    QApplication application(argc, argv);
+    gui::ShellApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("tarvello"));
     QApplication::setOrganizationName(QStringLiteral("Tarvello"));
     gui::DialogPrompts prompts;
+    std::unique_ptr<gui::ShellHost> host;
     try {
-        gui::ShellHost host(prompts, app::prepareDatabase(arguments), arguments.company);
-        registerModules(host.context());
-        script::PromptLookups lookups(prompts);
-        gui::ShellWindow window(host, &lookups);
-        prompts.setParent(&window);
-        gui::ManagementDialogs managements(host.navigator(), prompts, &window);
-        host.context().managements().setPresenter(&managements);
-        const gui::ShellWindow::ModuleEntry agents{QStringLiteral("Anagrafica agenti"),
-                                                   script::agentsModuleIdentifier()};
-        window.addModule(agents);
-        window.addModule(
-            {QStringLiteral("Stampa agenti"), QStringLiteral("Brendolo.CLSMG_STAGENTI"), true});
-        window.addScreenLayout(QStringLiteral("FRMMG_AGENTI"), agentsLayout);
-        window.show();
-        if (!arguments.screenshotFile.isEmpty())
-            takeScreenshot(window, agents, arguments.screenshotFile);
-        return QApplication::exec();
+        host = std::make_unique<gui::ShellHost>(prompts, app::prepareDatabase(arguments),
+                                                arguments.company);
     } catch (const db::RuntimeError& error) {
         QMessageBox::critical(
             nullptr, QStringLiteral("Tarvello"),
             QStringLiteral("Il database non si apre:\n%1").arg(error.description()));
         return 1;
     }
+    registerModules(host->context());
+    script::PromptLookups lookups(prompts);
+    gui::ShellWindow window(*host, &lookups);
+    prompts.setParent(&window);
+    application.setPrompts(&prompts);
+    gui::ManagementDialogs managements(host->navigator(), prompts, &window);
+    host->context().managements().setPresenter(&managements);
+    const gui::ShellWindow::ModuleEntry agents{QStringLiteral("Anagrafica agenti"),
+                                               script::agentsModuleIdentifier()};
+    window.addModule(agents);
+    window.addModule(
+        {QStringLiteral("Stampa agenti"), QStringLiteral("Brendolo.CLSMG_STAGENTI"), true});
+    window.addScreenLayout(QStringLiteral("FRMMG_AGENTI"), agentsLayout);
+    window.show();
+    if (!arguments.screenshotFile.isEmpty())
+        takeScreenshot(window, agents, arguments.screenshotFile);
+    const int result = QApplication::exec();
+    application.setPrompts(nullptr);
+    return result;
 }

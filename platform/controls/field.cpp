@@ -122,7 +122,8 @@ QString Field::displayText() const
 
 db::Value Field::value() const
 {
-    if (m_text.isEmpty())
+    // Blanks alone hold nothing: a code of blanks is no code, and a required field sees it.
+    if (m_text.trimmed().isEmpty())
         return db::Value::null();
     if (m_kind == Kind::Numeric) {
         if (const auto number = db::Decimal::parse(m_text))
@@ -209,10 +210,25 @@ void Field::setLookupId(const QString& id)
 
 Field::DecodeOutcome Field::decode()
 {
+    const DecodeOutcome outcome = runDecoding();
+    // An empty code is no code rather than a wrong one: whether it may stay empty is for
+    // "required" to say.
+    if (isBlank())
+        setValid(true);
+    return outcome;
+}
+
+Field::DecodeOutcome Field::runDecoding()
+{
     m_lastError.clear();
     DecodeArgs args;
-    Q_EMIT decodeRequested(args);
+    const Raised raised = raise("StartDecode", [&] { Q_EMIT decodeRequested(args); });
     m_decodePending = false;
+    if (raised != Raised::Completed) {
+        // Nobody answered how to decode the text: it cannot be taken for a known code.
+        setValid(false);
+        return DecodeOutcome::Failed;
+    }
     if (args.cancel)
         return DecodeOutcome::Cancelled;
     if (args.sql.trimmed().isEmpty()) {
@@ -276,8 +292,8 @@ bool Field::openLookup()
     if (!canReceiveFocus())
         return false;
     LookupArgs args;
-    Q_EMIT lookupRequested(args);
-    if (args.cancel)
+    if (raise("StartLookup", [&] { Q_EMIT lookupRequested(args); }) != Raised::Completed ||
+        args.cancel)
         return false;
     m_lastLookup = args;
     const Form* owner = form();
@@ -333,7 +349,7 @@ bool Field::pressManagementKey()
 {
     if (!m_managementKey || !canReceiveFocus())
         return false;
-    Q_EMIT managementKeyPressed(managementKeyName);
+    raise("ManagementKey", [this] { Q_EMIT managementKeyPressed(managementKeyName); });
     return true;
 }
 
@@ -343,7 +359,7 @@ bool Field::chooseMenuItem(const QString& key)
         return false;
     for (const MenuItem& item : std::as_const(m_menuItems)) {
         if (item.key == key && item.enabled) {
-            Q_EMIT managementKeyPressed(menuItemKeyPrefix + key);
+            raise("ManagementKey", [&] { Q_EMIT managementKeyPressed(menuItemKeyPrefix + key); });
             return true;
         }
     }

@@ -21,7 +21,8 @@ namespace tarvello::controls {
 // The handler answers a statement, the target controls and a connection string; the field
 // runs the statement on the connection its form's ConnectionSource gives for that string
 // and fills the targets from the columns of the first row. No row marks the field not
-// valid and empties the targets; a row, or no statement at all, marks it valid.
+// valid and empties the targets; a row, or no statement at all, marks it valid. An empty
+// text is always valid: an empty code is no code, not a wrong one.
 //
 // Lookup: openLookup() raises lookupRequested; unless cancelled, the form's
 // LookupPresenter shows the list and the first column of the chosen row becomes the text,
@@ -52,8 +53,8 @@ public:
     // The text shown when the field does not have the focus (formatted by displayFormat).
     QString displayText() const;
 
-    // Text: the text, Null when empty. Numeric: a Decimal, Null when empty. Date: a date,
-    // Null when empty. A text that does not read as a number or a date comes back as text.
+    // Null when the text is empty or only blanks. Text: the text. Numeric: a Decimal. Date: a
+    // date. A text that does not read as a number or a date comes back as text.
     db::Value value() const override;
     // Numbers are written with ',' for the decimals, dates as dd/MM/yyyy; Null empties.
     void setValue(const db::Value& value) override;
@@ -125,6 +126,7 @@ protected:
 
 private:
     QString normalized(const QString& text) const;
+    DecodeOutcome runDecoding();
     QString typedCharacters(const QString& typed) const;
     void fillTargets(const QList<DecodeTarget>& targets, const db::ResultSet& result);
 

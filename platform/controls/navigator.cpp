@@ -1,5 +1,6 @@
 #include "platform/controls/navigator.h"
 
+#include "platform/controls/form.h"
 #include "platform/controls/navigatortarget.h"
 
 #include <algorithm>
@@ -102,18 +103,21 @@ bool Navigator::pressFromCode(const QString& key)
 
 bool Navigator::act(const QString& key)
 {
-    NavigatorButtonArgs args{key, false};
-    Q_EMIT beforeButton(args);
-    if (args.cancel)
+    if (Form* owner = form(); owner && !owner->focus().checkCurrent())
         return false;
-    Q_EMIT buttonClicked(key);
+    NavigatorButtonArgs args{key, false};
+    if (raise("BeforeButtonClick", [&] { Q_EMIT beforeButton(args); }) == Raised::Abandoned ||
+        args.cancel)
+        return false;
+    if (raise("ButtonClick", [&] { Q_EMIT buttonClicked(key); }) == Raised::Abandoned)
+        return false;
     std::optional<bool> result;
     if (m_target)
         result = m_target->navigatorAction(*this, key);
     if (!result)
         result = ownAction(key);
     const bool success = result.value_or(true);
-    Q_EMIT afterButton(success, key);
+    raise("AfterButtonClick", [&] { Q_EMIT afterButton(success, key); });
     return success;
 }
 

@@ -53,6 +53,23 @@ ColumnKind kindOf(const QSqlField& field)
     }
 }
 
+// SQL Server describes a column by its bare type name and its storage: the declared type
+// as a statement would write it, "decimal(6,3)" or "nvarchar(30)" (max_length counts
+// bytes, two per character of an N type; -1 is MAX).
+QString sqlServerDeclaredType(const QString& type, int maxLength, int precision, int scale)
+{
+    const QString name = type.toLower();
+    if (name == u"decimal" || name == u"numeric")
+        return QStringLiteral("%1(%2,%3)").arg(name).arg(precision).arg(scale);
+    if (name.contains(u"char")) {
+        if (maxLength < 0)
+            return name + QStringLiteral("(max)");
+        return QStringLiteral("%1(%2)").arg(name).arg(name.startsWith(u'n') ? maxLength / 2
+                                                                            : maxLength);
+    }
+    return name;
+}
+
 } // namespace
 
 OdbcEngine::OdbcEngine(const QString& connectionString)
@@ -218,7 +235,8 @@ TableInfo OdbcEngine::tableInfo(const QString& table)
                        "ISNULL((SELECT ic.key_ordinal FROM sys.index_columns ic JOIN sys.indexes i "
                        "ON i.object_id = ic.object_id AND i.index_id = ic.index_id "
                        "WHERE i.is_primary_key = 1 AND ic.object_id = c.object_id "
-                       "AND ic.column_id = c.column_id), 0) AS key_ordinal "
+                       "AND ic.column_id = c.column_id), 0) AS key_ordinal, "
+                       "c.max_length, c.precision, c.scale "
                        "FROM sys.columns c JOIN sys.types t ON t.user_type_id = c.user_type_id "
                        "WHERE c.object_id = OBJECT_ID(%1) ORDER BY c.column_id")
             .arg(literal));
@@ -226,6 +244,9 @@ TableInfo OdbcEngine::tableInfo(const QString& table)
         TableInfo::ColumnInfo column;
         column.name = row[0].toString();
         column.kind = columnKindFromDeclaredType(row[1].toString());
+        column.size = columnSizeFromDeclaredType(
+            sqlServerDeclaredType(row[1].toString(), int(row[7].toInt64()), int(row[8].toInt64()),
+                                  int(row[9].toInt64())));
         column.notNull = row[2].toInt64() == 0;
         column.identity = row[3].toInt64() != 0;
         column.hasDefault = row[4].toInt64() != 0;

@@ -280,6 +280,7 @@ TableInfo sqlitePragmaTableInfo(Engine& engine, const QString& table)
         column.name = row[1].toString();
         const QString declared = row[2].toString();
         column.kind = columnKindFromDeclaredType(declared);
+        column.size = columnSizeFromDeclaredType(declared);
         column.notNull = row[3].toInt64() != 0;
         column.hasDefault = !row[4].isNull();
         column.defaultValue = defaultValueFromSql(row[4].toString(), column.kind);

@@ -67,12 +67,33 @@ void FrameMessages::fieldNotValid(const QString& caption) const
     warn(QStringLiteral("Il valore del campo \"%1\" non è valido.").arg(caption));
 }
 
-void FrameMessages::valueRefused(const QString& caption, ColumnValue::Refusal refusal) const
+void FrameMessages::valueRefused(const QString& caption, const ColumnValue& refused) const
 {
-    if (refusal == ColumnValue::Refusal::NotADate)
+    using Refusal = ColumnValue::Refusal;
+    switch (refused.refusal) {
+    case Refusal::NotADate:
         warn(QStringLiteral("Il campo \"%1\" richiede una data (gg/mm/aaaa).").arg(caption));
-    else
-        warn(QStringLiteral("Il campo \"%1\" richiede un valore numerico.").arg(caption));
+        return;
+    case Refusal::NotWhole:
+        warn(QStringLiteral("Il campo \"%1\" richiede un numero intero.").arg(caption));
+        return;
+    case Refusal::TooManyDecimals:
+        warn(QStringLiteral("Il campo \"%1\" ammette al massimo %2 decimali.")
+                 .arg(caption, refused.limit));
+        return;
+    case Refusal::OutOfRange:
+        warn(QStringLiteral("Il valore del campo \"%1\" è fuori dai limiti ammessi (%2).")
+                 .arg(caption, refused.limit));
+        return;
+    case Refusal::TooLong:
+        warn(QStringLiteral("Il campo \"%1\" ammette al massimo %2 caratteri.")
+                 .arg(caption, refused.limit));
+        return;
+    case Refusal::NotANumber:
+    case Refusal::None:
+        break;
+    }
+    warn(QStringLiteral("Il campo \"%1\" richiede un valore numerico.").arg(caption));
 }
 
 void FrameMessages::keyNotFound() const
@@ -86,6 +107,13 @@ void FrameMessages::saveFailed(const QString& reason) const
     m_prompts.messageBox(
         QStringLiteral("Impossibile salvare i dati%1.\r\n%2").arg(forWhat(), reason), CriticalOk,
         errorTitle);
+}
+
+void FrameMessages::changesNotSaved() const
+{
+    warn(QStringLiteral("Le modifiche ai dati%1 non sono state salvate: completare o annullare "
+                        "la riga in inserimento e salvare di nuovo.")
+             .arg(forWhat()));
 }
 
 void FrameMessages::valueTaken(const QString& caption, const QString& value) const

@@ -2,6 +2,7 @@
 
 #include "platform/controls/datacontrol.h"
 #include "platform/controls/grid.h"
+#include "platform/controls/handlererrors.h"
 #include "platform/controls/navigator.h"
 #include "platform/db/connection.h"
 #include "platform/db/runtimeerror.h"
@@ -9,6 +10,7 @@
 #include "platform/frame/keylookup.h"
 
 #include <QScopedValueRollback>
+#include <algorithm>
 
 namespace tarvello::frame {
 
@@ -57,10 +59,10 @@ GestAnagrafica::BulkRewrite::~BulkRewrite()
 GestAnagrafica::GestAnagrafica(services::UserPrompts& prompts, QObject* parent)
     : QObject(parent)
     , m_messages(prompts)
-    , m_fields([this](const QString& column) { return kindOf(column); })
+    , m_fields([this](const QString& column) { return formatOf(column); })
 {
     connect(&m_fields, &FieldBindings::edited, this, &GestAnagrafica::onEdited);
-    connect(&m_fields, &FieldBindings::validating, this, &GestAnagrafica::onValidating);
+    connect(&m_fields, &FieldBindings::leaving, this, &GestAnagrafica::onLeaving);
 }
 
 GestAnagrafica::~GestAnagrafica()
@@ -69,12 +71,14 @@ GestAnagrafica::~GestAnagrafica()
 }
 
 template <class Emit>
-bool GestAnagrafica::raise(Emit fire)
+bool GestAnagrafica::raise(const char* event, Emit fire)
 {
     try {
-        fire();
-        return true;
+        return controls::raiseEvent(controls::handlerErrorsOf(this),
+                                    objectName() + u'_' + QLatin1String(event),
+                                    fire) == controls::Raised::Completed;
     } catch (const db::RuntimeError& error) {
+        // A frame on no form has no host to report to: it tells the person itself.
         reportHandlerError(error);
         return false;
     }
@@ -140,8 +144,10 @@ controls::Navigator* GestAnagrafica::navigator() const
 
 void GestAnagrafica::addDetailFrame(GestAnagrafica* detail)
 {
-    if (detail && detail != this && !m_details.contains(detail))
-        m_details << detail;
+    if (!detail || detail == this || m_details.contains(detail))
+        return;
+    m_details << detail;
+    detail->m_masterFrame = this;
 }
 
 QList<GestAnagrafica*> GestAnagrafica::detailFrames() const
@@ -304,7 +310,7 @@ bool GestAnagrafica::isRecordChanged()
     if (m_terminated || m_status == FrameStatus::Search)
         return false;
     RecordChangedArgs args{m_rowEdited || (m_master && m_changed)};
-    raise([&] { Q_EMIT IsRecordChanged(args); });
+    raise("IsRecordChanged", [&] { Q_EMIT IsRecordChanged(args); });
     return args.fbol_isRecordChanged;
 }
 
@@ -351,25 +357,36 @@ bool GestAnagrafica::entering() const
     return m_status == FrameStatus::New && m_shown.has_value();
 }
 
-db::ColumnKind GestAnagrafica::kindOf(const QString& column) const
-{
-    const int index = isOpen() ? m_recordset->fieldIndex(column) : -1;
-    return index < 0 ? db::ColumnKind::Unknown : m_recordset->field(index).kind;
-}
-
-Value GestAnagrafica::defaultOf(const QString& column) const
+std::optional<db::TableInfo::ColumnInfo> GestAnagrafica::describe(const QString& column) const
 {
     const int index = isOpen() ? m_recordset->fieldIndex(column) : -1;
     db::Connection* connection = m_recordset ? m_recordset->activeConnection() : nullptr;
     if (index < 0 || !connection || m_recordset->baseTable().isEmpty())
-        return Value::null();
+        return std::nullopt;
     const QString base = m_recordset->field(index).baseColumn;
+    if (base.isEmpty())
+        return std::nullopt;
     try {
         const auto* info = connection->tableInfo(m_recordset->baseTable()).column(base);
-        return info && !base.isEmpty() ? info->defaultValue : Value::null();
+        return info ? std::optional(*info) : std::nullopt;
     } catch (const db::RuntimeError&) {
-        return Value::null();
+        return std::nullopt;
     }
+}
+
+ColumnFormat GestAnagrafica::formatOf(const QString& column) const
+{
+    const int index = isOpen() ? m_recordset->fieldIndex(column) : -1;
+    if (index < 0)
+        return {};
+    const std::optional<db::TableInfo::ColumnInfo> info = describe(column);
+    return {m_recordset->field(index).kind, info ? info->size : db::ColumnSize()};
+}
+
+Value GestAnagrafica::defaultOf(const QString& column) const
+{
+    const std::optional<db::TableInfo::ColumnInfo> info = describe(column);
+    return info ? info->defaultValue : Value::null();
 }
 
 std::optional<GestAnagrafica::Bookmark> GestAnagrafica::cursorBookmark() const
@@ -451,7 +468,7 @@ void GestAnagrafica::showRow(int reason, bool raiseEvent)
     if (!raiseEvent)
         return;
     const QScopedValueRollback announcing(m_announcing, true);
-    raise([&] { Q_EMIT ChangeStatus(m_status, reason); });
+    raise("ChangeStatus", [&] { Q_EMIT ChangeStatus(m_status, reason); });
 }
 
 FieldBindings::ColumnReader GestAnagrafica::rowReader() const
@@ -522,7 +539,7 @@ bool GestAnagrafica::addRow(bool show, const DataControl* editing)
     }
     m_shown = cursorBookmark();
     m_status = FrameStatus::New;
-    raise([&] { Q_EMIT AfterAddNew(OperationSucceeded); });
+    raise("AfterAddNew", [&] { Q_EMIT AfterAddNew(OperationSucceeded); });
     if (show) {
         showRow(StatusReason::NewRow);
         return true;
@@ -598,7 +615,8 @@ bool GestAnagrafica::writeRow(bool check, bool show)
     const bool wasNew = m_status == FrameStatus::New;
     if (check) {
         CancelArgs args;
-        if (!raise([&] { Q_EMIT BeforeUpdate(args); }) || args.fbol_Cancel || !placeCursor())
+        if (!raise("BeforeUpdate", [&] { Q_EMIT BeforeUpdate(args); }) || args.fbol_Cancel ||
+            !placeCursor())
             return false;
     }
     try {
@@ -610,7 +628,7 @@ bool GestAnagrafica::writeRow(bool check, bool show)
     } catch (const db::RuntimeError& error) {
         reportSaveFailure(error);
         if (check)
-            raise([&] { Q_EMIT AfterUpdate(OperationFailed); });
+            raise("AfterUpdate", [&] { Q_EMIT AfterUpdate(OperationFailed); });
         return false;
     }
     m_status = FrameStatus::Browse;
@@ -619,7 +637,7 @@ bool GestAnagrafica::writeRow(bool check, bool show)
     takeSnapshot();
     const quint64 generation = m_generation;
     if (check)
-        raise([&] { Q_EMIT AfterUpdate(OperationSucceeded); });
+        raise("AfterUpdate", [&] { Q_EMIT AfterUpdate(OperationSucceeded); });
     if (show && generation == m_generation)
         showRow(wasNew ? StatusReason::Inserted : StatusReason::Refreshed);
     else
@@ -665,6 +683,28 @@ bool GestAnagrafica::confirmPendingChanges(bool check, bool show, bool ask)
     return writeRow(check, show);
 }
 
+bool GestAnagrafica::confirmLettingRowsGo()
+{
+    if (!isOpen() || m_terminated)
+        return true;
+    if (!holdsUnsavedChanges())
+        return true;
+    const int answer = m_messages.askSaveChanges();
+    if (answer == FrameMessages::No)
+        return true;
+    if (answer != FrameMessages::Yes)
+        return false;
+    // Rows the save could not write stay, and so does the person, who was told why.
+    return (m_masterFrame ? m_masterFrame->save() : save()) && !holdsUnsavedChanges();
+}
+
+bool GestAnagrafica::holdsUnsavedChanges() const
+{
+    // A row just started and not yet typed into is nobody's change.
+    const qsizetype untouched = entering() && !m_rowEdited ? 1 : 0;
+    return m_changed || m_rowEdited || (isOpen() && m_recordset->pendingCount() > untouched);
+}
+
 bool GestAnagrafica::addNew()
 {
     if (!isOpen() || m_terminated || m_locked)
@@ -680,6 +720,16 @@ bool GestAnagrafica::addNew()
     if (m_status == FrameStatus::Browse)
         m_returnTo = m_shown;
     return addRow(true);
+}
+
+bool GestAnagrafica::undoRecord()
+{
+    const QList<GestAnagrafica*> details = detailFrames();
+    const bool detailsChanged = std::any_of(details.cbegin(), details.cend(),
+                                            [](const auto* d) { return d->holdsUnsavedChanges(); });
+    if (detailsChanged && !m_messages.confirmDropChanges())
+        return false;
+    return undo();
 }
 
 bool GestAnagrafica::undo()
@@ -710,7 +760,7 @@ bool GestAnagrafica::dropPendingRow(bool raiseEvents, bool show, bool ask)
         }
     }
     if (raiseEvents)
-        raise([&] { Q_EMIT AfterUndo(OperationSucceeded); });
+        raise("AfterUndo", [&] { Q_EMIT AfterUndo(OperationSucceeded); });
     return true;
 }
 
@@ -797,7 +847,7 @@ bool GestAnagrafica::deleteWithEvents(DeleteScope scope, bool raiseEvents)
     if (raiseEvents) {
         CancelArgs args;
         placeCursor();
-        if (!raise([&] { Q_EMIT BeforeDelete(args); }) || args.fbol_Cancel)
+        if (!raise("BeforeDelete", [&] { Q_EMIT BeforeDelete(args); }) || args.fbol_Cancel)
             return false;
     }
     // The row shown is the one to delete: the handler must have left it there.
@@ -855,7 +905,7 @@ bool GestAnagrafica::deleteAndWrite(const std::function<void()>& deleteRows,
         const auto back = visible(shownBefore);
         goToRow(back ? back : currentOrFirst(), StatusReason::Refreshed);
         if (raiseEvents)
-            raise([&] { Q_EMIT AfterDelete(OperationFailed); });
+            raise("AfterDelete", [&] { Q_EMIT AfterDelete(OperationFailed); });
         return false;
     }
     if (!m_master)
@@ -871,15 +921,44 @@ void GestAnagrafica::finishDelete(std::optional<Bookmark> next, bool raiseEvents
     m_status = next ? FrameStatus::Browse : FrameStatus::New;
     const quint64 generation = ++m_generation;
     if (raiseEvents)
-        raise([&] { Q_EMIT AfterDelete(OperationSucceeded); });
+        raise("AfterDelete", [&] { Q_EMIT AfterDelete(OperationSucceeded); });
     if (generation == m_generation)
         showRow(StatusReason::Deleted, show);
 }
 
 void GestAnagrafica::updateBatch()
 {
-    if (!m_terminated)
-        raise([&] { Q_EMIT UpdateBatchAll(); });
+    if (m_terminated)
+        return;
+    const db::RecordsetPtr rows = m_recordset;
+    bool touched = false;
+    QMetaObject::Connection watch;
+    if (rows)
+        watch =
+            connect(rows.get(), &db::Recordset::rowsReset, this, [&touched] { touched = true; });
+    raise("UpdateBatchAll", [&] { Q_EMIT UpdateBatchAll(); });
+    disconnect(watch);
+    // A handler that left the person's changes pending without even trying to write them
+    // (its procedure had no branch for what the frame holds) would lose them without a word.
+    // Showing nothing, the frame holds only rows confirmed or deleted: it writes them itself.
+    // With a row being entered, which is not the frame's to write, the person is told.
+    if (!rows || touched || rows->pendingCount() == 0)
+        return;
+    if (entering())
+        m_messages.changesNotSaved();
+    else
+        writePending(*rows);
+}
+
+void GestAnagrafica::writePending(db::Recordset& rows)
+{
+    try {
+        rows.updateBatch();
+    } catch (const db::RuntimeError& error) {
+        m_messages.saveFailed(error.description());
+    }
+    m_changed = rows.pendingCount() > 0;
+    announceState();
 }
 
 bool GestAnagrafica::enterSearch()
@@ -914,7 +993,7 @@ bool GestAnagrafica::search(bool fromKeyColumn, bool quiet)
         const ColumnValue typed = m_fields.columnValue(m_keyField);
         if (!typed.accepted()) {
             if (!quiet)
-                m_messages.valueRefused(captionOf(m_keyField), typed.refusal);
+                m_messages.valueRefused(captionOf(m_keyField), typed);
             return false;
         }
         wanted = *typed.value;
@@ -1096,14 +1175,14 @@ void GestAnagrafica::onEdited(DataControl* control)
     announceState();
 }
 
-void GestAnagrafica::onValidating(DataControl* control, bool& cancel)
+void GestAnagrafica::onLeaving(DataControl* control, bool& cancel)
 {
-    if (m_terminated || !isOpen() || m_status == FrameStatus::Search || m_locked)
+    if (m_terminated || !isOpen())
         return;
     const ColumnValue converted = m_fields.columnValue(control);
     if (converted.accepted())
         return;
-    m_messages.valueRefused(captionOf(control), converted.refusal);
+    m_messages.valueRefused(captionOf(control), converted);
     cancel = true;
 }
 

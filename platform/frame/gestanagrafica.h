@@ -42,8 +42,11 @@ namespace tarvello::frame {
 //
 // Binding. A registered control bound to a column (its data field) shows the value of that
 // column for the row shown; an edit of the control writes the value back, converted to the
-// column's kind. A value that cannot be converted (a text that is not a number for a numeric
-// column) is never written: leaving the control is refused with a message, and so is a save.
+// column's kind. A value that cannot be converted, or that does not fit the column's size as
+// the database describes it (a text that is not a number for a numeric column, a fraction
+// for an integer, a number beyond the digits of a decimal), is never written: leaving the
+// control is refused with a message naming it, before the module hears of the leaving, and
+// so is a save. A field bound to a text column takes no more characters than it holds.
 // Decodable fields are decoded whenever a row is shown. Writes made to the shown row by code
 // through the recordset are shown in the controls as they happen.
 //
@@ -92,8 +95,9 @@ namespace tarvello::frame {
 // to its own when the recordset stands before the first or after the last row).
 //
 // Events (the host's names and arguments) are raised with direct connections; a handler that
-// throws db::RuntimeError has its error shown to the person and the operation is treated as
-// refused (a Before event) or carried on (an After event).
+// throws db::RuntimeError has its error reported to the host of the frame's form (or shown
+// by the frame itself, on no form) and the operation is treated as refused (a Before event)
+// or carried on (an After event).
 class GestAnagrafica : public QObject,
                        public controls::NavigatorTarget,
                        public services::FrameActions {
@@ -181,7 +185,9 @@ public:
     short frameStatus() const override { return short(status()); }
     bool newRecord() override { return addNew(); }
     bool saveRecord() override { return save(); }
-    bool undoRecord() override { return undo(); }
+    // Rows entered on the details, maybe on a page out of sight, go with an undo of the
+    // master: the person confirms first (Yes / No, No by default).
+    bool undoRecord() override;
     bool searchRecord() override { return searchCommand(); }
     bool moveRecord(Move move) override;
 
@@ -210,12 +216,22 @@ public:
     // shown again afterwards. ask: the person chooses Yes (save; safe when that succeeds),
     // No (drop; safe) or Cancel (not safe); without asking the changes are saved.
     bool confirmPendingChanges(bool check, bool show, bool ask);
+    // Before code lets go of the rows the frame holds (reopening its recordset on other
+    // rows): when they hold changes of the person that the database has not seen, asks
+    // Yes / No / Cancel as the save question does. Yes saves the master frame this one is a
+    // detail of (which saves its details with it) and answers whether that succeeded; No
+    // answers true, the changes going with the rows; Cancel answers false, and the caller
+    // stays where it was.
+    bool confirmLettingRowsGo();
     // Undo with switches: raiseEvents (AfterUndo), show, ask (Yes / No before dropping).
     bool dropPendingRow(bool raiseEvents, bool show, bool ask);
     // Deletes every row the frame shows: raiseEvents (BeforeDelete, AfterDelete once), show,
     // ask (Yes / No first). A master writes the deletions at once.
     bool deleteRows(bool raiseEvents, bool show, bool ask);
-    // The batch save: raises UpdateBatchAll, whose handler writes the pending rows.
+    // The batch save: raises UpdateBatchAll, whose handler writes the pending rows. Rows the
+    // handler left pending without trying to write them (a partner deleted while the frame
+    // shows nothing) are written by the frame; a failure is told, and so is a row being
+    // entered that kept them from being written.
     void updateBatch();
 
     // Moves. confirmFirst settles unconfirmed changes of the row left (a master asks); show
@@ -262,7 +278,9 @@ private:
     bool isOpen() const;
     // A new row has been added and is being entered.
     bool entering() const;
-    db::ColumnKind kindOf(const QString& column) const;
+    // What the database says of the base column behind a column of the recordset.
+    std::optional<db::TableInfo::ColumnInfo> describe(const QString& column) const;
+    ColumnFormat formatOf(const QString& column) const;
     db::Value defaultOf(const QString& column) const;
     std::optional<Bookmark> cursorBookmark() const;
     std::optional<Bookmark> visible(std::optional<Bookmark> row) const;
@@ -290,6 +308,9 @@ private:
     bool checkFields();
     bool writeRow(bool check, bool show);
     void discardDetailChanges();
+    void writePending(db::Recordset& rows);
+    // Changes of the person the database has not seen: rows confirmed, deleted or being typed.
+    bool holdsUnsavedChanges() const;
     void discardPendingChanges();
     enum class DeleteScope { ShownRow, AllRows };
     // BeforeDelete, then the rows deleted (and, on a master, written), as one transaction.
@@ -311,13 +332,16 @@ private:
     void followNearest();
     void resync();
     void onEdited(controls::DataControl* control);
-    void onValidating(controls::DataControl* control, bool& cancel);
+    void onLeaving(controls::DataControl* control, bool& cancel);
     void onCurrentChanged();
     void onRowsReset();
     void onRowChanged(tarvello::db::Recordset::Bookmark bookmark);
 
+    // Raises the event through fire(); false when a handler failed (reported as the procedure
+    // "<frame>_<event>"). A Before event whose handler failed refuses the operation whatever
+    // the person answers: a row is never written or deleted after its checks failed halfway.
     template <class Emit>
-    bool raise(Emit fire);
+    bool raise(const char* event, Emit fire);
 
     FrameMessages m_messages;
     QPointer<QObject> m_module;              // Not owned.
@@ -330,6 +354,7 @@ private:
     FieldBindings m_fields;
     QPointer<controls::DataControl> m_keyField; // Not owned.
     QList<QPointer<GestAnagrafica>> m_details;  // Not owned.
+    QPointer<GestAnagrafica> m_masterFrame;     // Not owned: the frame this is a detail of.
     QString m_sql;
     QString m_searchFilter;
     QStringList m_lastCompany;

@@ -3,10 +3,10 @@
 #include "platform/controls/connectionpool.h"
 #include "platform/controls/control.h"
 #include "platform/controls/form.h"
+#include "platform/controls/handlererrors.h"
 #include "platform/db/connection.h"
 #include "platform/gui/formbinder.h"
 #include "platform/gui/formview.h"
-#include "platform/services/screenform.h"
 #include "src/host/calledmodule.h"
 #include "src/host/cinterface.h"
 
@@ -16,7 +16,8 @@
 namespace tarvello::gui {
 
 ScreenWindow::ScreenWindow(host::CalledModule& module, controls::Form& form, QWidget* content,
-                           controls::LookupPresenter* lookups)
+                           controls::LookupPresenter* lookups,
+                           std::unique_ptr<controls::HandlerErrors> errors)
     : m_module(module)
     , m_form(&form)
     , m_view(FormBinder::bind(form, *content))
@@ -39,6 +40,10 @@ ScreenWindow::ScreenWindow(host::CalledModule& module, controls::Form& form, QWi
         m_connections->add(*module.contract().Connection());
         form.setConnectionSource(m_connections.get());
     }
+    if (!form.handlerErrors() && errors) {
+        m_errors = std::move(errors);
+        form.setHandlerErrors(m_errors.get());
+    }
 }
 
 ScreenWindow::~ScreenWindow()
@@ -49,11 +54,13 @@ ScreenWindow::~ScreenWindow()
         m_form->setConnectionSource(nullptr);
     if (m_lookups && m_form->lookupPresenter() == m_lookups)
         m_form->setLookupPresenter(nullptr);
+    if (m_errors && m_form->handlerErrors() == m_errors.get())
+        m_form->setHandlerErrors(nullptr);
 }
 
 controls::Form* ScreenWindow::formOf(host::CalledModule& module)
 {
-    return services::screenForm(&module.contract());
+    return controls::formOf(module.contract().ActiveFrame());
 }
 
 void ScreenWindow::closeEvent(QCloseEvent* event)

@@ -10,6 +10,7 @@
 #include "platform/gui/navigatoricons.h"
 #include "platform/gui/screenwindow.h"
 #include "platform/gui/shellhost.h"
+#include "platform/services/moduleerrorreport.h"
 #include "platform/services/userprompts.h"
 #include "src/host/calledmodule.h"
 #include "src/host/cinterface.h"
@@ -154,7 +155,10 @@ ScreenWindow* ShellWindow::openModule(const ModuleEntry& entry)
             throw BindingError(tr("La maschera %1 non ha un disegno").arg(form->name()));
         std::unique_ptr<QWidget> content = layout();
         const QSize designed = content->size();
-        auto* window = new ScreenWindow(*module, *form, content.get(), m_lookups);
+        auto* window =
+            new ScreenWindow(*module, *form, content.get(), m_lookups,
+                             std::make_unique<services::ModuleErrorReport>(
+                                 m_host.prompts(), module->contract(), entry.identifier));
         content.release();
         connect(window, &QObject::destroyed, this, [this, module] {
             m_host.releaseModule(*module);

@@ -119,7 +119,7 @@ void Scenario::open(const OpenRequest& request)
     const QString identifier = agentsModuleIdentifier();
     if (!m_host->modules().contains(identifier))
         throw ScriptFailure(QStringLiteral("the host has no module %1 to open").arg(identifier));
-    auto created = std::make_unique<ScenarioWindow>(m_host->createModule(identifier));
+    auto created = std::make_unique<ScenarioWindow>(m_host->createModule(identifier), identifier);
     host::Cinterface& module = created->module();
     module.setClsGlobal(m_host.get());
     module.setActiveNavigator(m_toolbar.get());
@@ -302,6 +302,9 @@ void Scenario::pressToolbar(qint32 button)
     switch (m_toolbar->press(button)) {
     case services::HostNavigator::Press::Disabled:
         note(QStringLiteral("the toolbar button %1 is disabled: nothing happens").arg(button));
+        return;
+    case services::HostNavigator::Press::Refused:
+        note(QStringLiteral("the toolbar button %1 was refused: nothing happens").arg(button));
         return;
     case services::HostNavigator::Press::TakenOver:
         return;

@@ -4,12 +4,13 @@
 #include "platform/controls/datacontrol.h"
 #include "platform/controls/form.h"
 #include "platform/controls/grid.h"
+#include "platform/controls/handlererrors.h"
 #include "platform/controls/navigator.h"
 #include "platform/db/connection.h"
 #include "platform/frame/gestanagrafica.h"
 #include "platform/script/promptlookups.h"
 #include "platform/script/scripterror.h"
-#include "platform/services/screenform.h"
+#include "platform/services/moduleerrorreport.h"
 #include "src/host/cinterface.h"
 
 namespace tarvello::script {
@@ -20,9 +21,11 @@ QString kindName(const QMetaObject& kind)
     return name.mid(name.lastIndexOf(u':') + 1);
 }
 
-ScenarioWindow::ScenarioWindow(std::unique_ptr<host::CalledModule> module)
+ScenarioWindow::ScenarioWindow(std::unique_ptr<host::CalledModule> module,
+                               QString programmaticIdentifier)
     : m_module(std::move(module))
     , m_contract(&m_module->contract())
+    , m_identifier(std::move(programmaticIdentifier))
 {
     m_module->dataTransfer().subscribe(this);
 }
@@ -40,11 +43,13 @@ ScenarioWindow::~ScenarioWindow()
         m_form->setLookupPresenter(nullptr);
     if (m_form && m_form->connectionSource() == m_connections.get())
         m_form->setConnectionSource(nullptr);
+    if (m_form && m_form->handlerErrors() == m_errors.get())
+        m_form->setHandlerErrors(nullptr);
 }
 
 controls::Form* ScenarioWindow::findForm() const
 {
-    return services::screenForm(&module());
+    return controls::formOf(module().ActiveFrame());
 }
 
 bool ScenarioWindow::adopt(services::UserPrompts& prompts)
@@ -60,6 +65,10 @@ bool ScenarioWindow::adopt(services::UserPrompts& prompts)
         m_connections = std::make_unique<controls::ConnectionPool>();
         m_connections->add(*module().Connection());
         m_form->setConnectionSource(m_connections.get());
+    }
+    if (!m_form->handlerErrors()) {
+        m_errors = std::make_unique<services::ModuleErrorReport>(prompts, module(), m_identifier);
+        m_form->setHandlerErrors(m_errors.get());
     }
     return true;
 }

@@ -27,8 +27,9 @@ class Cinterface;
 }
 
 namespace tarvello::services {
+class ModuleErrorReport;
 class UserPrompts;
-}
+} // namespace tarvello::services
 
 namespace tarvello::script {
 
@@ -40,10 +41,11 @@ class PromptLookups;
 // ActiveFrame at load: the frame sits on the screen's form (it is a descendant of the form
 // object), and so does every other record frame of the screen, found by its object name.
 // The host gives the form what the screen did not set up itself: the lookup lists (through
-// the prompts) and the connections its fields decode on (the module's own Connection).
+// the prompts), the connections its fields decode on (the module's own Connection) and the
+// report of the run-time errors its handlers let escape (through the prompts too).
 class ScenarioWindow final : public host::DataTransferEvents {
 public:
-    explicit ScenarioWindow(std::unique_ptr<host::CalledModule> module);
+    ScenarioWindow(std::unique_ptr<host::CalledModule> module, QString programmaticIdentifier);
     // The window of one of the host's managements, shown for a module; neither is owned.
     ScenarioWindow(host::Cinterface& module, controls::Form& form);
     ~ScenarioWindow();
@@ -94,6 +96,8 @@ private:
     QPointer<controls::Form> m_form;                         // Not owned: the screen's.
     std::unique_ptr<PromptLookups> m_lookups;                // Owned.
     std::unique_ptr<controls::ConnectionPool> m_connections; // Owned.
+    std::unique_ptr<services::ModuleErrorReport> m_errors;   // Owned.
+    QString m_identifier;
     qsizetype m_statementsMatched = 0;
     std::optional<db::Value> m_transfer;
 };

@@ -172,12 +172,7 @@ void GiriVisite::aggiungiAlElenco()
 {
     auto& elenco = m_schermata.controllo<controls::Grid>(u"GRD_GIRI");
     elenco.setDataSource(nullptr);
-    bool manca = m_elencoGiri->bof() && m_elencoGiri->eof();
-    if (!manca) {
-        m_elencoGiri->moveFirst();
-        manca = !m_elencoGiri->find(QStringLiteral("MG1H_GIRO = ") + db::quoted(m_giroCorrente));
-    }
-    if (manca) {
+    if (!posizionaElenco(m_giroCorrente)) {
         m_elencoGiri->addNew();
         m_elencoGiri->setValue(u"MG1H_GIRO", m_giroCorrente);
         m_elencoGiri->setValue(u"MG1H_DESCRIZIONE",
@@ -185,6 +180,20 @@ void GiriVisite::aggiungiAlElenco()
         m_elencoGiri->update();
     }
     elenco.setDataSource(m_elencoGiri);
+}
+
+bool GiriVisite::posizionaElenco(const QString& giro)
+{
+    if (m_elencoGiri->bof() && m_elencoGiri->eof())
+        return false;
+    m_elencoGiri->moveFirst();
+    return m_elencoGiri->find(QStringLiteral("MG1H_GIRO = ") + db::quoted(giro));
+}
+
+bool GiriVisite::LasciaGiroCorrente(const QString& nuovo)
+{
+    frame::GestAnagrafica* dettaglio = m_schermata.FME_GestAnagrafica(FRMMG_AGENTI::DettaglioGiri);
+    return nuovo == m_giroCorrente || !dettaglio || dettaglio->confirmLettingRowsGo();
 }
 
 void GiriVisite::CaricaDettaglioGiro()
@@ -212,6 +221,10 @@ void GiriVisite::GRD_GIRI_Click()
                                  RTrimN(m_elencoGiri->value(u"MG1H_GIRO")).toString();
                              if (codice.isEmpty())
                                  return Flow::Leave;
+                             if (!LasciaGiroCorrente(codice)) {
+                                 posizionaElenco(m_giroCorrente);
+                                 return Flow::Leave;
+                             }
                              mostraGiro(codice);
                              return Flow::Next;
                          },
@@ -227,14 +240,25 @@ void GiriVisite::TXT_GIRO_GotFocus()
 
 void GiriVisite::TXT_GIRO_LostFocus()
 {
+    const auto& giro = m_schermata.controllo<controls::Field>(u"TXT_GIRO");
+    QString nuovo;
     reportWithChoice(m_schermata.errori(), QStringLiteral("TXT_GIRO_LostFocus"),
                      {
                          [&] {
-                             const auto& giro = m_schermata.controllo<controls::Field>(u"TXT_GIRO");
-                             return RTrimN(giro.text()).toString() == m_giroCorrente ||
-                                            !giro.isValid()
-                                        ? Flow::Leave
-                                        : Flow::Next;
+                             nuovo = RTrimN(giro.text()).toString();
+                             return nuovo == m_giroCorrente || !giro.isValid() ? Flow::Leave
+                                                                               : Flow::Next;
+                         },
+                         [&] {
+                             if (LasciaGiroCorrente(nuovo))
+                                 return Flow::Next;
+                             mostraGiro(m_giroCorrente);
+                             return Flow::Leave;
+                         },
+                         [&] {
+                             // Saved, the agent's details were shown again from its first route.
+                             if (RTrimN(giro.text()).toString() != nuovo)
+                                 mostraGiro(nuovo);
                          },
                          [&] { prendiGiroDalCampo(); },
                          [&] { Refresh_VF_MG1H(true); },

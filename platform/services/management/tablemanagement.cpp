@@ -204,7 +204,8 @@ void TableManagement::position()
     const ManagedColumn* code = m_description.column(m_description.key.value(0));
     if (!code || m_opening.position.isBlank())
         return;
-    const frame::ColumnValue key = frame::toColumnValue(m_opening.position, code->kind());
+    const frame::ColumnValue key =
+        frame::toColumnValue(m_opening.position, frame::ColumnFormat{code->kind(), {}});
     if (!key.accepted())
         return;
     if (const auto found = frame::findKey(*m_rows, code->name, *key.value, -1))
