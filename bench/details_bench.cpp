@@ -83,14 +83,10 @@ int main(int argc, char** argv)
 {
     QCoreApplication app(argc, argv);
     const QStringList args = app.arguments();
-    const auto option = [&args](const char* name, int fallback) {
-        const qsizetype at = args.indexOf(QString::fromLatin1(name));
-        return at >= 0 && at + 1 < args.size() ? args[at + 1].toInt() : fallback;
-    };
-    const Details details{option("--partners", 1000), option("--maturation", 1000),
-                          option("--route", 5000)};
-    const int agents = option("--agents", 1000);
-    const int moves = option("--moves", 20);
+    const Details details{intOption(args, "--partners", 1000),
+                          intOption(args, "--maturation", 1000), intOption(args, "--route", 5000)};
+    const int agents = intOption(args, "--agents", 1000);
+    const int moves = intOption(args, "--moves", 20);
 
     const BenchDatabase database(agents, [&details](db::Connection& connection) {
         for (const QString& code : heavyAgents)

@@ -96,13 +96,9 @@ int main(int argc, char** argv)
 {
     QCoreApplication app(argc, argv);
     const QStringList args = app.arguments();
-    const auto option = [&args](const char* name, int fallback) {
-        const qsizetype at = args.indexOf(QString::fromLatin1(name));
-        return at >= 0 && at + 1 < args.size() ? args[at + 1].toInt() : fallback;
-    };
-    const int agents = option("--agents", 100000);
-    const int depth = option("--depth", 1000);
-    const int repeat = option("--repeat", 5);
+    const int agents = intOption(args, "--agents", 100000);
+    const int depth = intOption(args, "--depth", 1000);
+    const int repeat = intOption(args, "--repeat", 5);
     require(depth >= 2 && depth < agents, "a chain shorter than the agents");
 
     const BenchDatabase database(

@@ -22,12 +22,8 @@ int main(int argc, char** argv)
 {
     QCoreApplication app(argc, argv);
     const QStringList args = app.arguments();
-    const auto option = [&args](const char* name, int fallback) {
-        const qsizetype at = args.indexOf(QString::fromLatin1(name));
-        return at >= 0 && at + 1 < args.size() ? args[at + 1].toInt() : fallback;
-    };
-    const int agents = option("--agents", 100000);
-    const int moves = option("--moves", 1000);
+    const int agents = intOption(args, "--agents", 100000);
+    const int moves = intOption(args, "--moves", 1000);
 
     const BenchDatabase database(agents);
     const double generatedMb = peakResidentMb();

@@ -148,4 +148,10 @@ void require(bool ok, const char* what)
     }
 }
 
+int intOption(const QStringList& args, const char* name, int fallback)
+{
+    const qsizetype at = args.indexOf(QString::fromLatin1(name));
+    return at >= 0 && at + 1 < args.size() ? args[at + 1].toInt() : fallback;
+}
+
 } // namespace tarvello::bench

@@ -82,6 +82,8 @@ QStringList moduleStatements(db::Connection& connection);
 double replay(db::Connection& connection, const QStringList& statements);
 // The most memory the process has held resident so far, in megabytes.
 double peakResidentMb();
+// The number after `name` on the command line; `fallback` when it is not given.
+int intOption(const QStringList& args, const char* name, int fallback);
 // Stops the benchmark with a message when a step did not do what it must.
 void require(bool ok, const char* what);
 
