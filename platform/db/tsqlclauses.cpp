@@ -1,3 +1,4 @@
+#include "platform/db/identifier.h"
 #include "platform/db/tsqlpasses.h"
 
 namespace tarvello::db::tsql {
@@ -216,7 +217,7 @@ std::optional<QString> dropIfExists(const Statement& s, int first)
     const QString table = s.bareName(last);
     if (object.compare(table, Qt::CaseInsensitive) != 0)
         return std::nullopt;
-    const QString target = table.startsWith(u'#') ? QStringLiteral("temp.") + quotedName(table)
+    const QString target = table.startsWith(u'#') ? QStringLiteral("temp.") + quoteIdentifier(table)
                                                   : s.text(name, last).trimmed();
     return QStringLiteral("DROP TABLE IF EXISTS ") + target;
 }

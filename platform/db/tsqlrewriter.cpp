@@ -1,5 +1,6 @@
 #include "platform/db/tsqlrewriter.h"
 
+#include "platform/db/identifier.h"
 #include "platform/db/tsqlbatch.h"
 #include "platform/db/tsqlpasses.h"
 #include "platform/db/tsqltokens.h"
@@ -26,11 +27,11 @@ void rewriteTokens(Statement& s)
             token.out = token.source.mid(1);
             break;
         case TokenKind::BracketName:
-            token.out = quotedName(s.bareName(i));
+            token.out = quoteIdentifier(s.bareName(i));
             break;
         case TokenKind::Word:
             if (token.source.startsWith(u'#'))
-                token.out = quotedName(token.source);
+                token.out = quoteIdentifier(token.source);
             else if (token.key == u"@@IDENTITY")
                 token.out = QStringLiteral("last_insert_rowid()");
             break;

@@ -109,12 +109,6 @@ QString undoubled(QString text, QChar quote)
     return text.replace(QString(2, quote), QString(quote));
 }
 
-QString quotedName(QString name)
-{
-    name.replace(u'"', QStringLiteral("\"\""));
-    return u'"' + name + u'"';
-}
-
 Tokens tokenize(const QString& sql)
 {
     Tokens tokens;

@@ -51,7 +51,5 @@ bool isNumericType(QStringView key);
 
 // A quoted run's text with each doubled quote back to one.
 QString undoubled(QString text, QChar quote);
-// A name in SQLite's double quotes.
-QString quotedName(QString name);
 
 } // namespace tarvello::db::tsql

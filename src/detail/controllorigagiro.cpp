@@ -20,8 +20,6 @@ namespace tarvello::agenti {
 
 namespace {
 
-constexpr int StileInformazione = 64;
-
 enum Messaggio {
     AltroAgente = 71472,
     AltroAgenteConDestinazione = 71473,
@@ -206,7 +204,7 @@ void ControlloRigaGiro::FME_GestAnagrafica5_BeforeUpdate(frame::CancelArgs& args
                 if (!duplicatoNelGiro(*rs, cliente, dest))
                     return Flow::Next;
                 m_schermata.Gcls_Log()->message(
-                    QStringLiteral("Cliente già inserito nel giro corrente!"), StileInformazione,
+                    QStringLiteral("Cliente già inserito nel giro corrente!"), host::Information,
                     m_schermata.caption());
                 return rifiuta();
             },

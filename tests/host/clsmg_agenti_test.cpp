@@ -3,7 +3,7 @@
 #include "platform/services/hostnavigator.h"
 #include "platform/services/scriptedprompts.h"
 #include "platform/services/siblingmodule.h"
-#include "src/host/clsmg_agenti.h"
+#include "src/screen/clsmg_agenti.h"
 #include "testscreen.h"
 
 #include <QTimer>
