@@ -14,7 +14,7 @@ namespace tarvello::services {
 namespace {
 
 constexpr long ObjectVariableNotSet = 91;
-constexpr int CriticalStyle = 16;
+constexpr int CriticalStyle = host::Critical;
 const QString Title = QStringLiteral("Stampa agenti");
 
 // A file name in the temporary folder that says what was printed.
