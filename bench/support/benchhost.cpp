@@ -2,7 +2,7 @@
 
 #include "platform/db/connection.h"
 #include "platform/db/demodata.h"
-#include "src/host/clsmg_agenti.h"
+#include "src/screen/clsmg_agenti.h"
 #include "src/screen/frmmg_agenti.h"
 
 #include <QFile>

@@ -1,6 +1,7 @@
 #include "platform/db/connection.h"
 
 #include "platform/db/databasecondition.h"
+#include "platform/db/identifier.h"
 #include "platform/db/odbcengine.h"
 #include "platform/db/recordset.h"
 #include "platform/db/runtimeerror.h"
@@ -49,13 +50,6 @@ QString describe(const ProviderError& error, Dialect dialect)
     throw RuntimeError(RuntimeError::TransactionAborted,
                        QStringLiteral("Il database ha annullato l'intera transazione: nessuna "
                                       "delle modifiche fatte al suo interno è stata salvata."));
-}
-
-QString quotedIdentifier(const QString& name)
-{
-    QString escaped = name;
-    escaped.replace(u'"', QStringLiteral("\"\""));
-    return u'"' + escaped + u'"';
 }
 
 } // namespace
@@ -292,10 +286,10 @@ Value Connection::insertRow(const QString& table, const QStringList& columns,
     QStringList names;
     QStringList markers;
     for (const QString& column : columns) {
-        names << quotedIdentifier(column);
+        names << quoteIdentifier(column);
         markers << QStringLiteral("?");
     }
-    const QString target = quotedIdentifier(table);
+    const QString target = quoteIdentifier(table);
     const QString list = names.isEmpty()
                              ? QString()
                              : QStringLiteral(" (") + names.join(QStringLiteral(", ")) + u')';
@@ -306,7 +300,7 @@ Value Connection::insertRow(const QString& table, const QStringList& columns,
         // The identity comes back in the same batch as the insert.
         const ResultSet result = run(QStringLiteral("INSERT INTO ") + target + list +
                                          QStringLiteral(" OUTPUT INSERTED.") +
-                                         quotedIdentifier(identityColumn) + valuesPart,
+                                         quoteIdentifier(identityColumn) + valuesPart,
                                      values);
         return result.rows.isEmpty() ? Value() : result.rows.first().value(0);
     }

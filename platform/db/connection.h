@@ -1,6 +1,8 @@
 #pragma once
 
-#include "platform/db/engine.h"
+#include "platform/db/dialect.h"
+#include "platform/db/providererror.h"
+#include "platform/db/resultset.h"
 #include "platform/db/statementlog.h"
 
 #include <QHash>
@@ -11,6 +13,8 @@
 
 namespace tarvello::db {
 
+class Engine;
+class EngineError;
 class Recordset;
 using RecordsetPtr = std::shared_ptr<Recordset>;
 

@@ -1,6 +1,7 @@
 #pragma once
 
-#include "platform/db/engine.h"
+#include "platform/db/dialect.h"
+#include "platform/db/providererror.h"
 
 namespace tarvello::db {
 

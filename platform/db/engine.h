@@ -1,22 +1,12 @@
 #pragma once
 
+#include "platform/db/dialect.h"
+#include "platform/db/providererror.h"
 #include "platform/db/resultset.h"
 
 #include <QString>
 
 namespace tarvello::db {
-
-// The SQL texts an engine understands: SQL Server takes the module's T-SQL unchanged,
-// SQLite gets it rewritten.
-enum class Dialect { SqlServer, Sqlite };
-
-// An error as the database driver reported it.
-struct ProviderError {
-    long number = 0;
-    QString description;
-    QString sqlState;
-    QString source;
-};
 
 class EngineError : public std::runtime_error {
 public:

@@ -1,16 +1,10 @@
 #include "platform/db/rowwriter.h"
 
 #include "platform/db/connection.h"
+#include "platform/db/identifier.h"
 #include "platform/db/runtimeerror.h"
 
 namespace tarvello::db {
-
-QString quoteIdentifier(const QString& name)
-{
-    QString escaped = name;
-    escaped.replace(u'"', QStringLiteral("\"\""));
-    return u'"' + escaped + u'"';
-}
 
 RowWriter::RowWriter(Connection& connection, const QString& table, const QList<Column>& columns)
     : m_connection(connection)

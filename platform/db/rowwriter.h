@@ -53,6 +53,4 @@ private:
     QString m_delete;
 };
 
-QString quoteIdentifier(const QString& name);
-
 } // namespace tarvello::db

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/db/engine.h"
+#include "platform/db/dialect.h"
 #include "platform/db/resultset.h"
 
 #include <QHash>

@@ -1,5 +1,6 @@
 #include "platform/db/sqliteengine.h"
 
+#include "platform/db/identifier.h"
 #include "platform/db/tsqlfunctions.h"
 
 #include <sqlite3.h>
@@ -287,9 +288,8 @@ TableInfo sqlitePragmaTableInfo(Engine& engine, const QString& table)
 {
     TableInfo info;
     info.name = table;
-    QString name = table;
-    name.replace(u'"', QStringLiteral("\"\""));
-    const ResultSet rows = engine.run(QStringLiteral("PRAGMA table_info(\"%1\")").arg(name), {});
+    const QString name = quoteIdentifier(table);
+    const ResultSet rows = engine.run(QStringLiteral("PRAGMA table_info(%1)").arg(name), {});
     int keyColumns = 0;
     for (const ValueList& row : rows.rows) {
         TableInfo::ColumnInfo column;
@@ -312,16 +312,15 @@ TableInfo sqlitePragmaTableInfo(Engine& engine, const QString& table)
         for (auto& column : info.columns)
             column.identity = false;
     }
-    const ResultSet indexes = engine.run(QStringLiteral("PRAGMA index_list(\"%1\")").arg(name), {});
+    const ResultSet indexes = engine.run(QStringLiteral("PRAGMA index_list(%1)").arg(name), {});
     for (const ValueList& index : indexes.rows) {
         // Columns: seq, name, unique, origin ("c" an index, "u" a constraint, "pk"), partial.
         if (index[2].toInt64() == 0 || index[3].toString() == u"pk" || index[4].toInt64() != 0)
             continue;
-        QString indexName = index[1].toString();
-        indexName.replace(u'"', QStringLiteral("\"\""));
+        const QString indexName = quoteIdentifier(index[1].toString());
         QStringList key;
         for (const ValueList& part :
-             engine.run(QStringLiteral("PRAGMA index_info(\"%1\")").arg(indexName), {}).rows)
+             engine.run(QStringLiteral("PRAGMA index_info(%1)").arg(indexName), {}).rows)
             key << part[2].toString();
         info.uniqueKeys << key;
     }

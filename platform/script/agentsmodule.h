@@ -1,7 +1,7 @@
 #pragma once
 
 #include "src/host/calledmodule.h"
-#include "src/host/clsmg_agenti.h"
+#include "src/screen/clsmg_agenti.h"
 
 #include <QString>
 

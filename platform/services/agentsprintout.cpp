@@ -4,6 +4,7 @@
 #include "platform/db/runtimeerror.h"
 #include "platform/services/agentsreport.h"
 #include "platform/services/userprompts.h"
+#include "src/host/errorlog.h"
 
 #include <QDir>
 #include <QRegularExpression>
@@ -13,8 +14,7 @@ namespace tarvello::services {
 namespace {
 
 constexpr long ObjectVariableNotSet = 91;
-constexpr int InformationStyle = 64;
-constexpr int CriticalStyle = 16;
+constexpr int CriticalStyle = host::Critical;
 const QString Title = QStringLiteral("Stampa agenti");
 
 // A file name in the temporary folder that says what was printed.
@@ -58,7 +58,7 @@ db::Value AgentsPrintoutModule::ShowForm()
                 : QStringLiteral("L'agente %1 non esiste nella ditta %2.")
                       .arg(code)
                       .arg(company.code),
-            InformationStyle, Title);
+            host::Information, Title);
         return {};
     }
 

@@ -7,7 +7,7 @@ namespace tarvello::services {
 namespace {
 
 // OK abandons, Cancel goes on; the error icon.
-constexpr int ModuleErrorStyle = 1 + 16;
+constexpr int ModuleErrorStyle = host::OkCancel | host::Critical;
 
 } // namespace
 

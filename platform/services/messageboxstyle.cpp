@@ -8,20 +8,20 @@ MessageBoxStyle MessageBoxStyle::fromNumber(int style)
 {
     using namespace host;
     MessageBoxStyle result;
-    switch (style & 0xF) {
-    case 1:
+    switch (style & ButtonsMask) {
+    case OkCancel:
         result.buttons = {Ok, Cancel};
         break;
-    case 2:
+    case AbortRetryIgnore:
         result.buttons = {Abort, Retry, Ignore};
         break;
-    case 3:
+    case YesNoCancel:
         result.buttons = {Yes, No, Cancel};
         break;
-    case 4:
+    case YesNo:
         result.buttons = {Yes, No};
         break;
-    case 5:
+    case RetryCancel:
         result.buttons = {Retry, Cancel};
         break;
     default:
@@ -29,20 +29,20 @@ MessageBoxStyle MessageBoxStyle::fromNumber(int style)
         break;
     }
     // A default button the box does not have falls back to the first, as message boxes do.
-    const int defaultIndex = (style & 0xF00) >> 8;
+    const int defaultIndex = (style & DefaultButtonMask) / DefaultButton2;
     result.defaultAnswer =
         result.buttons.value(defaultIndex < result.buttons.size() ? defaultIndex : 0);
-    switch (style & 0xF0) {
-    case 16:
+    switch (style & IconMask) {
+    case Critical:
         result.icon = Icon::Critical;
         break;
-    case 32:
+    case Question:
         result.icon = Icon::Question;
         break;
-    case 48:
+    case Exclamation:
         result.icon = Icon::Warning;
         break;
-    case 64:
+    case Information:
         result.icon = Icon::Information;
         break;
     default:

@@ -8,9 +8,9 @@ namespace tarvello::agenti {
 
 namespace {
 
-// The style number of a report with a choice: Abort / Retry / Ignore buttons, error icon,
-// Retry as the default button, system-modal.
-constexpr int ReportStyle = 4370;
+// A report with a choice: Retry is the default, and the box holds every application.
+constexpr int ReportStyle =
+    host::AbortRetryIgnore | host::Critical | host::DefaultButton2 | host::SystemModal;
 
 } // namespace
 

@@ -204,4 +204,20 @@ QString dipendenteInAlbero(qint32 id)
            numero(id) + QStringLiteral(" ");
 }
 
+QString agenteNellaDitta(qint32 ditta, const QString& codice)
+{
+    return QStringLiteral(" SELECT ") + QStringLiteral(" * ") + QStringLiteral(" FROM ") +
+           QStringLiteral(" MG17_AGENTI") + QStringLiteral(" WHERE ") +
+           QStringLiteral(" MG17_DITTA_CG18 = ") + numero(ditta) +
+           QStringLiteral(" AND MG17_AGENTE = ") + db::quoted(codice);
+}
+
+QString agenteDellAnagrafica(const db::Value& ditta, const db::Value& anagrafica)
+{
+    return QStringLiteral(" SELECT ") + QStringLiteral("    MG17_AGENTE") +
+           QStringLiteral(" FROM") + QStringLiteral("    MG17_AGENTI") + QStringLiteral(" WHERE") +
+           QStringLiteral("    MG17_DITTA_CG18 = ") + ditta.sqlLiteral() + QStringLiteral(" AND") +
+           QStringLiteral("    MG17_ANAGEN_CG16 = ") + anagrafica.sqlLiteral();
+}
+
 } // namespace tarvello::agenti::sql

@@ -4,6 +4,10 @@
 #include <QStringList>
 #include <QtGlobal>
 
+namespace tarvello::db {
+class Value;
+}
+
 // The statements of the agents screen, each written as the pieces it is joined from: the
 // texts are pinned by the statement log, so their blanks matter.
 
@@ -58,5 +62,10 @@ QString ragioneSocialeAgenteDaId(qint32 ditta, qint64 id);
 // One step up and one step down the hierarchy table.
 QString riferimentoInAlbero(qint32 id);
 QString dipendenteInAlbero(qint32 id);
+
+// The agent with this code in the company: the agent frame's rows after a company change.
+QString agenteNellaDitta(qint32 ditta, const QString& codice);
+// The company's agent linked to a registry entry, if any. Both numbers go in unquoted.
+QString agenteDellAnagrafica(const db::Value& ditta, const db::Value& anagrafica);
 
 } // namespace tarvello::agenti::sql

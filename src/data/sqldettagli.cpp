@@ -75,4 +75,40 @@ QString elencoGiriAgente(qint32 ditta, qint64 agente)
            QStringLiteral("   AND MG1I_IDAGENTE_MG17 = ") + numero(agente);
 }
 
+// The customer is linked to the agent among the customer's several agents.
+QString clienteDellAgente(qint32 ditta, qint64 cliente, qint64 agente)
+{
+    return QStringLiteral("SELECT TOP 1 1 FROM MG1C_CLIFORAGEMUL WITH (NOLOCK) ") +
+           QStringLiteral(" WHERE MG1C_DITTA_CG18 = ") + numero(ditta) +
+           QStringLiteral("   AND MG1C_TIPOCF_CG44 = 0 ") +
+           QStringLiteral("   AND MG1C_CLIFOR_CG44  = ") + numero(cliente) +
+           QStringLiteral("   AND MG1C_IDAGENTE_MG17 = ") + numero(agente);
+}
+
+// The routes of other agents the customer is on with that destination.
+QString clienteDiAltriAgenti(qint32 ditta, qint64 cliente, qint64 agente, const QString& dest)
+{
+    return QStringLiteral("SELECT ROW_NUMBER() OVER (ORDER BY MG1I_DITTA_CG18) AS ID, * FROM "
+                          "MG1I_DETTAGLIOGIRI WITH (NOLOCK) ") +
+           QStringLiteral(" WHERE MG1I_DITTA_CG18 = ") + numero(ditta) +
+           QStringLiteral("   AND MG1I_TIPOCF_CG44 = 0 ") +
+           QStringLiteral("   AND MG1I_CLIFOR_CG44  = ") + numero(cliente) +
+           QStringLiteral("   AND MG1I_IDAGENTE_MG17 <> ") + numero(agente) +
+           QStringLiteral("   AND ISNULL(MG1I_CODDEST_MG22, '') = ") + db::quoted(dest) +
+           QStringLiteral(" ");
+}
+
+// The customer's rows on the agent's routes with that destination (none when it is empty).
+QString clienteNeiGiriDellAgente(qint32 ditta, qint64 cliente, qint64 agente, const QString& dest)
+{
+    return QStringLiteral(" SELECT") + QStringLiteral("    MG1I_PROGRESSIVO ") +
+           QStringLiteral(" FROM") + QStringLiteral("    MG1I_DETTAGLIOGIRI") +
+           QStringLiteral(" WHERE") + QStringLiteral("    MG1I_DITTA_CG18 = ") + numero(ditta) +
+           QStringLiteral("    ") + QStringLiteral("    AND MG1I_CLIFOR_CG44 = ") +
+           numero(cliente) + QStringLiteral("    AND MG1I_TIPOCF_CG44 = 0") +
+           QStringLiteral("    AND MG1I_IDAGENTE_MG17 = ") + numero(agente) +
+           (dest.isEmpty() ? QStringLiteral(" AND MG1I_CODDEST_MG22 IS NULL ")
+                           : QStringLiteral(" AND MG1I_CODDEST_MG22 = ") + db::quoted(dest));
+}
+
 } // namespace tarvello::agenti::sql

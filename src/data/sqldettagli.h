@@ -22,4 +22,10 @@ QString dettaglioGiriVuoto();
 // The routes an agent has customers on, with their descriptions.
 QString elencoGiriAgente(qint32 ditta, qint64 agente);
 
+// A route customer checked against the agents: the customer among the agent's several
+// agents, on other agents' routes with that destination, on this agent's routes with it.
+QString clienteDellAgente(qint32 ditta, qint64 cliente, qint64 agente);
+QString clienteDiAltriAgenti(qint32 ditta, qint64 cliente, qint64 agente, const QString& dest);
+QString clienteNeiGiriDellAgente(qint32 ditta, qint64 cliente, qint64 agente, const QString& dest);
+
 } // namespace tarvello::agenti::sql

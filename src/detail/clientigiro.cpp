@@ -23,8 +23,6 @@ namespace tarvello::agenti {
 
 namespace {
 
-constexpr int StileInformazione = 64;
-
 bool vuoto(const db::Recordset& righe)
 {
     return righe.bof() && righe.eof();
@@ -94,7 +92,7 @@ bool ClientiGiro::senzaGiro() const
 {
     if (!testoCampo(m_schermata, u"TXT_GIRO").isEmpty())
         return false;
-    m_schermata.Gcls_Log()->message(QStringLiteral("Selezionare il giro"), StileInformazione,
+    m_schermata.Gcls_Log()->message(QStringLiteral("Selezionare il giro"), host::Information,
                                     m_schermata.caption());
     return true;
 }

@@ -6,6 +6,7 @@
 #include "src/common/errorstyles.h"
 #include "src/common/richiesto.h"
 #include "src/common/valuehelpers.h"
+#include "src/data/sqldettagli.h"
 #include "src/detail/operazionidettaglio.h"
 #include "src/host/errorlog.h"
 #include "src/host/globalcontext.h"
@@ -20,8 +21,6 @@ namespace tarvello::agenti {
 
 namespace {
 
-constexpr int StileInformazione = 64;
-
 enum Messaggio {
     AltroAgente = 71472,
     AltroAgenteConDestinazione = 71473,
@@ -30,44 +29,13 @@ enum Messaggio {
     NonTraGliAgenti = 71476,
 };
 
+using sql::clienteDellAgente;
+using sql::clienteDiAltriAgenti;
+using sql::clienteNeiGiriDellAgente;
+
 QString testo(qint64 numero)
 {
     return QString::number(numero);
-}
-
-// The customer is linked to the agent among the customer's several agents.
-QString clienteDellAgente(qint32 ditta, qint64 cliente, qint64 agente)
-{
-    return QStringLiteral("SELECT TOP 1 1 FROM MG1C_CLIFORAGEMUL WITH (NOLOCK) ") +
-           QStringLiteral(" WHERE MG1C_DITTA_CG18 = ") + testo(ditta) +
-           QStringLiteral("   AND MG1C_TIPOCF_CG44 = 0 ") +
-           QStringLiteral("   AND MG1C_CLIFOR_CG44  = ") + testo(cliente) +
-           QStringLiteral("   AND MG1C_IDAGENTE_MG17 = ") + testo(agente);
-}
-
-// The routes of other agents the customer is on with that destination.
-QString clienteDiAltriAgenti(qint32 ditta, qint64 cliente, qint64 agente, const QString& dest)
-{
-    return QStringLiteral("SELECT ROW_NUMBER() OVER (ORDER BY MG1I_DITTA_CG18) AS ID, * FROM "
-                          "MG1I_DETTAGLIOGIRI WITH (NOLOCK) ") +
-           QStringLiteral(" WHERE MG1I_DITTA_CG18 = ") + testo(ditta) +
-           QStringLiteral("   AND MG1I_TIPOCF_CG44 = 0 ") +
-           QStringLiteral("   AND MG1I_CLIFOR_CG44  = ") + testo(cliente) +
-           QStringLiteral("   AND MG1I_IDAGENTE_MG17 <> ") + testo(agente) +
-           QStringLiteral("   AND ISNULL(MG1I_CODDEST_MG22, '') = ") + db::quoted(dest) +
-           QStringLiteral(" ");
-}
-
-QString clienteNeiGiriDellAgente(qint32 ditta, qint64 cliente, qint64 agente, const QString& dest)
-{
-    return QStringLiteral(" SELECT") + QStringLiteral("    MG1I_PROGRESSIVO ") +
-           QStringLiteral(" FROM") + QStringLiteral("    MG1I_DETTAGLIOGIRI") +
-           QStringLiteral(" WHERE") + QStringLiteral("    MG1I_DITTA_CG18 = ") + testo(ditta) +
-           QStringLiteral("    ") + QStringLiteral("    AND MG1I_CLIFOR_CG44 = ") + testo(cliente) +
-           QStringLiteral("    AND MG1I_TIPOCF_CG44 = 0") +
-           QStringLiteral("    AND MG1I_IDAGENTE_MG17 = ") + testo(agente) +
-           (dest.isEmpty() ? QStringLiteral(" AND MG1I_CODDEST_MG22 IS NULL ")
-                           : QStringLiteral(" AND MG1I_CODDEST_MG22 = ") + db::quoted(dest));
 }
 
 QString destinazione(const db::Value& valore)
@@ -206,7 +174,7 @@ void ControlloRigaGiro::FME_GestAnagrafica5_BeforeUpdate(frame::CancelArgs& args
                 if (!duplicatoNelGiro(*rs, cliente, dest))
                     return Flow::Next;
                 m_schermata.Gcls_Log()->message(
-                    QStringLiteral("Cliente già inserito nel giro corrente!"), StileInformazione,
+                    QStringLiteral("Cliente già inserito nel giro corrente!"), host::Information,
                     m_schermata.caption());
                 return rifiuta();
             },

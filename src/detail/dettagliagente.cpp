@@ -28,8 +28,6 @@ namespace {
 
 using controls::NavigatorKey::New;
 
-// The message-box style with the warning icon and the OK button.
-constexpr int StileAvviso = 48;
 // The payment type that only describes; its name is the last of the list.
 constexpr int SoloDescrittivo = 99;
 constexpr int TipiNumerati = 16;
@@ -374,7 +372,7 @@ void DettagliAgente::GRIDNAV_AGENTISOCI_BeforeButtonClick(controls::NavigatorBut
                          QStringLiteral("\r\n") +
                          QStringLiteral("Il numero dei soci è superiore al valore del campo "
                                         "Numero di soci in Dati generali !!!"),
-                     StileAvviso, QStringLiteral("Attenzione"));
+                     host::Exclamation, QStringLiteral("Attenzione"));
     m_schermata.SelezionaTab(0);
     m_schermata.SelezionaTab(1);
     args.cancel = true;

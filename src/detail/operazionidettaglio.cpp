@@ -10,12 +10,7 @@
 
 namespace tarvello::agenti {
 
-namespace {
-
-// The message-box style with the warning icon and the OK button.
-constexpr int StileAvviso = 48;
-
-} // namespace
+namespace {} // namespace
 
 db::Value MG17_IDAGENTE(const FRMMG_AGENTI& schermata)
 {
@@ -73,7 +68,7 @@ void scriviInBlocco(const FRMMG_AGENTI& schermata, db::Recordset& righe, const Q
         log->message(QStringLiteral("Impossibile salvare %1: le modifiche non salvate restano in "
                                     "attesa.\r\n%2")
                          .arg(cosa, errore.description()),
-                     StileAvviso, schermata.caption());
+                     host::Exclamation, schermata.caption());
     }
 }
 

@@ -16,11 +16,7 @@
 
 namespace tarvello::agenti {
 
-namespace {
-
-constexpr int StileAvviso = 48;
-
-} // namespace
+namespace {} // namespace
 
 SociAgente::SociAgente(FRMMG_AGENTI& schermata)
     : m_schermata(schermata)
@@ -85,7 +81,7 @@ void SociAgente::TXT_CODFISOCIO_Validate()
     if (controllo.result() == 0)
         return;
     richiesto(m_schermata.Gcls_Log(), "Gcls_Log")
-        .message(QStringLiteral("Formato codice fiscale errato !!!"), StileAvviso,
+        .message(QStringLiteral("Formato codice fiscale errato !!!"), host::Exclamation,
                  QStringLiteral("Errore"));
     campo.setAccepted(false);
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/db/engine.h"
+#include "platform/db/providererror.h"
 #include "platform/db/runtimeerror.h"
 
 #include <QList>
@@ -12,6 +12,27 @@ class Cinterface;
 
 // Standard answers of a message box.
 enum StandardAnswer : int { Ok = 1, Cancel = 2, Abort = 3, Retry = 4, Ignore = 5, Yes = 6, No = 7 };
+
+// Styles of a message box: one value of each group added together (its buttons, its icon,
+// which button is the default, whether it holds every application). Zero is the first of a
+// group: OK alone, no icon, the first button.
+enum MessageStyle : int {
+    OkCancel = 1,
+    AbortRetryIgnore = 2,
+    YesNoCancel = 3,
+    YesNo = 4,
+    RetryCancel = 5,
+    Critical = 16,
+    Question = 32,
+    Exclamation = 48,
+    Information = 64,
+    DefaultButton2 = 256,
+    DefaultButton3 = 512,
+    SystemModal = 4096,
+    ButtonsMask = 0xF,
+    IconMask = 0xF0,
+    DefaultButtonMask = 0xF00
+};
 
 // The host's error-log and message object (Gcls_Log): it shows errors and messages to the
 // user and records them. A screen creates one, binds it to its module and ends it at unload.

@@ -9,6 +9,7 @@
 #include "src/common/errorstyles.h"
 #include "src/common/richiesto.h"
 #include "src/common/valuehelpers.h"
+#include "src/data/sqlagenti.h"
 #include "src/host/cinterface.h"
 #include "src/host/divisionaldata.h"
 #include "src/host/globalcontext.h"
@@ -25,15 +26,6 @@ namespace {
 
 const QString ModuloAnagrafiche = QStringLiteral("Dorvanti.CLSCO_TABANAGGEN");
 const QString ColonnaAnagrafica = QStringLiteral("MG17_ANAGEN_CG16");
-
-// The company's agent linked to a registry entry, if any. Both numbers go in unquoted.
-QString agenteDellAnagrafica(const db::Value& ditta, const db::Value& anagrafica)
-{
-    return QStringLiteral(" SELECT ") + QStringLiteral("    MG17_AGENTE") +
-           QStringLiteral(" FROM") + QStringLiteral("    MG17_AGENTI") + QStringLiteral(" WHERE") +
-           QStringLiteral("    MG17_DITTA_CG18 = ") + ditta.sqlLiteral() + QStringLiteral(" AND") +
-           QStringLiteral("    MG17_ANAGEN_CG16 = ") + anagrafica.sqlLiteral();
-}
 
 // The registry code and the positioning flag the general-registry management opens with.
 db::ValueList datiAnagrafiche(const std::optional<db::Value>& codice)
@@ -135,7 +127,7 @@ void GestioniCollegate::Pcls_Anagrafiche_DataTransfer(const db::Value& Data)
         },
         [&] {
             agenti = m_schermata.connessione().execute(
-                agenteDellAnagrafica(CDecN(m_schermata.Codice_Ditta()), r));
+                sql::agenteDellAnagrafica(CDecN(m_schermata.Codice_Ditta()), r));
         },
         [&] {
             SchedaAgente& scheda = m_schermata.scheda();

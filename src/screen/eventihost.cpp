@@ -4,23 +4,13 @@
 #include "platform/frame/gestanagrafica.h"
 #include "src/common/errorstyles.h"
 #include "src/common/richiesto.h"
+#include "src/data/sqlagenti.h"
 #include "src/host/errorlog.h"
 #include "src/screen/frmmg_agenti.h"
 
 namespace tarvello::agenti {
 
-namespace {
-
-// The agent with this code in the company: the agent frame's rows after a company change.
-QString agenteNellaDitta(qint32 ditta, const QString& codice)
-{
-    return QStringLiteral(" SELECT ") + QStringLiteral(" * ") + QStringLiteral(" FROM ") +
-           QStringLiteral(" MG17_AGENTI") + QStringLiteral(" WHERE ") +
-           QStringLiteral(" MG17_DITTA_CG18 = ") + QString::number(ditta) +
-           QStringLiteral(" AND MG17_AGENTE = ") + db::quoted(codice);
-}
-
-} // namespace
+using sql::agenteNellaDitta;
 
 // An unloaded screen has nothing pending.
 bool FRMMG_AGENTI::ConfermaCambioDitta()

@@ -26,8 +26,6 @@ namespace {
 
 using frame::GestAnagrafica;
 
-constexpr int StileAvviso = 48;
-constexpr int StileSiNo = 292;
 constexpr int MessaggioAgenteInUso = 42157;
 const QString TitoloEliminazione = QStringLiteral("Eliminazione impossibile");
 const QString TitoloAttenzione = QStringLiteral("Attenzione");
@@ -265,14 +263,14 @@ void SchedaAgente::FME_GestAnagrafica1_BeforeDelete(frame::CancelArgs& args)
     try {
         const qint32 id = valoreAgente(QStringLiteral("MG17_IDAGENTE")).toInt();
         if (Esistefiglio(id)) {
-            messaggio(QStringLiteral("L'agente è di riferimento per altri agenti"), StileAvviso,
-                      TitoloEliminazione);
+            messaggio(QStringLiteral("L'agente è di riferimento per altri agenti"),
+                      host::Exclamation, TitoloEliminazione);
             args.fbol_Cancel = true;
             return;
         }
         if (AgenteUtilizzato(id)) {
             messaggio(m_schermata.globale().messages().message(MessaggioAgenteInUso, {}),
-                      StileAvviso, TitoloEliminazione);
+                      host::Exclamation, TitoloEliminazione);
             args.fbol_Cancel = true;
             return;
         }
@@ -340,7 +338,7 @@ void SchedaAgente::controllaSoci()
     }
     soci.refresh(QString());
     if (totale > db::Decimal(100))
-        messaggio(QStringLiteral("Il totale delle % quote supera il 100% !!!"), StileAvviso,
+        messaggio(QStringLiteral("Il totale delle % quote supera il 100% !!!"), host::Exclamation,
                   TitoloAttenzione);
 }
 
@@ -385,7 +383,7 @@ void SchedaAgente::controllaFornitore(frame::CancelArgs& args)
         log ? log->message(QStringLiteral("Il fornitore selezionato non corrisponde a quello "
                                           "dell'anagrafica agente.") +
                                QStringLiteral("\r\n") + QStringLiteral("Si desidera proseguire?"),
-                           StileSiNo, TitoloAttenzione)
+                           host::YesNo | host::Question | host::DefaultButton2, TitoloAttenzione)
             : host::No;
     if (risposta == host::No) {
         args.fbol_Cancel = true;

@@ -31,9 +31,6 @@ namespace {
 using controls::Field;
 namespace FrameStatus = frame::FrameStatus;
 
-constexpr int StileAvviso = 48;
-constexpr int StileInformazione = 64;
-constexpr int StileSiNoInformazione = 324;
 constexpr int DomandaNuovaAnagrafica = 39135;
 constexpr short Si = 6;
 constexpr short No = 7;
@@ -200,12 +197,12 @@ void SchedaAgente::RicercaAnagrafiche()
                 return Flow::Leave;
             }
             if (m_ricercaDaInvio == 0)
-                messaggio(QStringLiteral("Nessuna anagrafica selezionata !!!"), StileInformazione,
+                messaggio(QStringLiteral("Nessuna anagrafica selezionata !!!"), host::Information,
                           QStringLiteral("Ricerca anagrafiche"));
             else
                 m_rispostaNuovaAnagrafica = short(m_schermata.Gcls_Log()->message(
                     m_schermata.globale().messages().message(DomandaNuovaAnagrafica, {}),
-                    StileSiNoInformazione, QString()));
+                    host::YesNo | host::Information | host::DefaultButton2, QString()));
             return Flow::Next;
         },
     });
@@ -270,7 +267,8 @@ void SchedaAgente::TXT_CAPOZONA_Validate(controls::CancelArgs& args)
     if (zona.isEmpty() || area.isEmpty() || zona != area)
         return;
     args.cancel = true;
-    messaggio(QStringLiteral("Stesso Capo area !!"), StileAvviso, QStringLiteral("Attenzione"));
+    messaggio(QStringLiteral("Stesso Capo area !!"), host::Exclamation,
+              QStringLiteral("Attenzione"));
 }
 
 void SchedaAgente::TXT_AGERIFVIDEO1_Validate()

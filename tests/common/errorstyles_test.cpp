@@ -139,7 +139,8 @@ TEST_F(ErrorStyles, TheReportOffersAbortRetryIgnoreWithRetryAsDefault)
     ASSERT_EQ(prompts.history().size(), 1);
     const services::PromptRecord& shown = prompts.history().first();
     EXPECT_EQ(shown.kind, services::PromptKind::Report);
-    EXPECT_EQ(shown.style, 4370);
+    EXPECT_EQ(shown.style,
+              host::AbortRetryIgnore | host::Critical | host::DefaultButton2 | host::SystemModal);
     EXPECT_TRUE(shown.defaulted);
     EXPECT_TRUE(shown.text.contains(QStringLiteral("Errore n. 13")));
     EXPECT_TRUE(shown.text.contains(QStringLiteral("CodiceFornitore")));

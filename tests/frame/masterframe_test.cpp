@@ -1,5 +1,6 @@
 #include "framefixture.h"
 #include "platform/db/runtimeerror.h"
+#include "src/host/errorlog.h"
 
 namespace tarvello::test {
 namespace {
@@ -58,7 +59,8 @@ TEST_P(FrameTest, AnAgentGoesFromNewToSavedChangedUndoneAndDeleted)
 
     answer(Yes);
     ASSERT_TRUE(agents.deleteRecord());
-    EXPECT_EQ(lastPrompt().style, 292) << "Yes / No with No as default";
+    EXPECT_EQ(lastPrompt().style, host::YesNo | host::Question | host::DefaultButton2)
+        << "Yes / No with No as default";
     EXPECT_EQ(agentEvents.take(), events({"BeforeDelete", "AfterDelete(-1)", "ChangeStatus(2,6)"}));
     EXPECT_EQ(count(QStringLiteral("SELECT COUNT(*) FROM MG17_AGENTI")), 0);
     EXPECT_EQ(agents.status(), FrameStatus::New);
@@ -127,7 +129,7 @@ TEST_P(FrameTest, ASaveIsRefusedOnAFieldThePersonCanFixNamingItAndFocusingIt)
     EXPECT_FALSE(agents.save());
     EXPECT_TRUE(lastPrompt().text.contains(QStringLiteral("\"Codice agente\"")))
         << lastPrompt().text.toStdString();
-    EXPECT_EQ(lastPrompt().style, 48);
+    EXPECT_EQ(lastPrompt().style, host::Exclamation);
     EXPECT_EQ(form.activeControl(), agente);
     EXPECT_TRUE(agentEvents.take().isEmpty()) << "BeforeUpdate is not reached";
 
@@ -285,7 +287,7 @@ TEST_P(FrameTest, SearchEntryLooksUpTheTypedKey)
 
     answer(1);
     EXPECT_FALSE(agents.searchCommand());
-    EXPECT_EQ(lastPrompt().style, 64) << "the toolbar's search tells the person";
+    EXPECT_EQ(lastPrompt().style, host::Information) << "the toolbar's search tells the person";
     EXPECT_EQ(agents.status(), FrameStatus::Search);
 
     agente->typeText(QStringLiteral("B002"));
@@ -307,7 +309,7 @@ TEST_P(FrameTest, ConfirmingPendingChangesAsksYesNoOrCancelWhenTold)
     percentuale->typeText(QStringLiteral("5"));
     answer(Cancel);
     EXPECT_FALSE(agents.confirmPendingChanges(true, false, true));
-    EXPECT_EQ(lastPrompt().style, 35);
+    EXPECT_EQ(lastPrompt().style, host::YesNoCancel | host::Question);
     EXPECT_EQ(percentuale->text(), QStringLiteral("5"));
     EXPECT_TRUE(agents.isRecordChanged()) << "Cancel keeps the changes";
 
@@ -327,7 +329,7 @@ TEST_P(FrameTest, ConfirmingPendingChangesAsksYesNoOrCancelWhenTold)
     prompted = promptCount();
     EXPECT_FALSE(agents.confirmPendingChanges(true, false, false));
     EXPECT_EQ(promptCount(), prompted + 1);
-    EXPECT_EQ(lastPrompt().style, 48) << "only the check's message, no question";
+    EXPECT_EQ(lastPrompt().style, host::Exclamation) << "only the check's message, no question";
     EXPECT_EQ(cell(perprov).toInt64(), 5);
 }
 

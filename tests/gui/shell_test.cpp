@@ -7,6 +7,7 @@
 #include "platform/gui/shellhost.h"
 #include "platform/gui/shellwindow.h"
 #include "platform/services/scriptedprompts.h"
+#include "src/host/errorlog.h"
 #include "support/testdatabase.h"
 #include "widgettesting.h"
 
@@ -124,7 +125,7 @@ TEST(ShellWindowTest, FrameButtonsWaitForAScreenAndAnUnknownModuleIsToldNotOpene
     EXPECT_EQ(window.openModule({QStringLiteral("Nessuno"), QStringLiteral("Nessuno.CLSNESSUNO")}),
               nullptr);
     ASSERT_EQ(prompts.history().size(), 1);
-    EXPECT_EQ(prompts.history().first().style, 16);
+    EXPECT_EQ(prompts.history().first().style, host::Critical);
     EXPECT_EQ(host.openModuleCount(), 0);
 }
 
@@ -146,7 +147,7 @@ TEST(ShellWindowTest, AWindowlessModuleDoesItsWorkAndIsLetGoWithoutAComplaint)
     EXPECT_TRUE(QFileInfo(pdf).size() > 0) << "every agent of the company printed";
     EXPECT_EQ(host.openModuleCount(), 0);
     for (const services::PromptRecord& prompt : prompts.history())
-        EXPECT_NE(prompt.style, 16) << prompt.text.toStdString();
+        EXPECT_NE(prompt.style, host::Critical) << prompt.text.toStdString();
 }
 
 } // namespace

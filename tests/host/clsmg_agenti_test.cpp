@@ -2,7 +2,7 @@
 #include "platform/services/hostcontext.h"
 #include "platform/services/hostnavigator.h"
 #include "platform/services/scriptedprompts.h"
-#include "src/host/clsmg_agenti.h"
+#include "src/screen/clsmg_agenti.h"
 #include "support/plainmodule.h"
 #include "testscreen.h"
 

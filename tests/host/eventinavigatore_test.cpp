@@ -2,7 +2,7 @@
 #include "platform/services/hostnavigator.h"
 #include "platform/services/objectmodels.h"
 #include "platform/services/scriptedprompts.h"
-#include "src/host/clsmg_agenti.h"
+#include "src/screen/clsmg_agenti.h"
 #include "testscreen.h"
 
 #include <gtest/gtest.h>

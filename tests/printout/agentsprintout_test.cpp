@@ -4,6 +4,7 @@
 #include "platform/services/agentsreport.h"
 #include "platform/services/hostcontext.h"
 #include "platform/services/scriptedprompts.h"
+#include "src/host/errorlog.h"
 #include "support/testdatabase.h"
 
 #include <QDir>
@@ -158,7 +159,7 @@ TEST_P(AgentsPrintout, NoAgentsToPrintIsToldWithoutAskingForAFile)
     for (int i = 0; i < 3; ++i) {
         EXPECT_EQ(prompts.history().at(i).kind, services::PromptKind::MessageBox);
         EXPECT_EQ(prompts.history().at(i).text, expected.at(i));
-        EXPECT_EQ(prompts.history().at(i).style, 64);
+        EXPECT_EQ(prompts.history().at(i).style, host::Information);
         EXPECT_EQ(prompts.history().at(i).title, QStringLiteral("Stampa agenti"));
     }
     EXPECT_TRUE(module.printedFile().isEmpty());
@@ -174,7 +175,7 @@ TEST_P(AgentsPrintout, AFileThatCannotBeWrittenIsToldAndNothingIsShown)
     EXPECT_EQ(message.kind, services::PromptKind::MessageBox);
     EXPECT_TRUE(message.text.contains(QStringLiteral("non si può scrivere")))
         << message.text.toStdString();
-    EXPECT_EQ(message.style, 16);
+    EXPECT_EQ(message.style, host::Critical);
     EXPECT_TRUE(module.printedFile().isEmpty());
 }
 

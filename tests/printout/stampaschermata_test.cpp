@@ -4,9 +4,9 @@
 #include "platform/services/hostcontext.h"
 #include "platform/services/hostnavigator.h"
 #include "platform/services/scriptedprompts.h"
-#include "src/host/clsmg_agenti.h"
 #include "src/host/menuentry.h"
 #include "src/linked/stampa.h"
+#include "src/screen/clsmg_agenti.h"
 #include "src/screen/frmmg_agenti.h"
 #include "support/testdatabase.h"
 

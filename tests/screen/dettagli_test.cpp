@@ -8,6 +8,7 @@
 #include "src/data/sqldettagli.h"
 #include "src/detail/dettagliagente.h"
 #include "src/detail/girivisite.h"
+#include "src/host/errorlog.h"
 
 namespace tarvello::test {
 
@@ -17,7 +18,6 @@ using agenti::FRMMG_AGENTI;
 using controls::NavigatorKey::New;
 
 constexpr int Si = 6;
-constexpr int StileAvviso = 48;
 
 // The agents screen on one agent with rows in each detail table.
 class DettagliTest : public SchermataTest {
@@ -339,7 +339,7 @@ TEST_F(DettagliTest, PartnersBeyondTheDeclaredNumberAreRefusedUntilOneIsDeleted)
     EXPECT_EQ(prompts.history().first().text,
               QStringLiteral("Impossibile aggiungere un nuovo socio.\r\nIl numero dei soci è "
                              "superiore al valore del campo Numero di soci in Dati generali !!!"));
-    EXPECT_EQ(prompts.history().first().style, StileAvviso);
+    EXPECT_EQ(prompts.history().first().style, host::Exclamation);
     EXPECT_EQ(prompts.history().first().title, QStringLiteral("Attenzione"));
     EXPECT_EQ(pagineViste, (QList<int>{0, 1}));
     EXPECT_EQ(righe(FRMMG_AGENTI::Soci)->recordCount(), 2);
@@ -512,7 +512,7 @@ TEST_F(DettagliTest, AFailingDetailSaveKeepsTheRowsPendingAndTellsThePerson)
         QStringLiteral("Impossibile salvare i giorni di maturazione dell'agente")));
     EXPECT_TRUE(prompts.history().at(1).text.startsWith(
         QStringLiteral("Impossibile salvare i soci dell'agente")));
-    EXPECT_EQ(prompts.history().at(0).style, StileAvviso);
+    EXPECT_EQ(prompts.history().at(0).style, host::Exclamation);
     EXPECT_EQ(righe(FRMMG_AGENTI::Maturazione)->pendingCount(), 1);
     EXPECT_EQ(righe(FRMMG_AGENTI::Soci)->pendingCount(), 1);
     EXPECT_EQ(righe(FRMMG_AGENTI::Maturazione)->value(u"MG16_GGMATUR").toInt(), 45);

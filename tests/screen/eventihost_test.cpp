@@ -107,7 +107,7 @@ TEST_F(EventiHost, MultimediaOnANewAgentOnlyTellsThePerson)
     EXPECT_EQ(avviso.kind, services::PromptKind::MessageBox);
     EXPECT_EQ(avviso.text, CollegamentoSoloInVariazione);
     EXPECT_EQ(avviso.title, QStringLiteral("Avviso Utente"));
-    EXPECT_EQ(avviso.style, 64);
+    EXPECT_EQ(avviso.style, host::Information);
     EXPECT_EQ(modulo->CHyperMedia(), nullptr);
     EXPECT_EQ(righe(QStringLiteral("SELECT * FROM CG99_MULTIMEDIA")), 0);
 }

@@ -8,6 +8,7 @@
 #include "schermatafixture.h"
 #include "src/detail/dettagliagente.h"
 #include "src/detail/tentatavendita.h"
+#include "src/host/errorlog.h"
 
 namespace tarvello::test {
 
@@ -18,8 +19,6 @@ using controls::Field;
 namespace Key = controls::Key;
 namespace KeyModifier = controls::KeyModifier;
 namespace FrameStatus = frame::FrameStatus;
-
-constexpr int StileAvviso = 48;
 
 // The partners, maturation-days and van-sales pages of an agent of company 1.
 class PagineAgenteTest : public SchermataTest {
@@ -97,7 +96,7 @@ TEST_F(PagineAgenteTest, ATaxCodeIsUpperCasedAndAWrongOneWarnsWithoutStoppingThe
     ASSERT_EQ(mostrati().size(), 1);
     EXPECT_EQ(mostrati().first().text, QStringLiteral("Formato codice fiscale errato !!!"));
     EXPECT_EQ(mostrati().first().title, QStringLiteral("Errore"));
-    EXPECT_EQ(mostrati().first().style, StileAvviso);
+    EXPECT_EQ(mostrati().first().style, host::Exclamation);
     EXPECT_EQ(codice.text(), QStringLiteral("RSSMRA85T10A562T"));
     EXPECT_FALSE(codice.isAccepted());
 

@@ -4,6 +4,7 @@
 #include "platform/db/runtimeerror.h"
 #include "schermatafixture.h"
 #include "src/detail/dettagliagente.h"
+#include "src/host/errorlog.h"
 #include "src/screen/codiciagente.h"
 #include "src/screen/schedaagente.h"
 
@@ -14,7 +15,6 @@ namespace {
 using agenti::FRMMG_AGENTI;
 namespace FrameStatus = frame::FrameStatus;
 
-constexpr int StileAvviso = 48;
 const QString QuoteOltreCento = QStringLiteral("Il totale delle % quote supera il 100% !!!");
 
 // The agents screen opened on one agent of the company.
@@ -136,7 +136,7 @@ TEST_F(SchedaAgenteTest, PartnersSharesAboveOneHundredWarnWithoutRefusing)
     ASSERT_TRUE(messaggi().contains(QuoteOltreCento)) << messaggi().join(u'\n').toStdString();
     const services::PromptRecord& avviso =
         prompts.history().at(messaggi().indexOf(QuoteOltreCento));
-    EXPECT_EQ(avviso.style, StileAvviso);
+    EXPECT_EQ(avviso.style, host::Exclamation);
     EXPECT_EQ(avviso.title, QStringLiteral("Attenzione"));
     EXPECT_EQ(
         db().query(QStringLiteral("SELECT MG17_PERPROV FROM MG17_AGENTI")).rows.first().first(),
@@ -310,7 +310,7 @@ TEST_F(SchedaAgenteTest, TheSameManagerForZoneAndAreaIsRefused)
     EXPECT_TRUE(uguali.cancel);
     ASSERT_FALSE(prompts.history().isEmpty());
     EXPECT_EQ(prompts.history().last().text, QStringLiteral("Stesso Capo area !!"));
-    EXPECT_EQ(prompts.history().last().style, StileAvviso);
+    EXPECT_EQ(prompts.history().last().style, host::Exclamation);
 
     campo(u"TXT_CAPOZONA").setText(QStringLiteral("8"));
     controls::CancelArgs diversi;

@@ -14,11 +14,11 @@
 #include "platform/script/agentsmodule.h"
 #include "platform/services/hostcontext.h"
 #include "src/host/cinterface.h"
-#include "src/host/clsmg_agenti.h"
 #include "src/host/errorlog.h"
 #include "src/host/globalcontext.h"
 #include "src/host/hostobjects.h"
 #include "src/host/registrysearch.h"
+#include "src/screen/clsmg_agenti.h"
 
 #include <QEventLoop>
 
@@ -175,7 +175,7 @@ void AgentsTestScreen::createControls()
     QObject::connect(share, &Control::validate, [this, share](CancelArgs& args) {
         if (share->value().isNull() || share->value().toDecimal() <= db::Decimal(100))
             return;
-        m_log->message(QStringLiteral("La percentuale non può superare 100"), 48,
+        m_log->message(QStringLiteral("La percentuale non può superare 100"), host::Exclamation,
                        QStringLiteral("Avviso Utente"));
         args.cancel = true;
     });
@@ -184,8 +184,8 @@ void AgentsTestScreen::createControls()
     auto* ask = m_form.add<Button>(QStringLiteral("CMD_DOMANDA"));
     ask->setCaption(QStringLiteral("Domanda"));
     QObject::connect(ask, &Button::clicked, [this, answer] {
-        const int given =
-            m_log->message(QStringLiteral("Procedere?"), 36, QStringLiteral("Conferma"));
+        const int given = m_log->message(QStringLiteral("Procedere?"), host::YesNo | host::Question,
+                                         QStringLiteral("Conferma"));
         answer->setValue(given == host::Yes ? QStringLiteral("si") : QStringLiteral("no"));
     });
 

@@ -19,7 +19,10 @@ TEST(HostErrorLog, AReportWithAChoiceShowsTheErrorAndReturnsTheAnswer)
         int argument = 0;
         EXPECT_EQ(log.reportWithChoice(QStringLiteral("Tarvello"),
                                        QStringLiteral("Anagrafica agenti"),
-                                       QStringLiteral("GRD_GIRI_Click"), 4370, argument),
+                                       QStringLiteral("GRD_GIRI_Click"),
+                                       host::AbortRetryIgnore | host::Critical |
+                                           host::DefaultButton2 | host::SystemModal,
+                                       argument),
                   answer);
     }
     const PromptRecord& shown = prompts.history().first();
@@ -41,9 +44,15 @@ TEST(HostErrorLog, TakenErrorsAreForgottenOnceReported)
     HostErrorLog log(prompts);
     log.takeRuntimeError(db::RuntimeError(13, QStringLiteral("Type mismatch")));
     int argument = 0;
-    log.reportWithChoice(QString(), QString(), QStringLiteral("A"), 4370, argument);
+    log.reportWithChoice(QString(), QString(), QStringLiteral("A"),
+                         host::AbortRetryIgnore | host::Critical | host::DefaultButton2 |
+                             host::SystemModal,
+                         argument);
     prompts.queue(PromptAnswer::button(host::Ignore));
-    log.reportWithChoice(QString(), QString(), QStringLiteral("B"), 4370, argument);
+    log.reportWithChoice(QString(), QString(), QStringLiteral("B"),
+                         host::AbortRetryIgnore | host::Critical | host::DefaultButton2 |
+                             host::SystemModal,
+                         argument);
     EXPECT_FALSE(prompts.history().last().text.contains(QStringLiteral("Type mismatch")));
 }
 
@@ -69,11 +78,15 @@ TEST(HostErrorLog, AMessageReturnsTheStandardAnswer)
     const QString supplier = QStringLiteral("Il fornitore selezionato non corrisponde a quello "
                                             "dell'anagrafica agente.\r\nSi desidera proseguire?");
     prompts.queue(PromptAnswer::button(host::Yes));
-    EXPECT_EQ(log.message(supplier, 292, QStringLiteral("Attenzione")), host::Yes);
-    EXPECT_EQ(log.message(supplier, 292, QStringLiteral("Attenzione")), host::No);
+    EXPECT_EQ(log.message(supplier, host::YesNo | host::Question | host::DefaultButton2,
+                          QStringLiteral("Attenzione")),
+              host::Yes);
+    EXPECT_EQ(log.message(supplier, host::YesNo | host::Question | host::DefaultButton2,
+                          QStringLiteral("Attenzione")),
+              host::No);
     const PromptRecord& shown = prompts.history().first();
     EXPECT_EQ(shown.kind, PromptKind::MessageBox);
     EXPECT_EQ(shown.text, supplier);
-    EXPECT_EQ(shown.style, 292);
+    EXPECT_EQ(shown.style, host::YesNo | host::Question | host::DefaultButton2);
     EXPECT_EQ(shown.title, QStringLiteral("Attenzione"));
 }

@@ -31,7 +31,9 @@ TEST(ScriptedPrompts, EachPromptTakesTheOldestQueuedAnswer)
     prompts.queue(PromptAnswer::button(host::Yes));
     prompts.queue(PromptAnswer::pickRow(2));
     prompts.queue(PromptAnswer::question(QuestionAnswer::Sempre));
-    EXPECT_EQ(prompts.messageBox(QStringLiteral("Proseguire?"), 292, QStringLiteral("Attenzione")),
+    EXPECT_EQ(prompts.messageBox(QStringLiteral("Proseguire?"),
+                                 host::YesNo | host::Question | host::DefaultButton2,
+                                 QStringLiteral("Attenzione")),
               host::Yes);
     EXPECT_EQ(
         prompts.lookupList(QStringLiteral("Elenco giri"), {"Codice", "Descrizione"}, threeRoutes),
@@ -44,7 +46,7 @@ TEST(ScriptedPrompts, EachPromptTakesTheOldestQueuedAnswer)
     ASSERT_EQ(shown.size(), 3);
     EXPECT_EQ(shown[0].kind, PromptKind::MessageBox);
     EXPECT_EQ(shown[0].text, QStringLiteral("Proseguire?"));
-    EXPECT_EQ(shown[0].style, 292);
+    EXPECT_EQ(shown[0].style, host::YesNo | host::Question | host::DefaultButton2);
     EXPECT_EQ(shown[0].title, QStringLiteral("Attenzione"));
     EXPECT_EQ(shown[0].answer, QStringLiteral("yes"));
     EXPECT_EQ(shown[1].kind, PromptKind::LookupList);
@@ -57,9 +59,17 @@ TEST(ScriptedPrompts, WithNothingQueuedAPromptTakesItsDefaultAndSaysSo)
 {
     ScriptedPrompts prompts;
     // Yes and No with No as the default button; OK only; Abort / Retry / Ignore with Retry.
-    EXPECT_EQ(prompts.messageBox(QStringLiteral("Proseguire?"), 292, QString()), host::No);
-    EXPECT_EQ(prompts.messageBox(QStringLiteral("Selezionare il giro"), 64, QString()), host::Ok);
-    EXPECT_EQ(prompts.report(QStringLiteral("Errore"), 4370, QString()), host::Retry);
+    EXPECT_EQ(prompts.messageBox(QStringLiteral("Proseguire?"),
+                                 host::YesNo | host::Question | host::DefaultButton2, QString()),
+              host::No);
+    EXPECT_EQ(
+        prompts.messageBox(QStringLiteral("Selezionare il giro"), host::Information, QString()),
+        host::Ok);
+    EXPECT_EQ(prompts.report(QStringLiteral("Errore"),
+                             host::AbortRetryIgnore | host::Critical | host::DefaultButton2 |
+                                 host::SystemModal,
+                             QString()),
+              host::Retry);
     // A default button beyond the box's buttons is the first one.
     EXPECT_EQ(prompts.messageBox(QStringLiteral("Salvare?"), 4 + 512, QString()), host::Yes);
     EXPECT_EQ(prompts.lookupList(QStringLiteral("Elenco giri"), {}, threeRoutes), std::nullopt);
@@ -75,8 +85,9 @@ TEST(ScriptedPrompts, AnAnswerThePromptCannotTakeIsRefusedNamingThePrompt)
 {
     ScriptedPrompts prompts;
     prompts.queue(PromptAnswer::button(host::Yes));
-    const QString okOnly = promptError(
-        [&] { prompts.messageBox(QStringLiteral("Selezionare il giro"), 64, QString()); });
+    const QString okOnly = promptError([&] {
+        prompts.messageBox(QStringLiteral("Selezionare il giro"), host::Information, QString());
+    });
     EXPECT_TRUE(okOnly.contains(QStringLiteral("message box \"Selezionare il giro\"")))
         << okOnly.toStdString();
     EXPECT_TRUE(okOnly.contains(QStringLiteral("yes")));
@@ -145,7 +156,10 @@ TEST(ScriptedPrompts, APromptDefaultingOverAndOverStopsTheRun)
     int shown = 0;
     const QString error = promptError([&] {
         for (;;) {
-            prompts.report(QStringLiteral("Errore n. 3021"), 4370, QString());
+            prompts.report(QStringLiteral("Errore n. 3021"),
+                           host::AbortRetryIgnore | host::Critical | host::DefaultButton2 |
+                               host::SystemModal,
+                           QString());
             ++shown;
         }
     });

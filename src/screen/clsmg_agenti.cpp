@@ -1,10 +1,11 @@
-#include "src/host/clsmg_agenti.h"
+#include "src/screen/clsmg_agenti.h"
 
 #include "platform/db/recordset.h"
 #include "platform/db/runtimeerror.h"
 #include "platform/frame/gestanagrafica.h"
 #include "src/common/errorstyles.h"
 #include "src/common/richiesto.h"
+#include "src/host/errorlog.h"
 #include "src/host/globalcontext.h"
 #include "src/host/hostobjects.h"
 
@@ -14,8 +15,6 @@ namespace {
 
 const QString TitoloModulo = QStringLiteral("Anagrafica agenti");
 const QString ColonnaMedia = QStringLiteral("MG17_IDMEDIA_CG99");
-// Information icon of a message box.
-constexpr int StileInformazione = 64;
 // The archive's own settings the module passes when it opens it for an agent.
 constexpr int ModoArchivio = 1;
 constexpr int OpzioneArchivio = 0;
@@ -223,7 +222,7 @@ void CLSMG_AGENTI::CollegaMultimedia()
             schermata().MessaggioUtente(
                 QStringLiteral("Il collegamento ai dati multimediali è possibile solamente in "
                                "fase di variazione"),
-                StileInformazione, QStringLiteral("Avviso Utente"));
+                host::Information, QStringLiteral("Avviso Utente"));
             return Flow::Leave;
         },
         [&] {
