@@ -183,7 +183,48 @@ void GestAnagrafica::setRecordset(db::RecordsetPtr recordset)
         attach();
         placeCursor();
     }
-    Q_EMIT recordsetChanged(m_recordset);
+}
+
+void GestAnagrafica::reopenRows(db::Connection& connection, const QString& sql)
+{
+    const bool wasAttached = m_attached;
+    detach();
+    try {
+        m_recordset->reopen(connection, sql);
+    } catch (const db::RuntimeError&) {
+        // The recordset stays as it was, and so does the frame's hold on it.
+        if (wasAttached)
+            attach();
+        throw;
+    }
+    m_sql = sql;
+    m_shown.reset();
+    m_returnTo.reset();
+    m_snapshot.clear();
+    attach();
+    placeCursor();
+}
+
+db::Connection* GestAnagrafica::rowsConnection() const
+{
+    return m_recordset && m_recordset->activeConnection() ? m_recordset->activeConnection()
+                                                          : m_connection;
+}
+
+void GestAnagrafica::reopen(const QString& sql)
+{
+    if (m_terminated || !m_recordset)
+        return;
+    db::Connection* connection = rowsConnection();
+    m_sql = sql;
+    detach();
+    m_recordset->close();
+    if (!connection)
+        return;
+    reopenRows(*connection, sql);
+    refresh();
+    if (m_grid)
+        m_grid->setDataSource(m_recordset);
 }
 
 void GestAnagrafica::attach()
@@ -212,13 +253,14 @@ void GestAnagrafica::refresh(const QString& sql)
     if (!sql.isEmpty()) {
         m_sql = sql;
         if (!isOpen() || m_recordset->source() != sql) {
-            db::Connection* connection = m_recordset && m_recordset->activeConnection()
-                                             ? m_recordset->activeConnection()
-                                             : m_connection;
+            db::Connection* connection = rowsConnection();
             if (!connection)
                 return;
             try {
-                setRecordset(db::Recordset::open(*connection, sql));
+                if (m_recordset)
+                    reopenRows(*connection, sql);
+                else
+                    setRecordset(db::Recordset::open(*connection, sql));
             } catch (const db::RuntimeError& error) {
                 reportHandlerError(error);
                 return;
@@ -1071,7 +1113,7 @@ std::optional<GestAnagrafica::Bookmark> GestAnagrafica::bringFromDatabase(const 
         if (const auto found = findInRecordset(column, key))
             return found;
         // The recordset's own query leaves the row out (it was narrowed to another key).
-        setRecordset(db::Recordset::open(*connection, statement));
+        reopenRows(*connection, statement);
         return currentOrFirst();
     } catch (const db::RuntimeError& error) {
         reportHandlerError(error);

@@ -149,7 +149,13 @@ public:
     QString sql() const { return m_sql; }
     void setSql(const QString& sql) { m_sql = sql; }
 
+    // The frame's rows: one recordset object for the frame's life, reopened in place on each
+    // new query, so whoever holds it (a grid, the screen's code) always sees the frame's rows.
     db::RecordsetPtr recordset() const { return m_recordset; }
+    // Closes the frame's recordset and opens it again, in place, on another query, which
+    // becomes the frame's; then shows its rows, in the grid as well. A query the database
+    // refuses is passed on, the recordset left closed.
+    void reopen(const QString& sql);
     // Gives the frame a recordset (nullptr lets go of it) without showing anything: a refresh
     // follows. Given back the recordset it had, the frame's row is made current again.
     void setRecordset(db::RecordsetPtr recordset);
@@ -207,7 +213,7 @@ public:
     // among its own rows only: a key typed into a new detail row that another row already
     // has brings that row up (the key check of a new row). A master frame then looks in its
     // table; a row found there is brought into the recordset, by a requery or, when the
-    // recordset's query cannot return it, by a new recordset on that row (recordsetChanged).
+    // recordset's query cannot return it, by reopening the recordset on that row.
     bool search(bool fromKeyColumn = true, bool quiet = true);
     // The host toolbar's search: enters search entry, or in search entry looks the key up.
     bool searchCommand();
@@ -246,9 +252,9 @@ public:
     // Stops following the recordset (before it is closed, requeried or walked by code).
     void detach();
     bool isAttached() const { return m_attached; }
-    // Binds the frame again and shows its row. A text other than the recordset's query opens
-    // a new recordset on it (recordsetChanged); an empty text keeps the recordset, which may
-    // have been requeried or replaced with setRecordset meanwhile.
+    // Binds the frame again and shows its row. A text other than the recordset's query
+    // reopens the recordset on it; an empty text keeps the recordset, which may have been
+    // requeried or given back with setRecordset meanwhile.
     void refresh(const QString& sql = {});
     // Lets go of the recordset, the controls, the navigator and the detail frames.
     void terminate();
@@ -267,8 +273,6 @@ Q_SIGNALS:
     void IsRecordChanged(tarvello::frame::RecordChangedArgs& args);
     void UpdateBatchAll();
 
-    // For the host's toolbar and views: the frame opened or was given another recordset.
-    void recordsetChanged(tarvello::db::RecordsetPtr recordset);
     // The status or the change state changed.
     void stateChanged(int status, bool changed);
 
@@ -291,6 +295,9 @@ private:
     std::optional<Bookmark> currentOrFirst();
 
     void attach();
+    // The recordset opened again on the query, in place, and followed from its first row.
+    void reopenRows(db::Connection& connection, const QString& sql);
+    db::Connection* rowsConnection() const;
     void goToRow(std::optional<Bookmark> row, int reason, bool raiseEvent = true);
     void showRow(int reason, bool raiseEvent = true);
     // Reads the row shown, or the defaults of a new row not added yet.

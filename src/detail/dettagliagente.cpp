@@ -150,20 +150,16 @@ void DettagliAgente::ShowChild()
 {
     const qint32 ditta = m_schermata.Codice_Ditta();
     const qint64 agente = idAgenteCorrente(m_schermata);
-    for (const Dettaglio& d : dettagli()) {
-        const QString sql = d.perAgente(ditta, agente);
-        riapriDettaglio(m_schermata, d.gestione, sql, sql);
-    }
+    for (const Dettaglio& d : dettagli())
+        m_schermata.gestione(d.gestione).reopen(d.perAgente(ditta, agente));
     m_giri->ImpostaElencoGiri();
     m_giri->Refresh_VF_MG1H(false);
 }
 
 void DettagliAgente::ClearChild()
 {
-    for (const Dettaglio& d : dettagli()) {
-        const QString sql = d.vuoto();
-        riapriDettaglio(m_schermata, d.gestione, sql, sql);
-    }
+    for (const Dettaglio& d : dettagli())
+        m_schermata.gestione(d.gestione).reopen(d.vuoto());
     m_giri->mostraGiro(QString());
     m_giri->Refresh_VF_MG1H(false);
     m_giri->TeminateElencoGiri();
@@ -179,7 +175,6 @@ void DettagliAgente::RefreshChild()
     const auto rechiave = [&](int numero, const QString& sql) {
         frame::GestAnagrafica& gestione = *m_schermata.FME_GestAnagrafica(numero);
         const db::RecordsetPtr righe = m_schermata.Grst_GestAnagrafica(numero);
-        m_schermata.setGstr_GestAnagrafica(numero, sql);
         gestione.setSql(sql);
         if (righe->recordCount() > 0)
             riscriviAgente(gestione, *righe, dettaglio(numero).colonna("_IDAGENTE_MG17"), agente);

@@ -210,19 +210,18 @@ TEST_P(DetailFrameTest, CodeWalkingTheRowsIsFollowedOnlyWhenTheFrameIsListening)
     EXPECT_EQ(codSocio->text(), QStringLiteral("1"));
 }
 
-TEST_P(DetailFrameTest, ARefreshWithANewTextOpensItsRecordsetAndAnEmptyOneWaitsForANewRow)
+TEST_P(DetailFrameTest, ARefreshWithANewTextReopensItsRecordsetInPlaceAndAnEmptyOneWaitsForANewRow)
 {
     const qint64 agent = insertAgent(QStringLiteral("A001"));
     insertPartner(agent, 4, QStringLiteral("NERI"));
     openAgents();
     openPartners();
-    db::RecordsetPtr given;
-    QObject::connect(&partners, &frame::GestAnagrafica::recordsetChanged,
-                     [&given](db::RecordsetPtr rows) { given = std::move(rows); });
+    const db::RecordsetPtr held = partners.recordset();
 
     partners.refresh(partnersSql(agent));
-    ASSERT_TRUE(given);
-    EXPECT_EQ(given->recordCount(), 1);
+    EXPECT_EQ(partners.recordset(), held) << "whoever holds the rows sees the new ones";
+    EXPECT_EQ(held->recordCount(), 1);
+    EXPECT_EQ(partners.sql(), partnersSql(agent));
     EXPECT_EQ(partners.status(), FrameStatus::Browse);
     EXPECT_EQ(nomeSocio->text(), QStringLiteral("NERI"));
 
