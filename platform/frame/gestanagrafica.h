@@ -105,6 +105,29 @@ class GestAnagrafica : public QObject,
 public:
     using Bookmark = db::Recordset::Bookmark;
 
+    // When the row's changes reach the database: at once on save (the header of a screen), or
+    // kept pending until the caller's batch save (its detail grids).
+    enum class WriteMode { AtOnce, Pending };
+
+    // How confirmPendingChanges settles the unconfirmed changes.
+    struct SettleOptions {
+        // The fields are checked and BeforeUpdate raised (otherwise the row is taken as it is).
+        bool check = false;
+        // The row is shown again afterwards.
+        bool show = false;
+        // The person chooses Yes (save), No (drop) or Cancel; otherwise the changes are saved.
+        bool ask = false;
+    };
+
+    // How dropPendingRow and deleteRows go about it.
+    struct DropOptions {
+        // AfterUndo, or BeforeDelete and AfterDelete, are raised.
+        bool raiseEvents = false;
+        bool show = false;
+        // The person confirms first (Yes / No).
+        bool ask = false;
+    };
+
     // Opens and closes a bulk-rewrite bracket for the life of the object.
     class BulkRewrite {
     public:
@@ -138,8 +161,8 @@ public:
     // The control whose column a search by key looks at (registered here when it is not yet).
     void setKeyField(controls::DataControl* control);
     controls::DataControl* keyField() const;
-    bool isMaster() const { return m_master; }
-    void setMaster(bool master) { m_master = master; }
+    WriteMode writeMode() const { return m_writeMode; }
+    void setWriteMode(WriteMode mode) { m_writeMode = mode; }
     void addDetailFrame(GestAnagrafica* detail);
     QList<GestAnagrafica*> detailFrames() const;
     // What the frame manages, as its questions name it ("la gestione anagrafica agenti").
@@ -217,11 +240,9 @@ public:
     bool search(bool fromKeyColumn = true, bool quiet = true);
     // The host toolbar's search: enters search entry, or in search entry looks the key up.
     bool searchCommand();
-    // Settles the unconfirmed changes; true when it is safe to go on. check: the fields are
-    // checked and BeforeUpdate raised (false: the row is taken as it is). show: the row is
-    // shown again afterwards. ask: the person chooses Yes (save; safe when that succeeds),
-    // No (drop; safe) or Cancel (not safe); without asking the changes are saved.
-    bool confirmPendingChanges(bool check, bool show, bool ask);
+    // Settles the unconfirmed changes; true when it is safe to go on: saved, or dropped at the
+    // person's No (Cancel, or a save that fails, is not safe).
+    bool confirmPendingChanges(SettleOptions options);
     // Before code lets go of the rows the frame holds (reopening its recordset on other
     // rows): when they hold changes of the person that the database has not seen, asks
     // Yes / No / Cancel as the save question does. Yes saves the master frame this one is a
@@ -229,25 +250,26 @@ public:
     // answers true, the changes going with the rows; Cancel answers false, and the caller
     // stays where it was.
     bool confirmLettingRowsGo();
-    // Undo with switches: raiseEvents (AfterUndo), show, ask (Yes / No before dropping).
-    bool dropPendingRow(bool raiseEvents, bool show, bool ask);
-    // Deletes every row the frame shows: raiseEvents (BeforeDelete, AfterDelete once), show,
-    // ask (Yes / No first). A master writes the deletions at once.
-    bool deleteRows(bool raiseEvents, bool show, bool ask);
+    // Undo, with the options given.
+    bool dropPendingRow(DropOptions options);
+    // Deletes every row the frame shows (AfterDelete raised once). A frame that writes at
+    // once writes the deletions at once.
+    bool deleteRows(DropOptions options);
     // The batch save: raises UpdateBatchAll, whose handler writes the pending rows. Rows the
     // handler left pending without trying to write them (a partner deleted while the frame
     // shows nothing) are written by the frame; a failure is told, and so is a row being
     // entered that kept them from being written.
     void updateBatch();
 
-    // Moves. confirmFirst settles unconfirmed changes of the row left (a master asks); show
-    // raises ChangeStatus for the row reached. False when the move could not be made.
-    bool moveFirst(bool confirmFirst = true, bool show = true);
-    bool moveLast(bool confirmFirst = true, bool show = true);
-    bool movePrevious(bool confirmFirst = true, bool show = true);
-    bool moveNext(bool confirmFirst = true, bool show = true);
+    // Moves. Unconfirmed changes of the row left are settled first (a frame that writes at
+    // once asks), and ChangeStatus is raised for the row reached. False when the move could
+    // not be made.
+    bool moveFirst();
+    bool moveLast();
+    bool movePrevious();
+    bool moveNext();
     // The bookmark of the row shown shows that row again.
-    bool moveToBookmark(Bookmark bookmark, bool confirmFirst = true, bool show = true);
+    bool moveToBookmark(Bookmark bookmark);
 
     // Stops following the recordset (before it is closed, requeried or walked by code).
     void detach();
@@ -280,6 +302,7 @@ private:
     class Quiet;
 
     bool isOpen() const;
+    bool writesAtOnce() const { return m_writeMode == WriteMode::AtOnce; }
     // A new row has been added and is being entered.
     bool entering() const;
     // What the database says of the base column behind a column of the recordset.
@@ -329,8 +352,7 @@ private:
     void reportSaveFailure(const db::RuntimeError& error);
     void finishDelete(std::optional<Bookmark> next, bool raiseEvents, bool show);
     // Landing on the row shown is no move unless showAgain: then the row is shown again.
-    bool moveBy(const std::function<void(db::Recordset&)>& move, bool confirmFirst, bool show,
-                bool showAgain = false);
+    bool moveBy(const std::function<void(db::Recordset&)>& move, bool showAgain = false);
     std::optional<Bookmark> findInRecordset(const QString& column, const db::Value& key);
     std::optional<Bookmark> bringFromDatabase(const QString& column, const db::Value& key);
 
@@ -373,7 +395,7 @@ private:
     db::ValueList m_snapshot;
     bool m_changed = false;
     bool m_rowEdited = false;
-    bool m_master = false;
+    WriteMode m_writeMode = WriteMode::Pending;
     bool m_locked = false;
     bool m_followMoves = true;
     bool m_attached = false;

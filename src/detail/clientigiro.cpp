@@ -167,7 +167,7 @@ void ClientiGiro::InserisciClientiNelGiro()
     leaveSilently({
         [&] {
             if (dettaglio.status() == frame::FrameStatus::New)
-                dettaglio.confirmPendingChanges(true, true, false);
+                dettaglio.confirmPendingChanges({.check = true, .show = true});
         },
         [&] {
             const frame::GestAnagrafica::BulkRewrite blocco(dettaglio);
@@ -203,7 +203,7 @@ void ClientiGiro::InserisciClientiNelGiro()
         },
         [&] {
             if (dettaglio.status() == frame::FrameStatus::New)
-                dettaglio.confirmPendingChanges(true, true, false);
+                dettaglio.confirmPendingChanges({.check = true, .show = true});
         },
     });
 }

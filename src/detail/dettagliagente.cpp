@@ -342,7 +342,7 @@ void DettagliAgente::FME_GestAnagrafica2_UpdateBatchAll()
             // The frame's undo asks before dropping edits; those edits went with the requery,
             // so the frame is told it holds none while it lets its row go.
             soci.notifyChange(false);
-            soci.dropPendingRow(true, true, true);
+            soci.dropPendingRow({.raiseEvents = true, .show = true, .ask = true});
             soci.notifyChange(true);
             soci.setFollowRowMoves(true);
             // The frame may still be showing a row that went: it shows what is left.
@@ -358,7 +358,8 @@ void DettagliAgente::GRIDNAV_AGENTISOCI_BeforeButtonClick(controls::NavigatorBut
 {
     if (args.key != New || !sottoLimiteSoci())
         return;
-    m_schermata.FME_GestAnagrafica(FRMMG_AGENTI::Soci)->confirmPendingChanges(true, true, false);
+    m_schermata.FME_GestAnagrafica(FRMMG_AGENTI::Soci)
+        ->confirmPendingChanges({.check = true, .show = true});
     if (sottoLimiteSoci().value_or(true)) {
         setSociAggiungibili(true);
         return;

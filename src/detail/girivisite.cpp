@@ -207,7 +207,6 @@ void GiriVisite::CaricaDettaglioGiro()
     if (righe->recordCount() > 0)
         riscriviAgente(*m_schermata.FME_GestAnagrafica(FRMMG_AGENTI::DettaglioGiri), *righe,
                        u"MG1I_IDAGENTE_MG17", agente);
-    m_schermata.controllo<controls::Grid>(u"GRD_DETTAGLIOGIRI").setDataSource(righe);
 }
 
 void GiriVisite::GRD_GIRI_Click()

@@ -26,7 +26,7 @@ QString agenteNellaDitta(qint32 ditta, const QString& codice)
 bool FRMMG_AGENTI::ConfermaCambioDitta()
 {
     frame::GestAnagrafica* agenti = FME_GestAnagrafica(Agenti);
-    return !agenti || agenti->confirmPendingChanges(true, false, true);
+    return !agenti || agenti->confirmPendingChanges({.check = true, .ask = true});
 }
 
 // A failure (the database out of reach) is the module's error, shown to the person; the

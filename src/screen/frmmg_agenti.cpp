@@ -311,7 +311,7 @@ void FRMMG_AGENTI::Form_Load()
         registraCampi(numero, campi);
         if (!chiave.isEmpty())
             gestione(numero).setKeyField(&controllo<controls::DataControl>(chiave));
-        gestione(numero).setMaster(false);
+        gestione(numero).setWriteMode(frame::GestAnagrafica::WriteMode::Pending);
     };
 
     const Outcome esito = reportModuleError(
@@ -392,7 +392,7 @@ void FRMMG_AGENTI::Form_Load()
                 registraCampi(Agenti, campiAgente + QStringList{QStringLiteral("TXT_ARCHELESOS1")});
             },
             [&] { gestione(Agenti).setKeyField(&controllo<controls::DataControl>(u"TXT_AGENTE")); },
-            [&] { gestione(Agenti).setMaster(true); },
+            [&] { gestione(Agenti).setWriteMode(frame::GestAnagrafica::WriteMode::AtOnce); },
             [&] {
                 gruppoDettaglio(Soci, sql::sociVuoto(), QStringLiteral("GRIDNAV_AGENTISOCI"),
                                 QStringLiteral("GRID_AGENTISOCI"),
@@ -437,7 +437,9 @@ void FRMMG_AGENTI::Form_Load()
                                               QStringLiteral("TXT_NOTE")});
             },
             [&] { gestione(DettaglioGiri).setStatus(frame::FrameStatus::New); },
-            [&] { gestione(DettaglioGiri).setMaster(false); },
+            [&] {
+                gestione(DettaglioGiri).setWriteMode(frame::GestAnagrafica::WriteMode::Pending);
+            },
             [&] { gestione(Agenti).addDetailFrame(&gestione(DettaglioGiri)); },
             [&] {
                 controllo<controls::Field>(u"TXT_RAGSOANAG")
@@ -637,7 +639,7 @@ void FRMMG_AGENTI::Form_QueryUnload(controls::CloseArgs& args)
         [&] { return args.cancel ? Flow::Leave : Flow::Next; },
         [&] { ExecuteFormEvent(EventoChiusura); },
         [&] {
-            if (!gestione(Agenti).confirmPendingChanges(true, false, true))
+            if (!gestione(Agenti).confirmPendingChanges({.check = true, .ask = true}))
                 args.cancel = true;
         },
     });

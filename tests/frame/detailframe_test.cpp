@@ -255,7 +255,7 @@ TEST_P(DetailFrameTest, DeletingAllRowsLeavesThemPendingAndTheFrameReadyForANewO
 {
     showAgentWithPartners(3);
     answer(Yes);
-    ASSERT_TRUE(partners.deleteRows(true, true, true));
+    ASSERT_TRUE(partners.deleteRows({.raiseEvents = true, .show = true, .ask = true}));
     EXPECT_EQ(partnerEvents.take(),
               (QStringList{QStringLiteral("BeforeDelete"), QStringLiteral("AfterDelete(-1)"),
                            QStringLiteral("ChangeStatus(2,6)")}));

@@ -299,31 +299,31 @@ TEST_P(FrameTest, ConfirmingPendingChangesAsksYesNoOrCancelWhenTold)
     const QString perprov = QStringLiteral("SELECT MG17_PERPROV FROM MG17_AGENTI");
 
     qsizetype prompted = promptCount();
-    EXPECT_TRUE(agents.confirmPendingChanges(true, false, true));
+    EXPECT_TRUE(agents.confirmPendingChanges({.check = true, .ask = true}));
     EXPECT_EQ(promptCount(), prompted) << "nothing to confirm, nothing asked";
 
     percentuale->typeText(QStringLiteral("5"));
     answer(Cancel);
-    EXPECT_FALSE(agents.confirmPendingChanges(true, false, true));
+    EXPECT_FALSE(agents.confirmPendingChanges({.check = true, .ask = true}));
     EXPECT_EQ(lastPrompt().style, 35);
     EXPECT_EQ(percentuale->text(), QStringLiteral("5"));
     EXPECT_TRUE(agents.isRecordChanged()) << "Cancel keeps the changes";
 
     answer(No);
-    EXPECT_TRUE(agents.confirmPendingChanges(true, false, true));
+    EXPECT_TRUE(agents.confirmPendingChanges({.check = true, .ask = true}));
     EXPECT_EQ(percentuale->text(), QStringLiteral("0")) << "No drops them";
     EXPECT_EQ(cell(perprov).toInt64(), 0);
 
     percentuale->typeText(QStringLiteral("5"));
     answer(Yes);
-    EXPECT_TRUE(agents.confirmPendingChanges(true, false, true));
+    EXPECT_TRUE(agents.confirmPendingChanges({.check = true, .ask = true}));
     EXPECT_EQ(cell(perprov).toInt64(), 5) << "Yes saves them";
 
     // Without asking the changes are saved, and a row that fails its checks is not safe.
     percentuale->typeText(QStringLiteral("7"));
     ragioneSociale->setRequired(true);
     prompted = promptCount();
-    EXPECT_FALSE(agents.confirmPendingChanges(true, false, false));
+    EXPECT_FALSE(agents.confirmPendingChanges({.check = true}));
     EXPECT_EQ(promptCount(), prompted + 1);
     EXPECT_EQ(lastPrompt().style, 48) << "only the check's message, no question";
     EXPECT_EQ(cell(perprov).toInt64(), 5);
