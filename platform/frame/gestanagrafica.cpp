@@ -765,7 +765,7 @@ bool GestAnagrafica::addNew()
     return addRow(true);
 }
 
-bool GestAnagrafica::undoRecord()
+bool GestAnagrafica::undoWithDetails()
 {
     const QList<GestAnagrafica*> details = detailFrames();
     const bool detailsChanged = std::any_of(details.cbegin(), details.cend(),
@@ -1297,36 +1297,44 @@ void GestAnagrafica::resync()
 
 std::optional<bool> GestAnagrafica::navigatorAction(controls::Navigator&, const QString& key)
 {
+    using controls::FrameCommand;
     using namespace controls::NavigatorKey;
-    if (key == New)
-        return addNew();
-    if (key == Confirm)
-        return save();
-    if (key == Cancel)
-        return undo();
-    if (key == Delete)
-        return deleteRecord();
-    if (key == First)
-        return moveFirst();
-    if (key == Previous)
-        return movePrevious();
-    if (key == Next)
-        return moveNext();
-    if (key == Last)
-        return moveLast();
+    const QList<std::pair<QString, FrameCommand>> commands = {
+        {New, FrameCommand::New},     {Confirm, FrameCommand::Save},
+        {Cancel, FrameCommand::Undo}, {Delete, FrameCommand::Delete},
+        {First, FrameCommand::First}, {Previous, FrameCommand::Previous},
+        {Next, FrameCommand::Next},   {Last, FrameCommand::Last},
+    };
+    for (const auto& [name, command] : commands) {
+        if (key == name)
+            return execute(command);
+    }
     return std::nullopt;
 }
 
-bool GestAnagrafica::moveRecord(Move move)
+bool GestAnagrafica::execute(controls::FrameCommand command)
 {
-    switch (move) {
-    case Move::First:
+    using controls::FrameCommand;
+    switch (command) {
+    case FrameCommand::New:
+        return addNew();
+    case FrameCommand::Save:
+        return save();
+    case FrameCommand::Undo:
+        return undo();
+    case FrameCommand::UndoWithDetails:
+        return undoWithDetails();
+    case FrameCommand::Delete:
+        return deleteRecord();
+    case FrameCommand::Search:
+        return searchCommand();
+    case FrameCommand::First:
         return moveFirst();
-    case Move::Previous:
+    case FrameCommand::Previous:
         return movePrevious();
-    case Move::Next:
+    case FrameCommand::Next:
         return moveNext();
-    case Move::Last:
+    case FrameCommand::Last:
         return moveLast();
     }
     return false;

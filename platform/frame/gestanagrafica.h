@@ -1,11 +1,11 @@
 #pragma once
 
+#include "platform/controls/framecommand.h"
 #include "platform/controls/navigatortarget.h"
 #include "platform/db/recordset.h"
 #include "platform/frame/fieldbindings.h"
 #include "platform/frame/frameeventargs.h"
 #include "platform/frame/framemessages.h"
-#include "platform/services/frameactions.h"
 
 #include <QList>
 #include <QObject>
@@ -100,7 +100,7 @@ namespace tarvello::frame {
 // or carried on (an After event).
 class GestAnagrafica : public QObject,
                        public controls::NavigatorTarget,
-                       public services::FrameActions {
+                       public controls::FrameActions {
     Q_OBJECT
 public:
     using Bookmark = db::Recordset::Bookmark;
@@ -210,23 +210,20 @@ public:
     void endBulkRewrite();
     bool inBulkRewrite() const { return m_bulkDepth > 0; }
 
-    // The host toolbar's actions on the active frame.
+    // The one way in for a navigator's buttons and the host toolbar.
     short frameStatus() const override { return short(status()); }
-    bool newRecord() override { return addNew(); }
-    bool saveRecord() override { return save(); }
-    // Rows entered on the details, maybe on a page out of sight, go with an undo of the
-    // master: the person confirms first (Yes / No, No by default).
-    bool undoRecord() override;
-    bool searchRecord() override { return searchCommand(); }
-    bool moveRecord(Move move) override;
+    bool execute(controls::FrameCommand command) override;
 
     // Record operations; each answers whether it was carried out.
 
     bool addNew();
     bool save();
     bool undo();
+    // Rows entered on the details, maybe on a page out of sight, go with an undo of the
+    // master: the person confirms first (Yes / No, No by default).
+    bool undoWithDetails();
     // Asks the person first.
-    bool deleteRecord() override;
+    bool deleteRecord();
     // Search entry (status 1): the fields empty, the focus on the key field.
     bool enterSearch();
     // Looks up the key written into the key column (fromKeyColumn) or typed into the key field
