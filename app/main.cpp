@@ -1,6 +1,7 @@
 #include "databasesetup.h"
 #include "platform/db/runtimeerror.h"
 #include "platform/gui/dialogprompts.h"
+#include "platform/gui/managementdialogs.h"
 #include "platform/gui/shellapplication.h"
 #include "platform/gui/shellhost.h"
 #include "platform/gui/shellwindow.h"
@@ -105,6 +106,8 @@ int main(int argc, char** argv)
     gui::ShellWindow window(*host, &lookups);
     prompts.setParent(&window);
     application.setPrompts(&prompts);
+    gui::ManagementDialogs managements(host->navigator(), prompts, &window);
+    host->context().managements().setPresenter(&managements);
     const gui::ShellWindow::ModuleEntry agents{QStringLiteral("Anagrafica agenti"),
                                                script::agentsModuleIdentifier()};
     window.addModule(agents);

@@ -18,6 +18,7 @@ class LookupPresenter;
 
 namespace tarvello::gui {
 
+class HostToolbar;
 class ScreenWindow;
 class ShellHost;
 
@@ -53,7 +54,7 @@ public:
     ScreenWindow* openModule(const ModuleEntry& entry);
     // Presses a toolbar button by number, as its button does.
     void pressButton(qint32 button);
-    QAction* toolbarAction(qint32 button) const { return m_buttons.value(button); }
+    QAction* toolbarAction(qint32 button) const;
     QAction* exportAction() const { return m_export; }
     QComboBox& companySwitcher() const { return *m_companies; }
     QMdiArea& screens() const { return *m_screens; }
@@ -75,14 +76,14 @@ private:
     void showStatus();
     void complain(const QString& title, const QString& text);
 
-    ShellHost& m_host;                    // Not owned.
-    controls::LookupPresenter* m_lookups; // Not owned.
-    QMdiArea* m_screens;                  // Owned (central widget).
-    QMenu* m_modulesMenu = nullptr;       // Owned by the menu bar.
-    QComboBox* m_companies = nullptr;     // Owned by the toolbar.
-    QLabel* m_statusText = nullptr;       // Owned by the status bar.
-    QHash<qint32, QAction*> m_buttons;    // Owned by the toolbar.
-    QAction* m_export = nullptr;          // Owned by the toolbar.
+    ShellHost& m_host;                      // Not owned.
+    controls::LookupPresenter* m_lookups;   // Not owned.
+    QMdiArea* m_screens;                    // Owned (central widget).
+    QMenu* m_modulesMenu = nullptr;         // Owned by the menu bar.
+    QComboBox* m_companies = nullptr;       // Owned by the toolbar.
+    QLabel* m_statusText = nullptr;         // Owned by the status bar.
+    std::unique_ptr<HostToolbar> m_toolbar; // Owned; its buttons are the tool bar's.
+    QAction* m_export = nullptr;            // Owned by the toolbar.
     QHash<QString, ScreenLayout> m_layouts;
     QMetaObject::Connection m_frameConnection;
     int m_companyIndex = -1;
