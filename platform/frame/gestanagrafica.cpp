@@ -183,7 +183,48 @@ void GestAnagrafica::setRecordset(db::RecordsetPtr recordset)
         attach();
         placeCursor();
     }
-    Q_EMIT recordsetChanged(m_recordset);
+}
+
+void GestAnagrafica::reopenRows(db::Connection& connection, const QString& sql)
+{
+    const bool wasAttached = m_attached;
+    detach();
+    try {
+        m_recordset->reopen(connection, sql);
+    } catch (const db::RuntimeError&) {
+        // The recordset stays as it was, and so does the frame's hold on it.
+        if (wasAttached)
+            attach();
+        throw;
+    }
+    m_sql = sql;
+    m_shown.reset();
+    m_returnTo.reset();
+    m_snapshot.clear();
+    attach();
+    placeCursor();
+}
+
+db::Connection* GestAnagrafica::rowsConnection() const
+{
+    return m_recordset && m_recordset->activeConnection() ? m_recordset->activeConnection()
+                                                          : m_connection;
+}
+
+void GestAnagrafica::reopen(const QString& sql)
+{
+    if (m_terminated || !m_recordset)
+        return;
+    db::Connection* connection = rowsConnection();
+    m_sql = sql;
+    detach();
+    m_recordset->close();
+    if (!connection)
+        return;
+    reopenRows(*connection, sql);
+    refresh();
+    if (m_grid)
+        m_grid->setDataSource(m_recordset);
 }
 
 void GestAnagrafica::attach()
@@ -212,13 +253,14 @@ void GestAnagrafica::refresh(const QString& sql)
     if (!sql.isEmpty()) {
         m_sql = sql;
         if (!isOpen() || m_recordset->source() != sql) {
-            db::Connection* connection = m_recordset && m_recordset->activeConnection()
-                                             ? m_recordset->activeConnection()
-                                             : m_connection;
+            db::Connection* connection = rowsConnection();
             if (!connection)
                 return;
             try {
-                setRecordset(db::Recordset::open(*connection, sql));
+                if (m_recordset)
+                    reopenRows(*connection, sql);
+                else
+                    setRecordset(db::Recordset::open(*connection, sql));
             } catch (const db::RuntimeError& error) {
                 reportHandlerError(error);
                 return;
@@ -235,7 +277,7 @@ void GestAnagrafica::refresh(const QString& sql)
         showRow(StatusReason::Bound);
     else
         goToRow(currentOrFirst(), StatusReason::Bound);
-    if (!m_master)
+    if (!writesAtOnce())
         m_changed = m_recordset->pendingCount() > (keepNewRow ? 1 : 0);
     announceState();
 }
@@ -309,7 +351,7 @@ bool GestAnagrafica::isRecordChanged()
 {
     if (m_terminated || m_status == FrameStatus::Search)
         return false;
-    RecordChangedArgs args{m_rowEdited || (m_master && m_changed)};
+    RecordChangedArgs args{m_rowEdited || (writesAtOnce() && m_changed)};
     raise("IsRecordChanged", [&] { Q_EMIT IsRecordChanged(args); });
     return args.fbol_isRecordChanged;
 }
@@ -460,7 +502,7 @@ void GestAnagrafica::showRow(int reason, bool raiseEvent)
     m_fields.decode([this](const db::RuntimeError& error) { reportHandlerError(error); });
     takeSnapshot();
     m_rowEdited = false;
-    if (m_master)
+    if (writesAtOnce())
         m_changed = false;
     if (m_shown)
         m_lastCompany = companyConditions(*m_recordset);
@@ -499,7 +541,7 @@ void GestAnagrafica::takeSnapshot()
     if (!m_shown || !placeCursor())
         return;
     // A master's undo goes back to the database's values, a detail's to its last confirmed ones.
-    const bool fromDatabase = m_master && !entering();
+    const bool fromDatabase = writesAtOnce() && !entering();
     for (int i = 0; i < m_recordset->fieldCount(); ++i) {
         m_snapshot << (fromDatabase ? m_recordset->originalValue(m_recordset->field(i).name)
                                     : m_recordset->value(i));
@@ -621,7 +663,7 @@ bool GestAnagrafica::writeRow(bool check, bool show)
     }
     try {
         const Quiet quiet(*this);
-        if (m_master)
+        if (writesAtOnce())
             m_recordset->updateCurrent();
         else
             m_recordset->update();
@@ -633,7 +675,7 @@ bool GestAnagrafica::writeRow(bool check, bool show)
     }
     m_status = FrameStatus::Browse;
     m_rowEdited = false;
-    m_changed = !m_master && (m_changed || m_recordset->pendingCount() > 0);
+    m_changed = !writesAtOnce() && (m_changed || m_recordset->pendingCount() > 0);
     takeSnapshot();
     const quint64 generation = m_generation;
     if (check)
@@ -667,20 +709,20 @@ void GestAnagrafica::reportSaveFailure(const db::RuntimeError& error)
     m_messages.saveFailed(error.description());
 }
 
-bool GestAnagrafica::confirmPendingChanges(bool check, bool show, bool ask)
+bool GestAnagrafica::confirmPendingChanges(SettleOptions options)
 {
     if (!isOpen() || m_terminated || m_status == FrameStatus::Search || !isRecordChanged())
         return true;
-    if (ask) {
+    if (options.ask) {
         const int answer = m_messages.askSaveChanges();
         if (answer == FrameMessages::No) {
-            dropPendingRow(check, show, false);
+            dropPendingRow({.raiseEvents = options.check, .show = options.show});
             return true;
         }
         if (answer != FrameMessages::Yes)
             return false;
     }
-    return writeRow(check, show);
+    return writeRow(options.check, options.show);
 }
 
 bool GestAnagrafica::confirmLettingRowsGo()
@@ -713,7 +755,8 @@ bool GestAnagrafica::addNew()
         return addRow(true);
     if (entering() && !m_rowEdited)
         return true;
-    if (m_status != FrameStatus::Search && !confirmPendingChanges(true, false, m_master))
+    if (m_status != FrameStatus::Search &&
+        !confirmPendingChanges({.check = true, .ask = writesAtOnce()}))
         return false;
     if (entering())
         dropNewRow();
@@ -722,7 +765,7 @@ bool GestAnagrafica::addNew()
     return addRow(true);
 }
 
-bool GestAnagrafica::undoRecord()
+bool GestAnagrafica::undoWithDetails()
 {
     const QList<GestAnagrafica*> details = detailFrames();
     const bool detailsChanged = std::any_of(details.cbegin(), details.cend(),
@@ -734,32 +777,32 @@ bool GestAnagrafica::undoRecord()
 
 bool GestAnagrafica::undo()
 {
-    return dropPendingRow(true, true, false);
+    return dropPendingRow({.raiseEvents = true, .show = true});
 }
 
-bool GestAnagrafica::dropPendingRow(bool raiseEvents, bool show, bool ask)
+bool GestAnagrafica::dropPendingRow(DropOptions options)
 {
     if (!isOpen() || m_terminated)
         return false;
     if (m_status == FrameStatus::Search) {
         const auto back = visible(m_returnTo);
-        goToRow(back ? back : currentOrFirst(), StatusReason::Moved, show);
+        goToRow(back ? back : currentOrFirst(), StatusReason::Moved, options.show);
     } else {
-        if (ask && m_rowEdited && !m_messages.confirmDropChanges())
+        if (options.ask && m_rowEdited && !m_messages.confirmDropChanges())
             return false;
-        if (entering() && m_master) {
+        if (entering() && writesAtOnce()) {
             dropNewRow();
             const auto back = visible(m_returnTo);
             discardDetailChanges();
-            goToRow(back ? back : currentOrFirst(), StatusReason::Moved, show);
+            goToRow(back ? back : currentOrFirst(), StatusReason::Moved, options.show);
         } else {
             restoreSnapshot();
-            if (m_master)
+            if (writesAtOnce())
                 discardDetailChanges();
-            showRow(StatusReason::Restored, show);
+            showRow(StatusReason::Restored, options.show);
         }
     }
-    if (raiseEvents)
+    if (options.raiseEvents)
         raise("AfterUndo", [&] { Q_EMIT AfterUndo(OperationSucceeded); });
     return true;
 }
@@ -808,21 +851,21 @@ bool GestAnagrafica::deleteRecord()
     return true;
 }
 
-bool GestAnagrafica::deleteRows(bool raiseEvents, bool show, bool ask)
+bool GestAnagrafica::deleteRows(DropOptions options)
 {
     if (!isOpen() || m_terminated || m_locked)
         return false;
     if (entering())
         dropNewRow();
     if (m_recordset->recordCount() == 0) {
-        goToRow(std::nullopt, StatusReason::Deleted, show);
+        goToRow(std::nullopt, StatusReason::Deleted, options.show);
         return true;
     }
-    if (ask && !m_messages.confirmDeleteAll())
+    if (options.ask && !m_messages.confirmDeleteAll())
         return false;
-    if (!deleteWithEvents(DeleteScope::AllRows, raiseEvents))
+    if (!deleteWithEvents(DeleteScope::AllRows, options.raiseEvents))
         return false;
-    finishDelete(std::nullopt, raiseEvents, show);
+    finishDelete(std::nullopt, options.raiseEvents, options.show);
     return true;
 }
 
@@ -832,7 +875,7 @@ bool GestAnagrafica::deleteWithEvents(DeleteScope scope, bool raiseEvents)
     // A master's delete is one transaction on its connection, BeforeDelete's own writes
     // (which nest inside it) included: a row and what hangs off it go together or not at all.
     std::optional<db::TransactionGuard> transaction;
-    if (m_master && m_connection) {
+    if (writesAtOnce() && m_connection) {
         try {
             transaction.emplace(*m_connection);
             if (shownDetailsChanged()) {
@@ -887,7 +930,7 @@ bool GestAnagrafica::deleteAndWrite(const std::function<void()>& deleteRows,
         const Quiet quiet(*this);
         try {
             deleteRows();
-            if (m_master)
+            if (writesAtOnce())
                 m_recordset->updateBatch();
             if (transaction)
                 transaction->commit();
@@ -896,7 +939,7 @@ bool GestAnagrafica::deleteAndWrite(const std::function<void()>& deleteRows,
             // Rolled back before anything is shown again: what is shown is what the database
             // has.
             transaction.reset();
-            if (m_master)
+            if (writesAtOnce())
                 m_recordset->cancelBatch();
         }
     }
@@ -908,7 +951,7 @@ bool GestAnagrafica::deleteAndWrite(const std::function<void()>& deleteRows,
             raise("AfterDelete", [&] { Q_EMIT AfterDelete(OperationFailed); });
         return false;
     }
-    if (!m_master)
+    if (!writesAtOnce())
         m_changed = true;
     m_rowEdited = false;
     return true;
@@ -967,7 +1010,7 @@ bool GestAnagrafica::enterSearch()
         return false;
     if (m_status == FrameStatus::Search)
         return true;
-    if (!confirmPendingChanges(true, false, true))
+    if (!confirmPendingChanges({.check = true, .ask = true}))
         return false;
     leaveShownRow();
     m_shown.reset();
@@ -1023,7 +1066,7 @@ bool GestAnagrafica::search(bool fromKeyColumn, bool quiet)
     std::optional<Bookmark> found = findInRecordset(column, wanted);
     if (found)
         leaveShownRow();
-    else if (m_master)
+    else if (writesAtOnce())
         found = bringFromDatabase(column, wanted);
     if (!found) {
         if (writtenIntoExisting && placeCursor())
@@ -1071,7 +1114,7 @@ std::optional<GestAnagrafica::Bookmark> GestAnagrafica::bringFromDatabase(const 
         if (const auto found = findInRecordset(column, key))
             return found;
         // The recordset's own query leaves the row out (it was narrowed to another key).
-        setRecordset(db::Recordset::open(*connection, statement));
+        reopenRows(*connection, statement);
         return currentOrFirst();
     } catch (const db::RuntimeError& error) {
         reportHandlerError(error);
@@ -1079,51 +1122,45 @@ std::optional<GestAnagrafica::Bookmark> GestAnagrafica::bringFromDatabase(const 
     }
 }
 
-bool GestAnagrafica::moveFirst(bool confirmFirst, bool show)
+bool GestAnagrafica::moveFirst()
 {
-    return moveBy([](db::Recordset& rows) { rows.moveFirst(); }, confirmFirst, show);
+    return moveBy([](db::Recordset& rows) { rows.moveFirst(); });
 }
 
-bool GestAnagrafica::moveLast(bool confirmFirst, bool show)
+bool GestAnagrafica::moveLast()
 {
-    return moveBy([](db::Recordset& rows) { rows.moveLast(); }, confirmFirst, show);
+    return moveBy([](db::Recordset& rows) { rows.moveLast(); });
 }
 
-bool GestAnagrafica::movePrevious(bool confirmFirst, bool show)
+bool GestAnagrafica::movePrevious()
 {
-    return moveBy(
-        [](db::Recordset& rows) {
-            if (!rows.bof())
-                rows.movePrevious();
-        },
-        confirmFirst, show);
+    return moveBy([](db::Recordset& rows) {
+        if (!rows.bof())
+            rows.movePrevious();
+    });
 }
 
-bool GestAnagrafica::moveNext(bool confirmFirst, bool show)
+bool GestAnagrafica::moveNext()
 {
-    return moveBy(
-        [](db::Recordset& rows) {
-            if (!rows.eof())
-                rows.moveNext();
-        },
-        confirmFirst, show);
+    return moveBy([](db::Recordset& rows) {
+        if (!rows.eof())
+            rows.moveNext();
+    });
 }
 
-bool GestAnagrafica::moveToBookmark(Bookmark bookmark, bool confirmFirst, bool show)
+bool GestAnagrafica::moveToBookmark(Bookmark bookmark)
 {
     if (!isOpen() || !m_recordset->hasBookmark(bookmark))
         return false;
     // The row on view asked for by its bookmark is shown again, with what hangs off it.
-    return moveBy([bookmark](db::Recordset& rows) { rows.setBookmark(bookmark); }, confirmFirst,
-                  show, true);
+    return moveBy([bookmark](db::Recordset& rows) { rows.setBookmark(bookmark); }, true);
 }
 
-bool GestAnagrafica::moveBy(const std::function<void(db::Recordset&)>& move, bool confirmFirst,
-                            bool show, bool showAgain)
+bool GestAnagrafica::moveBy(const std::function<void(db::Recordset&)>& move, bool showAgain)
 {
     if (!isOpen() || !m_attached || m_terminated)
         return false;
-    if (confirmFirst && !confirmPendingChanges(true, false, m_master))
+    if (!confirmPendingChanges({.check = true, .ask = writesAtOnce()}))
         return false;
     const auto before = m_shown;
     if (entering())
@@ -1144,7 +1181,7 @@ bool GestAnagrafica::moveBy(const std::function<void(db::Recordset&)>& move, boo
     const auto reached = cursorBookmark();
     if (reached && reached == before && !showAgain)
         return false;
-    goToRow(reached, StatusReason::Moved, show);
+    goToRow(reached, StatusReason::Moved);
     return reached.has_value();
 }
 
@@ -1159,7 +1196,7 @@ void GestAnagrafica::onEdited(DataControl* control)
         return;
     m_rowEdited = true;
     // A control bound to no column changes nothing the database would see.
-    if (m_master && !column.isEmpty())
+    if (writesAtOnce() && !column.isEmpty())
         m_changed = true;
     const ColumnValue converted = m_fields.columnValue(control);
     if (!column.isEmpty() && m_recordset->hasField(column) && converted.accepted() &&
@@ -1231,7 +1268,7 @@ bool GestAnagrafica::leaveFor(Bookmark target)
         dropNewRow();
     } else if (m_rowEdited) {
         placeCursor();
-        if (!confirmPendingChanges(true, false, m_master))
+        if (!confirmPendingChanges({.check = true, .ask = writesAtOnce()}))
             return false;
     }
     if (visible(target)) {
@@ -1260,36 +1297,44 @@ void GestAnagrafica::resync()
 
 std::optional<bool> GestAnagrafica::navigatorAction(controls::Navigator&, const QString& key)
 {
+    using controls::FrameCommand;
     using namespace controls::NavigatorKey;
-    if (key == New)
-        return addNew();
-    if (key == Confirm)
-        return save();
-    if (key == Cancel)
-        return undo();
-    if (key == Delete)
-        return deleteRecord();
-    if (key == First)
-        return moveFirst();
-    if (key == Previous)
-        return movePrevious();
-    if (key == Next)
-        return moveNext();
-    if (key == Last)
-        return moveLast();
+    const QList<std::pair<QString, FrameCommand>> commands = {
+        {New, FrameCommand::New},     {Confirm, FrameCommand::Save},
+        {Cancel, FrameCommand::Undo}, {Delete, FrameCommand::Delete},
+        {First, FrameCommand::First}, {Previous, FrameCommand::Previous},
+        {Next, FrameCommand::Next},   {Last, FrameCommand::Last},
+    };
+    for (const auto& [name, command] : commands) {
+        if (key == name)
+            return execute(command);
+    }
     return std::nullopt;
 }
 
-bool GestAnagrafica::moveRecord(Move move)
+bool GestAnagrafica::execute(controls::FrameCommand command)
 {
-    switch (move) {
-    case Move::First:
+    using controls::FrameCommand;
+    switch (command) {
+    case FrameCommand::New:
+        return addNew();
+    case FrameCommand::Save:
+        return save();
+    case FrameCommand::Undo:
+        return undo();
+    case FrameCommand::UndoWithDetails:
+        return undoWithDetails();
+    case FrameCommand::Delete:
+        return deleteRecord();
+    case FrameCommand::Search:
+        return searchCommand();
+    case FrameCommand::First:
         return moveFirst();
-    case Move::Previous:
+    case FrameCommand::Previous:
         return movePrevious();
-    case Move::Next:
+    case FrameCommand::Next:
         return moveNext();
-    case Move::Last:
+    case FrameCommand::Last:
         return moveLast();
     }
     return false;

@@ -1,11 +1,11 @@
 #pragma once
 
+#include "platform/controls/framecommand.h"
 #include "platform/controls/navigatortarget.h"
 #include "platform/db/recordset.h"
 #include "platform/frame/fieldbindings.h"
 #include "platform/frame/frameeventargs.h"
 #include "platform/frame/framemessages.h"
-#include "platform/services/frameactions.h"
 
 #include <QList>
 #include <QObject>
@@ -100,10 +100,33 @@ namespace tarvello::frame {
 // or carried on (an After event).
 class GestAnagrafica : public QObject,
                        public controls::NavigatorTarget,
-                       public services::FrameActions {
+                       public controls::FrameActions {
     Q_OBJECT
 public:
     using Bookmark = db::Recordset::Bookmark;
+
+    // When the row's changes reach the database: at once on save (the header of a screen), or
+    // kept pending until the caller's batch save (its detail grids).
+    enum class WriteMode { AtOnce, Pending };
+
+    // How confirmPendingChanges settles the unconfirmed changes.
+    struct SettleOptions {
+        // The fields are checked and BeforeUpdate raised (otherwise the row is taken as it is).
+        bool check = false;
+        // The row is shown again afterwards.
+        bool show = false;
+        // The person chooses Yes (save), No (drop) or Cancel; otherwise the changes are saved.
+        bool ask = false;
+    };
+
+    // How dropPendingRow and deleteRows go about it.
+    struct DropOptions {
+        // AfterUndo, or BeforeDelete and AfterDelete, are raised.
+        bool raiseEvents = false;
+        bool show = false;
+        // The person confirms first (Yes / No).
+        bool ask = false;
+    };
 
     // Opens and closes a bulk-rewrite bracket for the life of the object.
     class BulkRewrite {
@@ -138,8 +161,8 @@ public:
     // The control whose column a search by key looks at (registered here when it is not yet).
     void setKeyField(controls::DataControl* control);
     controls::DataControl* keyField() const;
-    bool isMaster() const { return m_master; }
-    void setMaster(bool master) { m_master = master; }
+    WriteMode writeMode() const { return m_writeMode; }
+    void setWriteMode(WriteMode mode) { m_writeMode = mode; }
     void addDetailFrame(GestAnagrafica* detail);
     QList<GestAnagrafica*> detailFrames() const;
     // What the frame manages, as its questions name it ("la gestione anagrafica agenti").
@@ -149,7 +172,13 @@ public:
     QString sql() const { return m_sql; }
     void setSql(const QString& sql) { m_sql = sql; }
 
+    // The frame's rows: one recordset object for the frame's life, reopened in place on each
+    // new query, so whoever holds it (a grid, the screen's code) always sees the frame's rows.
     db::RecordsetPtr recordset() const { return m_recordset; }
+    // Closes the frame's recordset and opens it again, in place, on another query, which
+    // becomes the frame's; then shows its rows, in the grid as well. A query the database
+    // refuses is passed on, the recordset left closed.
+    void reopen(const QString& sql);
     // Gives the frame a recordset (nullptr lets go of it) without showing anything: a refresh
     // follows. Given back the recordset it had, the frame's row is made current again.
     void setRecordset(db::RecordsetPtr recordset);
@@ -181,23 +210,20 @@ public:
     void endBulkRewrite();
     bool inBulkRewrite() const { return m_bulkDepth > 0; }
 
-    // The host toolbar's actions on the active frame.
+    // The one way in for a navigator's buttons and the host toolbar.
     short frameStatus() const override { return short(status()); }
-    bool newRecord() override { return addNew(); }
-    bool saveRecord() override { return save(); }
-    // Rows entered on the details, maybe on a page out of sight, go with an undo of the
-    // master: the person confirms first (Yes / No, No by default).
-    bool undoRecord() override;
-    bool searchRecord() override { return searchCommand(); }
-    bool moveRecord(Move move) override;
+    bool execute(controls::FrameCommand command) override;
 
     // Record operations; each answers whether it was carried out.
 
     bool addNew();
     bool save();
     bool undo();
+    // Rows entered on the details, maybe on a page out of sight, go with an undo of the
+    // master: the person confirms first (Yes / No, No by default).
+    bool undoWithDetails();
     // Asks the person first.
-    bool deleteRecord() override;
+    bool deleteRecord();
     // Search entry (status 1): the fields empty, the focus on the key field.
     bool enterSearch();
     // Looks up the key written into the key column (fromKeyColumn) or typed into the key field
@@ -207,15 +233,13 @@ public:
     // among its own rows only: a key typed into a new detail row that another row already
     // has brings that row up (the key check of a new row). A master frame then looks in its
     // table; a row found there is brought into the recordset, by a requery or, when the
-    // recordset's query cannot return it, by a new recordset on that row (recordsetChanged).
+    // recordset's query cannot return it, by reopening the recordset on that row.
     bool search(bool fromKeyColumn = true, bool quiet = true);
     // The host toolbar's search: enters search entry, or in search entry looks the key up.
     bool searchCommand();
-    // Settles the unconfirmed changes; true when it is safe to go on. check: the fields are
-    // checked and BeforeUpdate raised (false: the row is taken as it is). show: the row is
-    // shown again afterwards. ask: the person chooses Yes (save; safe when that succeeds),
-    // No (drop; safe) or Cancel (not safe); without asking the changes are saved.
-    bool confirmPendingChanges(bool check, bool show, bool ask);
+    // Settles the unconfirmed changes; true when it is safe to go on: saved, or dropped at the
+    // person's No (Cancel, or a save that fails, is not safe).
+    bool confirmPendingChanges(SettleOptions options);
     // Before code lets go of the rows the frame holds (reopening its recordset on other
     // rows): when they hold changes of the person that the database has not seen, asks
     // Yes / No / Cancel as the save question does. Yes saves the master frame this one is a
@@ -223,32 +247,33 @@ public:
     // answers true, the changes going with the rows; Cancel answers false, and the caller
     // stays where it was.
     bool confirmLettingRowsGo();
-    // Undo with switches: raiseEvents (AfterUndo), show, ask (Yes / No before dropping).
-    bool dropPendingRow(bool raiseEvents, bool show, bool ask);
-    // Deletes every row the frame shows: raiseEvents (BeforeDelete, AfterDelete once), show,
-    // ask (Yes / No first). A master writes the deletions at once.
-    bool deleteRows(bool raiseEvents, bool show, bool ask);
+    // Undo, with the options given.
+    bool dropPendingRow(DropOptions options);
+    // Deletes every row the frame shows (AfterDelete raised once). A frame that writes at
+    // once writes the deletions at once.
+    bool deleteRows(DropOptions options);
     // The batch save: raises UpdateBatchAll, whose handler writes the pending rows. Rows the
     // handler left pending without trying to write them (a partner deleted while the frame
     // shows nothing) are written by the frame; a failure is told, and so is a row being
     // entered that kept them from being written.
     void updateBatch();
 
-    // Moves. confirmFirst settles unconfirmed changes of the row left (a master asks); show
-    // raises ChangeStatus for the row reached. False when the move could not be made.
-    bool moveFirst(bool confirmFirst = true, bool show = true);
-    bool moveLast(bool confirmFirst = true, bool show = true);
-    bool movePrevious(bool confirmFirst = true, bool show = true);
-    bool moveNext(bool confirmFirst = true, bool show = true);
+    // Moves. Unconfirmed changes of the row left are settled first (a frame that writes at
+    // once asks), and ChangeStatus is raised for the row reached. False when the move could
+    // not be made.
+    bool moveFirst();
+    bool moveLast();
+    bool movePrevious();
+    bool moveNext();
     // The bookmark of the row shown shows that row again.
-    bool moveToBookmark(Bookmark bookmark, bool confirmFirst = true, bool show = true);
+    bool moveToBookmark(Bookmark bookmark);
 
     // Stops following the recordset (before it is closed, requeried or walked by code).
     void detach();
     bool isAttached() const { return m_attached; }
-    // Binds the frame again and shows its row. A text other than the recordset's query opens
-    // a new recordset on it (recordsetChanged); an empty text keeps the recordset, which may
-    // have been requeried or replaced with setRecordset meanwhile.
+    // Binds the frame again and shows its row. A text other than the recordset's query
+    // reopens the recordset on it; an empty text keeps the recordset, which may have been
+    // requeried or given back with setRecordset meanwhile.
     void refresh(const QString& sql = {});
     // Lets go of the recordset, the controls, the navigator and the detail frames.
     void terminate();
@@ -267,8 +292,6 @@ Q_SIGNALS:
     void IsRecordChanged(tarvello::frame::RecordChangedArgs& args);
     void UpdateBatchAll();
 
-    // For the host's toolbar and views: the frame opened or was given another recordset.
-    void recordsetChanged(tarvello::db::RecordsetPtr recordset);
     // The status or the change state changed.
     void stateChanged(int status, bool changed);
 
@@ -276,6 +299,7 @@ private:
     class Quiet;
 
     bool isOpen() const;
+    bool writesAtOnce() const { return m_writeMode == WriteMode::AtOnce; }
     // A new row has been added and is being entered.
     bool entering() const;
     // What the database says of the base column behind a column of the recordset.
@@ -291,6 +315,9 @@ private:
     std::optional<Bookmark> currentOrFirst();
 
     void attach();
+    // The recordset opened again on the query, in place, and followed from its first row.
+    void reopenRows(db::Connection& connection, const QString& sql);
+    db::Connection* rowsConnection() const;
     void goToRow(std::optional<Bookmark> row, int reason, bool raiseEvent = true);
     void showRow(int reason, bool raiseEvent = true);
     // Reads the row shown, or the defaults of a new row not added yet.
@@ -322,8 +349,7 @@ private:
     void reportSaveFailure(const db::RuntimeError& error);
     void finishDelete(std::optional<Bookmark> next, bool raiseEvents, bool show);
     // Landing on the row shown is no move unless showAgain: then the row is shown again.
-    bool moveBy(const std::function<void(db::Recordset&)>& move, bool confirmFirst, bool show,
-                bool showAgain = false);
+    bool moveBy(const std::function<void(db::Recordset&)>& move, bool showAgain = false);
     std::optional<Bookmark> findInRecordset(const QString& column, const db::Value& key);
     std::optional<Bookmark> bringFromDatabase(const QString& column, const db::Value& key);
 
@@ -366,7 +392,7 @@ private:
     db::ValueList m_snapshot;
     bool m_changed = false;
     bool m_rowEdited = false;
-    bool m_master = false;
+    WriteMode m_writeMode = WriteMode::Pending;
     bool m_locked = false;
     bool m_followMoves = true;
     bool m_attached = false;

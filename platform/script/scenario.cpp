@@ -10,7 +10,6 @@
 #include "platform/script/scenariowindow.h"
 #include "platform/script/scripterror.h"
 #include "platform/script/scriptrunner.h"
-#include "platform/services/frameactions.h"
 #include "platform/services/hostcontext.h"
 #include "platform/services/hostnavigator.h"
 #include "platform/services/management/tablemanagement.h"

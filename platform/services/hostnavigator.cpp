@@ -5,6 +5,8 @@
 #include "platform/services/hostcontext.h"
 #include "src/host/cinterface.h"
 
+#include <algorithm>
+
 namespace tarvello::services {
 
 HostNavigator::HostNavigator(HostContext& context)
@@ -17,10 +19,10 @@ void HostNavigator::registerModule(host::Cinterface* module)
         m_modules.append(module);
 }
 
-FrameActions* HostNavigator::activeFrame() const
+controls::FrameActions* HostNavigator::activeFrame() const
 {
     const host::Cinterface* module = m_context.activeModule();
-    return module ? dynamic_cast<FrameActions*>(module->ActiveFrame()) : nullptr;
+    return module ? dynamic_cast<controls::FrameActions*>(module->ActiveFrame()) : nullptr;
 }
 
 template <class... Params, class... Args>
@@ -43,7 +45,7 @@ bool HostNavigator::raiseToModules(const char* event,
 
 void HostNavigator::update()
 {
-    if (const FrameActions* frame = activeFrame())
+    if (const controls::FrameActions* frame = activeFrame())
         setFrameStatus(frame->frameStatus());
     refresh();
 }
@@ -90,41 +92,24 @@ HostNavigator::Press HostNavigator::press(qint32 button)
 
 void HostNavigator::act(qint32 button)
 {
-    FrameActions* frame = activeFrame();
-    if (!frame)
+    using controls::FrameCommand;
+    const QList<std::pair<qint32, FrameCommand>> commands = {
+        {New, FrameCommand::New},
+        {Save, FrameCommand::Save},
+        {Undo, FrameCommand::UndoWithDetails},
+        {Delete, FrameCommand::Delete},
+        {Search, FrameCommand::Search},
+        {First, FrameCommand::First},
+        {Previous, FrameCommand::Previous},
+        {Next, FrameCommand::Next},
+        {Last, FrameCommand::Last},
+    };
+    controls::FrameActions* frame = activeFrame();
+    const auto found = std::find_if(commands.cbegin(), commands.cend(),
+                                    [button](const auto& entry) { return entry.first == button; });
+    if (!frame || found == commands.cend())
         return;
-    using Move = FrameActions::Move;
-    switch (button) {
-    case New:
-        frame->newRecord();
-        break;
-    case Save:
-        frame->saveRecord();
-        break;
-    case Undo:
-        frame->undoRecord();
-        break;
-    case Delete:
-        frame->deleteRecord();
-        break;
-    case Search:
-        frame->searchRecord();
-        break;
-    case First:
-        frame->moveRecord(Move::First);
-        break;
-    case Previous:
-        frame->moveRecord(Move::Previous);
-        break;
-    case Next:
-        frame->moveRecord(Move::Next);
-        break;
-    case Last:
-        frame->moveRecord(Move::Last);
-        break;
-    default:
-        return;
-    }
+    frame->execute(found->second);
     update();
 }
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/services/frameactions.h"
+#include "platform/controls/framecommand.h"
 #include "platform/services/objectmodels.h"
 #include "src/host/globalcontext.h"
 #include "src/host/navigator.h"
@@ -73,7 +73,7 @@ public:
     const ScriptLog& scriptLog() const { return m_scriptLog; }
 
 private:
-    FrameActions* activeFrame() const;
+    controls::FrameActions* activeFrame() const;
     // Raises an event to every module. A run-time error that one module's handler lets escape
     // is reported as that module's (through its screen) and the others still hear the event;
     // true when the person chose to abandon what the event was for.

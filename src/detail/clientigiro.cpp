@@ -168,7 +168,7 @@ void ClientiGiro::InserisciClientiNelGiro()
     leaveSilently({
         [&] {
             if (dettaglio.status() == frame::FrameStatus::New)
-                dettaglio.confirmPendingChanges(true, true, false);
+                dettaglio.confirmPendingChanges({.check = true, .show = true});
         },
         [&] {
             const frame::GestAnagrafica::BulkRewrite blocco(dettaglio);
@@ -208,7 +208,7 @@ void ClientiGiro::InserisciClientiNelGiro()
         },
         [&] {
             if (dettaglio.status() == frame::FrameStatus::New)
-                dettaglio.confirmPendingChanges(true, true, false);
+                dettaglio.confirmPendingChanges({.check = true, .show = true});
         },
     });
 }

@@ -99,7 +99,7 @@ bool ControlloRigaGiro::ClienteGiaPresente(qint64 cliente, const QString& /*giro
     ignoreEachStep({
         [&] {
             const db::ResultSet righe = m_schermata.connessione().query(
-                clienteNeiGiriDellAgente(m_schermata.globale().company().code, cliente,
+                clienteNeiGiriDellAgente(m_schermata.Codice_Ditta(), cliente,
                                          idAgenteCorrente(m_schermata), destinazione(dest)));
             presente = !righe.rows.isEmpty();
         },

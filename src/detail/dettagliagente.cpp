@@ -148,20 +148,16 @@ void DettagliAgente::ShowChild()
 {
     const qint32 ditta = m_schermata.Codice_Ditta();
     const qint64 agente = idAgenteCorrente(m_schermata);
-    for (const Dettaglio& d : dettagli()) {
-        const QString sql = d.perAgente(ditta, agente);
-        riapriDettaglio(m_schermata, d.gestione, sql, sql);
-    }
+    for (const Dettaglio& d : dettagli())
+        m_schermata.gestione(d.gestione).reopen(d.perAgente(ditta, agente));
     m_giri->ImpostaElencoGiri();
     m_giri->Refresh_VF_MG1H(false);
 }
 
 void DettagliAgente::ClearChild()
 {
-    for (const Dettaglio& d : dettagli()) {
-        const QString sql = d.vuoto();
-        riapriDettaglio(m_schermata, d.gestione, sql, sql);
-    }
+    for (const Dettaglio& d : dettagli())
+        m_schermata.gestione(d.gestione).reopen(d.vuoto());
     m_giri->mostraGiro(QString());
     m_giri->Refresh_VF_MG1H(false);
     m_giri->TeminateElencoGiri();
@@ -177,7 +173,6 @@ void DettagliAgente::RefreshChild()
     const auto rechiave = [&](int numero, const QString& sql) {
         frame::GestAnagrafica& gestione = *m_schermata.FME_GestAnagrafica(numero);
         const db::RecordsetPtr righe = m_schermata.Grst_GestAnagrafica(numero);
-        m_schermata.setGstr_GestAnagrafica(numero, sql);
         gestione.setSql(sql);
         if (righe->recordCount() > 0)
             riscriviAgente(gestione, *righe, dettaglio(numero).colonna("_IDAGENTE_MG17"), agente);
@@ -345,7 +340,7 @@ void DettagliAgente::FME_GestAnagrafica2_UpdateBatchAll()
             // The frame's undo asks before dropping edits; those edits went with the requery,
             // so the frame is told it holds none while it lets its row go.
             soci.notifyChange(false);
-            soci.dropPendingRow(true, true, true);
+            soci.dropPendingRow({.raiseEvents = true, .show = true, .ask = true});
             soci.notifyChange(true);
             soci.setFollowRowMoves(true);
             // The frame may still be showing a row that went: it shows what is left.
@@ -361,7 +356,8 @@ void DettagliAgente::GRIDNAV_AGENTISOCI_BeforeButtonClick(controls::NavigatorBut
 {
     if (args.key != New || !sottoLimiteSoci())
         return;
-    m_schermata.FME_GestAnagrafica(FRMMG_AGENTI::Soci)->confirmPendingChanges(true, true, false);
+    m_schermata.FME_GestAnagrafica(FRMMG_AGENTI::Soci)
+        ->confirmPendingChanges({.check = true, .show = true});
     if (sottoLimiteSoci().value_or(true)) {
         setSociAggiungibili(true);
         return;

@@ -201,13 +201,12 @@ void GiriVisite::CaricaDettaglioGiro()
     const QString giro =
         RTrimN(m_schermata.controllo<controls::Field>(u"TXT_GIRO").text()).toString();
     const qint64 agente = idAgenteCorrente(m_schermata);
-    riapriDettaglio(m_schermata, FRMMG_AGENTI::DettaglioGiri,
-                    sql::dettaglioGiriDelGiro(m_schermata.Codice_Ditta(), agente, giro), {});
+    m_schermata.gestione(FRMMG_AGENTI::DettaglioGiri)
+        .reopen(sql::dettaglioGiriDelGiro(m_schermata.Codice_Ditta(), agente, giro));
     const db::RecordsetPtr righe = m_schermata.Grst_GestAnagrafica(FRMMG_AGENTI::DettaglioGiri);
     if (righe->recordCount() > 0)
         riscriviAgente(*m_schermata.FME_GestAnagrafica(FRMMG_AGENTI::DettaglioGiri), *righe,
                        u"MG1I_IDAGENTE_MG17", agente);
-    m_schermata.controllo<controls::Grid>(u"GRD_DETTAGLIOGIRI").setDataSource(righe);
 }
 
 void GiriVisite::GRD_GIRI_Click()

@@ -29,26 +29,6 @@ qint64 idAgenteCorrente(const FRMMG_AGENTI& schermata)
     return NvlN(MG17_IDAGENTE(schermata), 0).toInt64();
 }
 
-void riapriDettaglio(FRMMG_AGENTI& schermata, int gestione, const QString& sql,
-                     const QString& testoRefresh)
-{
-    frame::GestAnagrafica* dettaglio = schermata.FME_GestAnagrafica(gestione);
-    const db::RecordsetPtr righe = schermata.Grst_GestAnagrafica(gestione);
-    if (!dettaglio || !righe)
-        oggettoMancante(QStringLiteral("FME_GestAnagrafica%1").arg(gestione));
-    schermata.setGstr_GestAnagrafica(gestione, sql);
-    dettaglio->detach();
-    righe->close();
-    righe->reopen(schermata.connessione(), sql);
-    // Refreshed without a text the frame would keep the query it had; its rows come from
-    // this one now.
-    dettaglio->setSql(sql);
-    dettaglio->refresh(testoRefresh);
-    // The frame keeps its grid only by name: the grid is shown the rows here.
-    if (controls::Grid* griglia = dettaglio->grid())
-        griglia->setDataSource(righe);
-}
-
 void riscriviAgente(frame::GestAnagrafica& gestione, db::Recordset& righe, QStringView colonna,
                     qint64 agente)
 {

@@ -18,12 +18,6 @@ db::Value MG17_IDAGENTE(const FRMMG_AGENTI& schermata);
 // The same id as a number; 0 while the agent has none.
 qint64 idAgenteCorrente(const FRMMG_AGENTI& schermata);
 
-// Points a detail at another query: the query text is kept, the frame is detached while its
-// recordset is closed and opened again on the query (the same object, so whoever holds it
-// follows), then refreshed with testoRefresh; the frame's grid shows the rows.
-void riapriDettaglio(FRMMG_AGENTI& schermata, int gestione, const QString& sql,
-                     const QString& testoRefresh);
-
 // Writes the agent id into a column of every row the recordset holds, inside the frame's
 // bulk-rewrite bracket so that the frame does not follow the walk. The changes stay pending.
 void riscriviAgente(frame::GestAnagrafica& gestione, db::Recordset& righe, QStringView colonna,

@@ -107,7 +107,7 @@ void OrdineGiro::sposta(Verso verso)
             const bool nuova = dettaglio->status() == frame::FrameStatus::New;
             if (!nuova && !dettaglio->secondChangeFlag())
                 return Flow::Next;
-            if (!dettaglio->confirmPendingChanges(true, true, false) ||
+            if (!dettaglio->confirmPendingChanges({.check = true, .show = true}) ||
                 dettaglio->status() == frame::FrameStatus::New)
                 return Flow::Leave;
             return Flow::Next;
@@ -130,9 +130,9 @@ void OrdineGiro::sposta(Verso verso)
         [&] { dettaglio->setFollowRowMoves(false); },
         [&] {
             if (su)
-                dettaglio->movePrevious(true, true);
+                dettaglio->movePrevious();
             else
-                dettaglio->moveNext(true, true);
+                dettaglio->moveNext();
         },
         [&] { griglia.setDataSource(righe); },
         [&] { dettaglio->setFollowRowMoves(true); },

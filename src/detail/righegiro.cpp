@@ -108,7 +108,7 @@ void RigheGiro::FME_GestAnagrafica5_AfterDelete(int fenm_operationresult)
                              }
                          },
                          [&] { dettaglio.endBulkRewrite(); },
-                         [&] { dettaglio.confirmPendingChanges(false, false, false); },
+                         [&] { dettaglio.confirmPendingChanges({}); },
                          [&] { collegaGriglia(true); },
                      });
 }
@@ -152,14 +152,14 @@ void RigheGiro::CMD_AZZERRAGIRO_ButtonClick()
             },
             [&] {
                 if (dettaglio->status() == frame::FrameStatus::New &&
-                    !dettaglio->confirmPendingChanges(true, true, false))
-                    dettaglio->dropPendingRow(true, true, true);
+                    !dettaglio->confirmPendingChanges({.check = true, .show = true}))
+                    dettaglio->dropPendingRow({.raiseEvents = true, .show = true, .ask = true});
             },
             [&] {
                 return dettaglio->status() == frame::FrameStatus::New ? Flow::Leave : Flow::Next;
             },
             [&] { collegaGriglia(false); },
-            [&] { dettaglio->deleteRows(true, true, false); },
+            [&] { dettaglio->deleteRows({.raiseEvents = true, .show = true}); },
             [&] { collegaGriglia(true); },
             [&] {
                 m_schermata.controllo<controls::Navigator>(u"INTERNAV").setChangeIndicator(true);

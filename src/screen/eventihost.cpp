@@ -16,7 +16,7 @@ using sql::agenteNellaDitta;
 bool FRMMG_AGENTI::ConfermaCambioDitta()
 {
     frame::GestAnagrafica* agenti = FME_GestAnagrafica(Agenti);
-    return !agenti || agenti->confirmPendingChanges(true, false, true);
+    return !agenti || agenti->confirmPendingChanges({.check = true, .ask = true});
 }
 
 // A failure (the database out of reach) is the module's error, shown to the person; the
@@ -25,30 +25,14 @@ void FRMMG_AGENTI::CambiaDitta(qint32 ditta)
 {
     if (!FME_GestAnagrafica(Agenti))
         return;
-    db::Connection* connessioneAgenti = nullptr;
-    const auto righeAgenti = [this]() -> db::Recordset& {
-        return richiesto(m_recordset.at(Agenti - 1).get(), "Grst_GestAnagrafica1");
-    };
-    reportModuleError(
-        m_errori, QStringLiteral("CLSMG_AGENTI.ActiveNavigator_ChangeDitta"),
-        {
-            [&] { m_ditta = ditta; },
-            [&] { gestione(Agenti).detach(); },
-            [&] {
-                connessioneAgenti = righeAgenti().activeConnection();
-                righeAgenti().close();
-            },
-            [&] {
-                m_sql.at(Agenti - 1) =
-                    agenteNellaDitta(m_ditta, controllo<controls::Field>(u"TXT_AGENTE").text());
-            },
-            // Reopened in place: the frame, and whoever else holds the recordset, keep it.
-            [&] {
-                righeAgenti().reopen(richiesto(connessioneAgenti, "ActiveConnection"),
-                                     m_sql.at(Agenti - 1));
-            },
-            [&] { gestione(Agenti).refresh({}); },
-        });
+    reportModuleError(m_errori, QStringLiteral("CLSMG_AGENTI.ActiveNavigator_ChangeDitta"),
+                      {
+                          [&] { m_ditta = ditta; },
+                          [&] {
+                              gestione(Agenti).reopen(agenteNellaDitta(
+                                  m_ditta, controllo<controls::Field>(u"TXT_AGENTE").text()));
+                          },
+                      });
 }
 
 void FRMMG_AGENTI::MessaggioUtente(const QString& testo, int stile, const QString& titolo)

@@ -187,18 +187,14 @@ frame::GestAnagrafica& FRMMG_AGENTI::gestione(int numero) const
 
 db::RecordsetPtr FRMMG_AGENTI::Grst_GestAnagrafica(int numero) const
 {
-    return numero >= Agenti && numero <= DettaglioGiri ? m_recordset.at(numero - 1) : nullptr;
+    const frame::GestAnagrafica* gestione = FME_GestAnagrafica(numero);
+    return gestione ? gestione->recordset() : nullptr;
 }
 
 QString FRMMG_AGENTI::Gstr_GestAnagrafica(int numero) const
 {
-    return numero >= Agenti && numero <= DettaglioGiri ? m_sql.at(numero - 1) : QString();
-}
-
-void FRMMG_AGENTI::setGstr_GestAnagrafica(int numero, const QString& sql)
-{
-    if (numero >= Agenti && numero <= DettaglioGiri)
-        m_sql.at(numero - 1) = sql;
+    const frame::GestAnagrafica* gestione = FME_GestAnagrafica(numero);
+    return gestione ? gestione->sql() : QString();
 }
 
 ImpostazioniCampoId FRMMG_AGENTI::impostazioniCampoId(QStringView nome) const
@@ -228,13 +224,10 @@ void FRMMG_AGENTI::creaGestioni()
 void FRMMG_AGENTI::apriGestione(int numero, const QString& sql, const QString& navigatore,
                                 const QString& griglia)
 {
-    m_sql.at(numero - 1) = sql;
-    db::RecordsetPtr& recordset = m_recordset.at(numero - 1);
-    recordset = db::Recordset::open(connessione(), sql);
-    gestione(numero).initialise(nullptr, connessione(), recordset, sql, {},
-                                navigatore.isEmpty() ? nullptr
-                                                     : &controllo<controls::Navigator>(navigatore),
-                                griglia.isEmpty() ? nullptr : &controllo<controls::Grid>(griglia));
+    gestione(numero).initialise(
+        nullptr, connessione(), db::Recordset::open(connessione(), sql), sql, {},
+        navigatore.isEmpty() ? nullptr : &controllo<controls::Navigator>(navigatore),
+        griglia.isEmpty() ? nullptr : &controllo<controls::Grid>(griglia));
 }
 
 void FRMMG_AGENTI::registraCampi(int numero, const QStringList& campi)
@@ -318,7 +311,7 @@ void FRMMG_AGENTI::Form_Load()
         registraCampi(numero, campi);
         if (!chiave.isEmpty())
             gestione(numero).setKeyField(&controllo<controls::DataControl>(chiave));
-        gestione(numero).setMaster(false);
+        gestione(numero).setWriteMode(frame::GestAnagrafica::WriteMode::Pending);
     };
 
     const Outcome esito = reportModuleError(
@@ -399,7 +392,7 @@ void FRMMG_AGENTI::Form_Load()
                 registraCampi(Agenti, campiAgente + QStringList{QStringLiteral("TXT_ARCHELESOS1")});
             },
             [&] { gestione(Agenti).setKeyField(&controllo<controls::DataControl>(u"TXT_AGENTE")); },
-            [&] { gestione(Agenti).setMaster(true); },
+            [&] { gestione(Agenti).setWriteMode(frame::GestAnagrafica::WriteMode::AtOnce); },
             [&] {
                 gruppoDettaglio(Soci, sql::sociVuoto(), QStringLiteral("GRIDNAV_AGENTISOCI"),
                                 QStringLiteral("GRID_AGENTISOCI"),
@@ -444,7 +437,9 @@ void FRMMG_AGENTI::Form_Load()
                                               QStringLiteral("TXT_NOTE")});
             },
             [&] { gestione(DettaglioGiri).setStatus(frame::FrameStatus::New); },
-            [&] { gestione(DettaglioGiri).setMaster(false); },
+            [&] {
+                gestione(DettaglioGiri).setWriteMode(frame::GestAnagrafica::WriteMode::Pending);
+            },
             [&] { gestione(Agenti).addDetailFrame(&gestione(DettaglioGiri)); },
             [&] {
                 controllo<controls::Field>(u"TXT_RAGSOANAG")
@@ -494,7 +489,7 @@ void FRMMG_AGENTI::posizionaSuAgenteRichiesto()
             [&] {
                 auto& campoAgente = controllo<controls::Field>(u"TXT_AGENTE");
                 campoAgente.setText(codice);
-                richiesto(m_recordset.at(Agenti - 1).get(), "Grst_GestAnagrafica1")
+                richiesto(Grst_GestAnagrafica(Agenti).get(), "Grst_GestAnagrafica1")
                     .setValue(campoAgente.dataField(), codice);
             },
             [&] { agenti.search(true, true); },
@@ -612,7 +607,7 @@ void FRMMG_AGENTI::TAB_AGENTI_Click(int pagina)
         destinazione = QStringLiteral("CBO_REGPROV");
         break;
     case Pagina::Soci: {
-        const db::RecordsetPtr soci = m_recordset.at(Soci - 1);
+        const db::RecordsetPtr soci = Grst_GestAnagrafica(Soci);
         const bool conSoci =
             soci && soci->recordCount() > 0 &&
             CDecN(controllo<controls::Field>(u"TXT_CODSOCIO").text()) != db::Value(0);
@@ -620,7 +615,7 @@ void FRMMG_AGENTI::TAB_AGENTI_Click(int pagina)
         break;
     }
     case Pagina::Maturazione: {
-        const db::RecordsetPtr maturazione = m_recordset.at(Maturazione - 1);
+        const db::RecordsetPtr maturazione = Grst_GestAnagrafica(Maturazione);
         const bool vuota = !maturazione || maturazione->recordCount() == 0;
         destinazione = vuota ? QStringLiteral("CBO_TIPOEFF") : QStringLiteral("GRID_AGENTIMAT");
         break;
@@ -644,7 +639,7 @@ void FRMMG_AGENTI::Form_QueryUnload(controls::CloseArgs& args)
         [&] { return args.cancel ? Flow::Leave : Flow::Next; },
         [&] { ExecuteFormEvent(EventoChiusura); },
         [&] {
-            if (!gestione(Agenti).confirmPendingChanges(true, false, true))
+            if (!gestione(Agenti).confirmPendingChanges({.check = true, .ask = true}))
                 args.cancel = true;
         },
     });
@@ -697,10 +692,6 @@ void FRMMG_AGENTI::Form_Unload()
         [&] {
             m_errori.setConnection(nullptr);
             m_connessione.reset();
-        },
-        [&] {
-            for (db::RecordsetPtr& recordset : m_recordset)
-                recordset.reset();
         },
         [&] { m_oggetti = {}; },
         [&] { modulo().setActiveDll(nullptr); },

@@ -112,10 +112,11 @@ public:
     const ErrorReporter& errori() const { return m_errori; }
     qint32 Codice_Ditta() const { return m_ditta; }
     frame::GestAnagrafica* FME_GestAnagrafica(int gestione) const;
+    // The same frame, a run-time error when the screen has none (not loaded, or unloaded).
+    frame::GestAnagrafica& gestione(int numero) const;
+    // The rows and the query of a record frame, as the frame holds them.
     db::RecordsetPtr Grst_GestAnagrafica(int gestione) const;
     QString Gstr_GestAnagrafica(int gestione) const;
-    // The details keep their query texts here as they reload or re-key their recordsets.
-    void setGstr_GestAnagrafica(int gestione, const QString& sql);
     // The lookup-and-decode objects that describe customers and routes; none before the load
     // or after the unload.
     host::LookupDecoder* decodificatoreClienti() const { return m_oggetti.clienti.get(); }
@@ -190,7 +191,6 @@ private:
     void TAB_AGENTI_Click(int pagina);
 
     void creaGestioni();
-    frame::GestAnagrafica& gestione(int numero) const;
     void apriGestione(int numero, const QString& sql, const QString& navigatore,
                       const QString& griglia);
     void registraCampi(int numero, const QStringList& campi);
@@ -208,8 +208,6 @@ private:
     std::unique_ptr<db::Connection> m_connessione;
     QString m_stringaConnessione;
     std::array<QPointer<frame::GestAnagrafica>, 5> m_gestioni; // Owned as QObject children.
-    std::array<db::RecordsetPtr, 5> m_recordset;
-    std::array<QString, 5> m_sql;
     qint32 m_ditta = 0;
     QStringList m_tipiEffetti;
     OggettiHost m_oggetti;

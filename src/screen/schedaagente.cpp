@@ -51,7 +51,7 @@ bool inSospeso(const GestAnagrafica& gestione)
 // without asking the person.
 void confermaDettaglio(GestAnagrafica& gestione, frame::CancelArgs& args)
 {
-    if (!gestione.confirmPendingChanges(true, true, false))
+    if (!gestione.confirmPendingChanges({.check = true, .show = true}))
         args.fbol_Cancel = true;
 }
 

@@ -74,7 +74,7 @@ void AlberoAgenti::CaricaTabTreeview()
     ignoreEachStep({
         [&] { m_schermata.connessione().executeNonQuery(sql::eliminaTabTreeview()); },
         [&] {
-            const qint32 ditta = m_schermata.globale().company().code;
+            const qint32 ditta = m_schermata.Codice_Ditta();
             m_schermata.connessione().executeNonQuery(sql::caricaTabTreeview(ditta));
         },
     });

@@ -133,7 +133,7 @@ void NavigazioneAgenti::Esporta()
 {
     frame::GestAnagrafica& agenti =
         richiesto(m_schermata.FME_GestAnagrafica(FRMMG_AGENTI::Agenti), "FME_GestAnagrafica1");
-    if (!agenti.confirmPendingChanges(true, true, true))
+    if (!agenti.confirmPendingChanges({.check = true, .show = true, .ask = true}))
         return;
     const QString testo = m_schermata.controllo<controls::Field>(u"TXT_AGENTE").text();
     db::Value valore;

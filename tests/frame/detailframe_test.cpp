@@ -210,19 +210,18 @@ TEST_P(DetailFrameTest, CodeWalkingTheRowsIsFollowedOnlyWhenTheFrameIsListening)
     EXPECT_EQ(codSocio->text(), QStringLiteral("1"));
 }
 
-TEST_P(DetailFrameTest, ARefreshWithANewTextOpensItsRecordsetAndAnEmptyOneWaitsForANewRow)
+TEST_P(DetailFrameTest, ARefreshWithANewTextReopensItsRecordsetInPlaceAndAnEmptyOneWaitsForANewRow)
 {
     const qint64 agent = insertAgent(QStringLiteral("A001"));
     insertPartner(agent, 4, QStringLiteral("NERI"));
     openAgents();
     openPartners();
-    db::RecordsetPtr given;
-    QObject::connect(&partners, &frame::GestAnagrafica::recordsetChanged,
-                     [&given](db::RecordsetPtr rows) { given = std::move(rows); });
+    const db::RecordsetPtr held = partners.recordset();
 
     partners.refresh(partnersSql(agent));
-    ASSERT_TRUE(given);
-    EXPECT_EQ(given->recordCount(), 1);
+    EXPECT_EQ(partners.recordset(), held) << "whoever holds the rows sees the new ones";
+    EXPECT_EQ(held->recordCount(), 1);
+    EXPECT_EQ(partners.sql(), partnersSql(agent));
     EXPECT_EQ(partners.status(), FrameStatus::Browse);
     EXPECT_EQ(nomeSocio->text(), QStringLiteral("NERI"));
 
@@ -256,7 +255,7 @@ TEST_P(DetailFrameTest, DeletingAllRowsLeavesThemPendingAndTheFrameReadyForANewO
 {
     showAgentWithPartners(3);
     answer(Yes);
-    ASSERT_TRUE(partners.deleteRows(true, true, true));
+    ASSERT_TRUE(partners.deleteRows({.raiseEvents = true, .show = true, .ask = true}));
     EXPECT_EQ(partnerEvents.take(),
               (QStringList{QStringLiteral("BeforeDelete"), QStringLiteral("AfterDelete(-1)"),
                            QStringLiteral("ChangeStatus(2,6)")}));

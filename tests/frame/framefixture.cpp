@@ -100,7 +100,7 @@ void FrameTest::openAgents(const QString& more)
     const QString sql = agentsSql(more);
     agents.initialise(nullptr, db(), db::Recordset::open(db(), sql), sql, {}, internav, nullptr);
     agents.setDescription(QStringLiteral("la gestione anagrafica agenti"));
-    agents.setMaster(true);
+    agents.setWriteMode(frame::GestAnagrafica::WriteMode::AtOnce);
     agents.setKeyField(agente);
     for (controls::DataControl* control :
          std::initializer_list<controls::DataControl*>{ragioneSociale, regime, percentuale})

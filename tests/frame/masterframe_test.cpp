@@ -259,15 +259,13 @@ TEST_P(FrameTest, ASearchBringsInAnAgentTheRecordsetsQueryLeftOut)
     const qint64 wanted = insertAgent(QStringLiteral("B002"));
     // Narrowed to one code, as after a change of company.
     openAgents(QStringLiteral(" AND MG17_AGENTE = 'A001'"));
-    db::RecordsetPtr given;
-    QObject::connect(&agents, &frame::GestAnagrafica::recordsetChanged,
-                     [&given](db::RecordsetPtr rows) { given = std::move(rows); });
+    const db::RecordsetPtr held = agents.recordset();
 
     agents.setStatus(FrameStatus::New);
     agents.recordset()->setValue(u"MG17_AGENTE", db::Value("B002"));
     ASSERT_TRUE(agents.search(true, true));
-    ASSERT_TRUE(given) << "the frame tells which recordset it now works on";
-    EXPECT_EQ(given, agents.recordset());
+    EXPECT_EQ(agents.recordset(), held) << "reopened in place: whoever holds it sees the agent";
+    EXPECT_EQ(held->value(u"MG17_IDAGENTE").toInt64(), wanted);
     EXPECT_EQ(agents.recordset()->value(u"MG17_IDAGENTE").toInt64(), wanted);
     EXPECT_EQ(agente->text(), QStringLiteral("B002"));
 }
@@ -303,31 +301,31 @@ TEST_P(FrameTest, ConfirmingPendingChangesAsksYesNoOrCancelWhenTold)
     const QString perprov = QStringLiteral("SELECT MG17_PERPROV FROM MG17_AGENTI");
 
     qsizetype prompted = promptCount();
-    EXPECT_TRUE(agents.confirmPendingChanges(true, false, true));
+    EXPECT_TRUE(agents.confirmPendingChanges({.check = true, .ask = true}));
     EXPECT_EQ(promptCount(), prompted) << "nothing to confirm, nothing asked";
 
     percentuale->typeText(QStringLiteral("5"));
     answer(Cancel);
-    EXPECT_FALSE(agents.confirmPendingChanges(true, false, true));
+    EXPECT_FALSE(agents.confirmPendingChanges({.check = true, .ask = true}));
     EXPECT_EQ(lastPrompt().style, host::YesNoCancel | host::Question);
     EXPECT_EQ(percentuale->text(), QStringLiteral("5"));
     EXPECT_TRUE(agents.isRecordChanged()) << "Cancel keeps the changes";
 
     answer(No);
-    EXPECT_TRUE(agents.confirmPendingChanges(true, false, true));
+    EXPECT_TRUE(agents.confirmPendingChanges({.check = true, .ask = true}));
     EXPECT_EQ(percentuale->text(), QStringLiteral("0")) << "No drops them";
     EXPECT_EQ(cell(perprov).toInt64(), 0);
 
     percentuale->typeText(QStringLiteral("5"));
     answer(Yes);
-    EXPECT_TRUE(agents.confirmPendingChanges(true, false, true));
+    EXPECT_TRUE(agents.confirmPendingChanges({.check = true, .ask = true}));
     EXPECT_EQ(cell(perprov).toInt64(), 5) << "Yes saves them";
 
     // Without asking the changes are saved, and a row that fails its checks is not safe.
     percentuale->typeText(QStringLiteral("7"));
     ragioneSociale->setRequired(true);
     prompted = promptCount();
-    EXPECT_FALSE(agents.confirmPendingChanges(true, false, false));
+    EXPECT_FALSE(agents.confirmPendingChanges({.check = true}));
     EXPECT_EQ(promptCount(), prompted + 1);
     EXPECT_EQ(lastPrompt().style, host::Exclamation) << "only the check's message, no question";
     EXPECT_EQ(cell(perprov).toInt64(), 5);

@@ -104,7 +104,9 @@ TEST_F(AvvioSchermata, BindsTheFiveRecordFramesAsTheHostExpectsThem)
         EXPECT_EQ(aperta.findChild<frame::GestAnagrafica*>(nome), &gestione(numero)) << numero;
         EXPECT_EQ(gestione(numero).recordset(), aperta.Grst_GestAnagrafica(numero)) << numero;
         EXPECT_EQ(gestione(numero).sql(), aperta.Gstr_GestAnagrafica(numero)) << numero;
-        EXPECT_EQ(gestione(numero).isMaster(), numero == FRMMG_AGENTI::Agenti) << numero;
+        EXPECT_EQ(gestione(numero).writeMode() == frame::GestAnagrafica::WriteMode::AtOnce,
+                  numero == FRMMG_AGENTI::Agenti)
+            << numero;
     }
     frame::GestAnagrafica& agenti = gestione(FRMMG_AGENTI::Agenti);
     EXPECT_EQ(agenti.description(), QStringLiteral("la gestione anagrafica agenti"));

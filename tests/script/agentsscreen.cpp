@@ -31,7 +31,7 @@ AgentsTestScreen::AgentsTestScreen(services::UserPrompts& prompts)
 {
     QObject::connect(&m_form, &Form::activated, [this] { activated(); });
     QObject::connect(&m_form, &Form::queryClose, [this](CloseArgs& args) {
-        args.cancel = !m_agents->confirmPendingChanges(true, false, true);
+        args.cancel = !m_agents->confirmPendingChanges({.check = true, .ask = true});
     });
 }
 
@@ -85,7 +85,7 @@ void AgentsTestScreen::load()
     createControls();
     m_agents = new frame::GestAnagrafica(m_prompts, &m_form);
     m_agents->setObjectName(QStringLiteral("FME_GestAnagrafica1"));
-    m_agents->setMaster(true);
+    m_agents->setWriteMode(frame::GestAnagrafica::WriteMode::AtOnce);
     m_agents->setDescription(QStringLiteral("la gestione anagrafica agenti"));
     QObject::connect(m_agents, &frame::GestAnagrafica::AfterAddNew, [this](int) {
         m_agents->recordset()->setValue(u"MG17_DITTA_CG18", m_module->ClsGlobal()->company().code);
@@ -266,7 +266,7 @@ void AgentsTestScreen::activated()
 
 void AgentsTestScreen::BeforeChangeDitta(bool& Cancel)
 {
-    Cancel = !m_agents->confirmPendingChanges(true, false, true);
+    Cancel = !m_agents->confirmPendingChanges({.check = true, .ask = true});
 }
 
 void AgentsTestScreen::ChangeDitta(qint32)

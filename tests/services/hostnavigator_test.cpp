@@ -59,28 +59,20 @@ private:
 };
 
 // A record frame as the toolbar sees it.
-class Frame final : public QObject, public FrameActions {
+class Frame final : public QObject, public controls::FrameActions {
 public:
     short frameStatus() const override { return status; }
-    bool newRecord() override
+    bool execute(controls::FrameCommand command) override
     {
-        actions << QStringLiteral("new");
-        status = 2;
-        return true;
-    }
-    bool saveRecord() override
-    {
-        actions << QStringLiteral("save");
-        status = 0;
-        return true;
-    }
-    bool undoRecord() override { return record(QStringLiteral("undo")); }
-    bool deleteRecord() override { return record(QStringLiteral("delete")); }
-    bool searchRecord() override { return record(QStringLiteral("search")); }
-    bool moveRecord(Move move) override { return record(QStringLiteral("move %1").arg(int(move))); }
-    bool record(const QString& action)
-    {
-        actions << action;
+        using controls::FrameCommand;
+        const QStringList names = {"new",    "save",   "undo",  "undo with details",
+                                   "delete", "search", "first", "previous",
+                                   "next",   "last"};
+        actions << names.at(int(command));
+        if (command == FrameCommand::New)
+            status = 2;
+        else if (command == FrameCommand::Save)
+            status = 0;
         return true;
     }
 
@@ -130,7 +122,7 @@ TEST_F(Toolbar, WithoutATakeOverTheToolbarActsOnTheActiveFrame)
     EXPECT_EQ(navigator.press(HostNavigator::New), HostNavigator::Press::Done);
     EXPECT_EQ(navigator.press(HostNavigator::Multimedia), HostNavigator::Press::Done);
     EXPECT_EQ(navigator.press(14), HostNavigator::Press::Done);
-    EXPECT_EQ(frame.actions, QStringList({"move 3", "new"}));
+    EXPECT_EQ(frame.actions, QStringList({"last", "new"}));
     // After acting the toolbar follows the frame's new status.
     EXPECT_EQ(navigator.shownStatus(), 2);
 }
@@ -265,6 +257,6 @@ TEST_F(Toolbar, AFailingModuleIsReportedAndAFieldThatWillNotLetGoHoldsThePress)
     EXPECT_EQ(toolbar.press(HostNavigator::Save), HostNavigator::Press::Refused);
     EXPECT_EQ(toolbar.press(HostNavigator::Undo), HostNavigator::Press::Done)
         << "undo drops what the field holds";
-    EXPECT_EQ(frame.actions, QStringList{"undo"});
+    EXPECT_EQ(frame.actions, QStringList{"undo with details"});
     frame.setParent(nullptr);
 }

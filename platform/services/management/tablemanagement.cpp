@@ -83,7 +83,7 @@ void TableManagement::buildControls()
     if (!m_description.isList()) {
         m_frame = new frame::GestAnagrafica(m_prompts, m_form);
         m_frame->setObjectName(Frame);
-        m_frame->setMaster(true);
+        m_frame->setWriteMode(frame::GestAnagrafica::WriteMode::AtOnce);
         m_frame->setDescription(QStringLiteral("la gestione %1").arg(m_description.title));
         for (const ManagedColumn& column : m_description.columns) {
             if (column.editable)
@@ -264,7 +264,7 @@ void TableManagement::onKey(controls::KeyArgs& args, bool inGrid)
 bool TableManagement::settle()
 {
     return !m_frame || !m_frame->isRecordChanged() ||
-           m_frame->confirmPendingChanges(true, true, true);
+           m_frame->confirmPendingChanges({.check = true, .show = true, .ask = true});
 }
 
 bool TableManagement::search(const QString& text)
