@@ -8,6 +8,8 @@
 #include "platform/db/connection.h"
 #include "platform/db/runtimeerror.h"
 
+#include <QMetaMethod>
+
 namespace tarvello::controls {
 
 namespace {
@@ -260,6 +262,11 @@ void Field::fillTargets(const QList<DecodeTarget>& targets, const db::ResultSet&
     }
 }
 
+bool Field::hasLookup() const
+{
+    return isSignalConnected(QMetaMethod::fromSignal(&Field::lookupRequested));
+}
+
 bool Field::openLookup()
 {
     if (!canReceiveFocus())
@@ -349,7 +356,12 @@ void Field::defaultKeyAction(int keyCode, int shift)
 {
     if (m_multiLine && keyCode == Key::Enter)
         return;
-    DataControl::defaultKeyAction(keyCode, shift);
+    if (keyCode == Key::LookupList && shift == 0 && hasLookup())
+        openLookup();
+    else if (keyCode == Key::Management && shift == 0 && hasManagementKey())
+        pressManagementKey();
+    else
+        DataControl::defaultKeyAction(keyCode, shift);
 }
 
 } // namespace tarvello::controls

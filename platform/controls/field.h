@@ -28,6 +28,9 @@ namespace tarvello::controls {
 //
 // Management key: pressManagementKey() raises managementKeyPressed("Kgestione"); an extra
 // menu item with key K raises it with "Kpers" + K.
+//
+// Keys a handler leaves alone: F3 (Key::LookupList) opens the lookup of a field that has one, F4
+// (Key::Management) presses the management key of a field that has one.
 class Field : public DataControl {
     Q_OBJECT
 public:
@@ -83,6 +86,8 @@ public:
     // Why the last decoding failed; empty after one that did not.
     QString lastError() const { return m_lastError; }
 
+    // Whether the field opens a list: its form answers its lookup requests.
+    bool hasLookup() const;
     bool openLookup();
     // The request of the last lookup that got past its handlers.
     std::optional<LookupArgs> lastLookupRequest() const { return m_lastLookup; }

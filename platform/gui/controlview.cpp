@@ -73,6 +73,20 @@ QString ControlView::toolTipText() const
     return m_control ? m_control->toolTip() : QString();
 }
 
+QString ControlView::keyHint(int modelKeyCode, const QString& action)
+{
+    return QStringLiteral("%1: %2").arg(
+        functionKey(modelKeyCode).toString(QKeySequence::NativeText), action);
+}
+
+QString ControlView::withKeyHints(const QString& text, const QStringList& hints)
+{
+    QStringList lines = hints;
+    if (!text.isEmpty())
+        lines.prepend(text);
+    return lines.join(u'\n');
+}
+
 void ControlView::showToolTip()
 {
     if (m_widget)
@@ -101,7 +115,7 @@ bool ControlView::eventFilter(QObject* watched, QEvent* event)
     // The model's handlers may swallow the key; otherwise its default action runs (Tab and
     // Enter move the focus through the focus manager).
     const int left = m_control->pressKey(code, shift);
-    return left == controls::Key::None || keyIsModels(left, shift);
+    return left == controls::Key::None || keyIsModels(left, shift) || actOnKey(left, shift);
 }
 
 } // namespace tarvello::gui

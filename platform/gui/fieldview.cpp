@@ -2,6 +2,7 @@
 
 #include "platform/controls/field.h"
 #include "platform/controls/keycodes.h"
+#include "platform/gui/keytranslation.h"
 
 #include <QAction>
 #include <QLineEdit>
@@ -14,6 +15,22 @@ namespace {
 
 // QLineEdit's own limit, standing for "no limit".
 constexpr int unlimited = 32767;
+
+QKeySequence lookupKey()
+{
+    return functionKey(controls::Key::LookupList);
+}
+
+QKeySequence managementKey()
+{
+    return functionKey(controls::Key::Management);
+}
+
+QString managementName(const controls::Field& field)
+{
+    const QString caption = field.managementCaption();
+    return caption.isEmpty() ? FieldView::tr("Gestione") : caption;
+}
 
 } // namespace
 
@@ -29,24 +46,32 @@ FieldView::FieldView(controls::Field& field, QLineEdit& edit)
     connect(&field, &Field::maxLengthChanged, this, &FieldView::showMaxLength);
     connect(&field, &Field::validChanged, this, &FieldView::showToolTip);
     connect(&field, &Field::acceptedChanged, this, &FieldView::showToolTip);
+    connect(&field, &Field::managementKeyChanged, this, &FieldView::showToolTip);
+    connect(&field, &Field::managementCaptionChanged, this, &FieldView::showToolTip);
     connect(&edit, &QLineEdit::textEdited, this, &FieldView::takeTyping);
     if (field.kind() == Field::Kind::Numeric)
         edit.setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    if (field.kind() == Field::Kind::Code) {
+    if (field.hasLookup()) {
         QAction* search =
             edit.addAction(edit.style()->standardIcon(QStyle::SP_FileDialogContentsView),
                            QLineEdit::TrailingPosition);
-        search->setToolTip(tr("Cerca"));
+        search->setToolTip(tr("Elenco (%1)").arg(lookupKey().toString(QKeySequence::NativeText)));
         connect(search, &QAction::triggered, this, &FieldView::openLookup);
     }
     edit.setContextMenuPolicy(Qt::CustomContextMenu);
     connect(&edit, &QWidget::customContextMenuRequested, this, &FieldView::showContextMenu);
+    showToolTip();
 }
 
 void FieldView::focusMoved(bool hasFocus)
 {
     Q_UNUSED(hasFocus);
     showText();
+}
+
+void FieldView::selectContents()
+{
+    m_edit.selectAll();
 }
 
 bool FieldView::keyIsModels(int keyCode, int shift) const
@@ -60,11 +85,21 @@ bool FieldView::keyIsModels(int keyCode, int shift) const
 QString FieldView::toolTipText() const
 {
     const auto* field = model<controls::Field>();
-    if (field && !field->isValid() && !field->lastError().isEmpty())
-        return tr("Valore non valido: %1").arg(field->lastError());
-    if (field && !field->isAccepted())
-        return tr("Il valore non è nella forma attesa");
-    return ControlView::toolTipText();
+    if (!field)
+        return {};
+    QString text;
+    if (!field->isValid() && !field->lastError().isEmpty())
+        text = tr("Valore non valido: %1").arg(field->lastError());
+    else if (!field->isAccepted())
+        text = tr("Il valore non è nella forma attesa");
+    else
+        text = ControlView::toolTipText();
+    QStringList keys;
+    if (field->hasLookup())
+        keys << keyHint(controls::Key::LookupList, tr("elenco"));
+    if (field->hasManagementKey())
+        keys << keyHint(controls::Key::Management, managementName(*field).toLower());
+    return withKeyHints(text, keys);
 }
 
 void FieldView::showText()
@@ -108,14 +143,18 @@ void FieldView::showContextMenu(const QPoint& position)
     if (!field)
         return;
     std::unique_ptr<QMenu> menu(m_edit.createStandardContextMenu());
-    if (field->hasManagementKey() || !field->menuItems().isEmpty())
+    if (field->hasLookup() || field->hasManagementKey() || !field->menuItems().isEmpty())
         menu->addSeparator();
+    if (field->hasLookup()) {
+        QAction* list = menu->addAction(tr("Elenco"), this, &FieldView::openLookup);
+        list->setShortcut(lookupKey());
+    }
     if (field->hasManagementKey()) {
-        const QString caption = field->managementCaption();
-        menu->addAction(caption.isEmpty() ? tr("Gestione") : caption, this, [this] {
+        QAction* management = menu->addAction(managementName(*field), this, [this] {
             if (auto* f = model<controls::Field>())
                 f->pressManagementKey();
         });
+        management->setShortcut(managementKey());
     }
     for (const controls::Field::MenuItem& item : field->menuItems()) {
         QAction* action = menu->addAction(item.caption, this, [this, key = item.key] {

@@ -22,6 +22,7 @@ public:
     FieldView(controls::Field& field, QLineEdit& edit);
 
     void focusMoved(bool hasFocus) override;
+    void selectContents() override;
 
 protected:
     bool keyIsModels(int keyCode, int shift) const override;

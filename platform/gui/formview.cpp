@@ -103,8 +103,18 @@ void FormView::showModelFocus(controls::Control* previous, controls::Control* cu
         if (ControlView* view = viewOf(control))
             view->focusMoved(control == current);
     }
-    if (!m_askingModel)
-        putWidgetFocus(current);
+    // A move the person made with the mouse leaves the cursor where they clicked.
+    if (m_askingModel)
+        return;
+    putWidgetFocus(current);
+    if (ControlView* view = viewOf(current))
+        view->selectContents();
+}
+
+void FormView::showFocus()
+{
+    if (m_form)
+        putWidgetFocus(m_form->focus().current());
 }
 
 void FormView::putWidgetFocus(controls::Control* control)

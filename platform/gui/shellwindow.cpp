@@ -6,9 +6,11 @@
 #include "platform/db/runtimeerror.h"
 #include "platform/frame/gestanagrafica.h"
 #include "platform/gui/formbinder.h"
+#include "platform/gui/formview.h"
 #include "platform/gui/navigatoricons.h"
 #include "platform/gui/screenwindow.h"
 #include "platform/gui/shellhost.h"
+#include "platform/gui/wheelguard.h"
 #include "platform/services/userprompts.h"
 #include "src/host/calledmodule.h"
 #include "src/host/cinterface.h"
@@ -166,7 +168,10 @@ void ShellWindow::buildToolbar()
     m_companies = new QComboBox(bar);
     m_companies->setObjectName(QStringLiteral("companies"));
     m_companies->setMinimumContentsLength(24);
-    m_companies->setFocusPolicy(Qt::ClickFocus);
+    // The list never holds the keyboard: what the person types next goes to the screen,
+    // and the company changes only by a choice made in the open list.
+    m_companies->setFocusPolicy(Qt::NoFocus);
+    WheelGuard::protect(*m_companies);
     bar->addWidget(m_companies);
     connect(m_companies, &QComboBox::activated, this, &ShellWindow::switchCompany);
 }
@@ -249,6 +254,7 @@ void ShellWindow::screenActivated(QMdiSubWindow* window)
         screen->module().contract().setIsActive(true);
         if (controls::Form* form = screen->form())
             form->activate();
+        screen->formView()->showFocus();
     }
     disconnect(m_frameConnection);
     if (auto* frame = qobject_cast<frame::GestAnagrafica*>(activeFrame()))
@@ -311,6 +317,8 @@ void ShellWindow::switchCompany(int index)
     m_companyIndex = index;
     showStatus();
     showFrameState();
+    if (const ScreenWindow* screen = activeScreen())
+        screen->formView()->showFocus();
 }
 
 void ShellWindow::exportActiveGrid()
