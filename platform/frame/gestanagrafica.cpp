@@ -408,6 +408,21 @@ Value GestAnagrafica::shownValue(const QString& column) const
     }
 }
 
+std::optional<Value> GestAnagrafica::shownRowValue(const QString& column) const
+{
+    if (m_status != FrameStatus::Browse || !m_shown || !isOpen())
+        return std::nullopt;
+    try {
+        if (cursorBookmark() == m_shown)
+            return m_recordset->value(column);
+        const db::RecordsetPtr row = m_recordset->clone();
+        row->setBookmark(*m_shown);
+        return row->value(column);
+    } catch (const db::RuntimeError&) {
+        return std::nullopt;
+    }
+}
+
 std::optional<GestAnagrafica::Bookmark> GestAnagrafica::currentOrFirst()
 {
     if (!isOpen())

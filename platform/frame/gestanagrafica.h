@@ -148,6 +148,9 @@ public:
     controls::Navigator* navigator() const;
 
     int status() const { return m_status; }
+    // A column of the existing row shown; none in search entry, while a new row is being
+    // entered, or when there is no row to show.
+    std::optional<db::Value> shownRowValue(const QString& column) const;
     // 2 adds a new row at once (code may write into it), 1 starts search entry, 0 shows the
     // recordset's current row. Unconfirmed edits of the row left are dropped, not asked about.
     void setStatus(int status);

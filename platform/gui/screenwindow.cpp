@@ -4,6 +4,7 @@
 #include "platform/controls/control.h"
 #include "platform/controls/form.h"
 #include "platform/db/connection.h"
+#include "platform/frame/recordtree.h"
 #include "platform/gui/formbinder.h"
 #include "platform/gui/formview.h"
 #include "src/host/calledmodule.h"
@@ -38,6 +39,7 @@ ScreenWindow::ScreenWindow(host::CalledModule& module, controls::Form& form, QWi
         m_connections->add(*module.contract().Connection());
         form.setConnectionSource(m_connections.get());
     }
+    m_trees = frame::RecordTree::link(form, module.contract());
 }
 
 ScreenWindow::~ScreenWindow()

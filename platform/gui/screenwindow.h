@@ -6,11 +6,16 @@
 #include <QMdiSubWindow>
 #include <QPointer>
 #include <memory>
+#include <vector>
 
 namespace tarvello::controls {
 class ConnectionPool;
 class LookupPresenter;
 } // namespace tarvello::controls
+
+namespace tarvello::frame {
+class RecordTree;
+}
 
 namespace tarvello::host {
 class CalledModule;
@@ -23,8 +28,8 @@ class FormView;
 // A module's screen inside the shell: the widget tree laid out for its form, bound to the
 // form, in an MDI window. Closing the window is the person's close request, which the form
 // may refuse; a form unloaded by code closes the window. The host gives the form what the
-// screen did not set up itself: the lookup lists, and the module's own connection for the
-// fields' decodings.
+// screen did not set up itself: the lookup lists, the module's own connection for the
+// fields' decodings, and trees that stay with the record on view.
 class ScreenWindow final : public QMdiSubWindow {
     Q_OBJECT
 public:
@@ -49,6 +54,7 @@ private:
     FormView* m_view;                // Owned by the content widget.
     std::unique_ptr<controls::ConnectionPool> m_connections;
     controls::LookupPresenter* m_lookups = nullptr; // Not owned: the shell's.
+    std::vector<std::unique_ptr<frame::RecordTree>> m_trees;
     bool m_closing = false;
 };
 

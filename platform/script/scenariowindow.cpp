@@ -7,6 +7,7 @@
 #include "platform/controls/navigator.h"
 #include "platform/db/connection.h"
 #include "platform/frame/gestanagrafica.h"
+#include "platform/frame/recordtree.h"
 #include "platform/script/promptlookups.h"
 #include "platform/script/scripterror.h"
 #include "src/host/cinterface.h"
@@ -57,6 +58,7 @@ bool ScenarioWindow::adopt(services::UserPrompts& prompts)
         m_connections->add(*module().Connection());
         m_form->setConnectionSource(m_connections.get());
     }
+    m_trees = frame::RecordTree::link(*m_form, module());
     return true;
 }
 
