@@ -267,7 +267,7 @@ bool Field::hasLookup() const
     return isSignalConnected(QMetaMethod::fromSignal(&Field::lookupRequested));
 }
 
-bool Field::openLookup()
+bool Field::openLookup(const QString& narrowedTo)
 {
     if (!canReceiveFocus())
         return false;
@@ -275,6 +275,7 @@ bool Field::openLookup()
     Q_EMIT lookupRequested(args);
     if (args.cancel)
         return false;
+    args.narrowedTo = narrowedTo;
     m_lastLookup = args;
     const Form* owner = form();
     LookupPresenter* presenter = owner ? owner->lookupPresenter() : nullptr;

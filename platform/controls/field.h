@@ -88,7 +88,8 @@ public:
 
     // Whether the field opens a list: its form answers its lookup requests.
     bool hasLookup() const;
-    bool openLookup();
+    // narrowedTo: only the rows holding this text (in any column, any case) are offered.
+    bool openLookup(const QString& narrowedTo = {});
     // The request of the last lookup that got past its handlers.
     std::optional<LookupArgs> lastLookupRequest() const { return m_lastLookup; }
     // Takes a chosen lookup row: its first column becomes the text, then decodes.

@@ -1,7 +1,9 @@
 #include "platform/frame/gestanagrafica.h"
 
 #include "platform/controls/datacontrol.h"
+#include "platform/controls/field.h"
 #include "platform/controls/grid.h"
+#include "platform/controls/keycodes.h"
 #include "platform/controls/navigator.h"
 #include "platform/db/connection.h"
 #include "platform/db/runtimeerror.h"
@@ -115,7 +117,18 @@ QList<DataControl*> GestAnagrafica::fields() const
 void GestAnagrafica::setKeyField(DataControl* control)
 {
     registerField(control);
+    if (m_keyField)
+        disconnect(m_keyField, &controls::Control::keyDown, this, nullptr);
     m_keyField = control;
+    if (!control)
+        return;
+    connect(control, &controls::Control::keyDown, this, [this](controls::KeyArgs& args) {
+        if (m_status != FrameStatus::Search || args.keyCode != controls::Key::Enter ||
+            args.shift != 0)
+            return;
+        args.keyCode = controls::Key::None;
+        searchCommand();
+    });
 }
 
 DataControl* GestAnagrafica::keyField() const
@@ -844,7 +857,16 @@ bool GestAnagrafica::enterSearch()
 
 bool GestAnagrafica::searchCommand()
 {
-    return m_status == FrameStatus::Search ? search(false, false) : enterSearch();
+    if (m_status != FrameStatus::Search)
+        return enterSearch();
+    auto* keyField = qobject_cast<controls::Field*>(m_keyField.data());
+    if (!keyField || !keyField->hasLookup())
+        return search(false, false);
+    if (search(false, true))
+        return true;
+    // Not a key (a name, part of a code, nothing at all): the key field's list, narrowed to
+    // what was typed, and the row picked there is looked up.
+    return keyField->openLookup(keyField->text().trimmed()) && search(false, false);
 }
 
 bool GestAnagrafica::search(bool fromKeyColumn, bool quiet)

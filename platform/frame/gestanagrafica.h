@@ -200,6 +200,8 @@ public:
     // recordset's query cannot return it, by a new recordset on that row (recordsetChanged).
     bool search(bool fromKeyColumn = true, bool quiet = true);
     // The host toolbar's search: enters search entry, or in search entry looks the key up.
+    // A key field with a list takes a name as well: what is not a key narrows the list, and
+    // the row picked there is looked up. Enter on the key field in search entry does the same.
     bool searchCommand();
     // Settles the unconfirmed changes; true when it is safe to go on. check: the fields are
     // checked and BeforeUpdate raised (false: the row is taken as it is). show: the row is

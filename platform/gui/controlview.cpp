@@ -17,15 +17,6 @@ namespace {
 constexpr char requiredProperty[] = "tarvelloRequired";
 constexpr char invalidProperty[] = "tarvelloInvalid";
 
-void setStyleProperty(QWidget& widget, const char* name, bool on)
-{
-    if (widget.property(name).toBool() == on)
-        return;
-    widget.setProperty(name, on);
-    widget.style()->unpolish(&widget);
-    widget.style()->polish(&widget);
-}
-
 } // namespace
 
 ControlView::ControlView(controls::Control& control, QWidget& widget)
@@ -51,6 +42,15 @@ ControlView::ControlView(controls::Control& control, QWidget& widget)
 }
 
 ControlView::~ControlView() = default;
+
+void ControlView::setStyleFlag(QWidget& widget, const char* name, bool on)
+{
+    if (widget.property(name).toBool() == on)
+        return;
+    widget.setProperty(name, on);
+    widget.style()->unpolish(&widget);
+    widget.style()->polish(&widget);
+}
 
 void ControlView::watchKeys(QWidget& widget)
 {
@@ -98,8 +98,8 @@ void ControlView::showDataState()
     const auto* data = model<controls::DataControl>();
     if (!data || !m_widget)
         return;
-    setStyleProperty(*m_widget, requiredProperty, data->isRequired());
-    setStyleProperty(*m_widget, invalidProperty, !data->isValid());
+    setStyleFlag(*m_widget, requiredProperty, data->isRequired());
+    setStyleFlag(*m_widget, invalidProperty, !data->isValid());
     showToolTip();
 }
 

@@ -25,6 +25,9 @@ public:
 
     controls::Control* control() const { return m_control; }
     QWidget* widget() const { return m_widget; }
+    // Sets a dynamic property the form's style sheet dresses the widget by, and dresses it.
+    static void setStyleFlag(QWidget& widget, const char* name, bool on);
+
     // The widget that holds the keyboard focus while the control has it.
     virtual QWidget* focusTarget() const { return m_widget; }
     // Called by the FormView when the control gained or lost the model focus.

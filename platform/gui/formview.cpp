@@ -16,7 +16,10 @@ const QString formStyleSheet =
                    " { background-color: #fff6d5; }"
                    "QLineEdit[tarvelloInvalid=\"true\"], QComboBox[tarvelloInvalid=\"true\"]"
                    " { border: 1px solid #c62828; border-radius: 2px; padding: 1px; }"
-                   "QCheckBox[tarvelloInvalid=\"true\"] { color: #c62828; }");
+                   "QCheckBox[tarvelloInvalid=\"true\"] { color: #c62828; }"
+                   "QLineEdit[tarvelloSearching=\"true\"]"
+                   " { background-color: #dcebff; border: 1px solid #2f6db5; border-radius: 2px;"
+                   " padding: 1px; }");
 
 } // namespace
 

@@ -4,13 +4,18 @@
 #include "platform/controls/control.h"
 #include "platform/controls/form.h"
 #include "platform/db/connection.h"
+#include "platform/frame/gestanagrafica.h"
 #include "platform/frame/recordtree.h"
 #include "platform/gui/formbinder.h"
 #include "platform/gui/formview.h"
+#include "platform/gui/recordcaption.h"
+#include "platform/gui/treegridview.h"
 #include "src/host/calledmodule.h"
 #include "src/host/cinterface.h"
 
 #include <QCloseEvent>
+#include <QLineEdit>
+#include <QShortcut>
 #include <QTimer>
 
 namespace tarvello::gui {
@@ -20,11 +25,13 @@ ScreenWindow::ScreenWindow(host::CalledModule& module, controls::Form& form, QWi
     : m_module(module)
     , m_form(&form)
     , m_view(FormBinder::bind(form, *content))
+    , m_caption(
+          new RecordCaption(*this, form, *m_view,
+                            qobject_cast<frame::GestAnagrafica*>(module.contract().ActiveFrame())))
 {
     setAttribute(Qt::WA_DeleteOnClose);
     setWidget(content);
-    setWindowTitle(form.caption());
-    connect(&form, &controls::Form::captionChanged, this, &QWidget::setWindowTitle);
+    addFilterShortcuts(*content);
     // Closing from inside the form's own unload would delete the window under its caller.
     connect(&form, &controls::Form::unloaded, this, [this] {
         if (!m_closing)
@@ -40,6 +47,22 @@ ScreenWindow::ScreenWindow(host::CalledModule& module, controls::Form& form, QWi
         form.setConnectionSource(m_connections.get());
     }
     m_trees = frame::RecordTree::link(form, module.contract());
+}
+
+void ScreenWindow::addFilterShortcuts(QWidget& content)
+{
+    for (controls::Control* control : m_form->controls()) {
+        auto* tree = qobject_cast<TreeGridView*>(m_view->viewOf(control));
+        QLineEdit* box = tree ? tree->filterBox() : nullptr;
+        if (!box)
+            continue;
+        auto* shortcut = new QShortcut(TreeGridView::filterKey(), &content);
+        shortcut->setContext(Qt::WidgetWithChildrenShortcut);
+        connect(shortcut, &QShortcut::activated, box, [box] {
+            box->setFocus(Qt::ShortcutFocusReason);
+            box->selectAll();
+        });
+    }
 }
 
 ScreenWindow::~ScreenWindow()

@@ -24,6 +24,7 @@ class CalledModule;
 namespace tarvello::gui {
 
 class FormView;
+class RecordCaption;
 
 // A module's screen inside the shell: the widget tree laid out for its form, bound to the
 // form, in an MDI window. Closing the window is the person's close request, which the form
@@ -41,6 +42,7 @@ public:
     host::CalledModule& module() const { return m_module; }
     controls::Form* form() const { return m_form; }
     FormView* formView() const { return m_view; }
+    RecordCaption& caption() const { return *m_caption; }
 
     // The form a module's screen is: the one its active record frame sits on.
     static controls::Form* formOf(host::CalledModule& module);
@@ -49,9 +51,13 @@ protected:
     void closeEvent(QCloseEvent* event) override;
 
 private:
+    // The key of each tree's filter box works anywhere in the screen.
+    void addFilterShortcuts(QWidget& content);
+
     host::CalledModule& m_module;    // Not owned: the shell host's.
     QPointer<controls::Form> m_form; // Not owned: the module's screen's.
     FormView* m_view;                // Owned by the content widget.
+    RecordCaption* m_caption;        // Owned (QObject child).
     std::unique_ptr<controls::ConnectionPool> m_connections;
     controls::LookupPresenter* m_lookups = nullptr; // Not owned: the shell's.
     std::vector<std::unique_ptr<frame::RecordTree>> m_trees;

@@ -8,6 +8,7 @@
 #include "platform/gui/formbinder.h"
 #include "platform/gui/formview.h"
 #include "platform/gui/navigatoricons.h"
+#include "platform/gui/recordcaption.h"
 #include "platform/gui/screenwindow.h"
 #include "platform/gui/shellhost.h"
 #include "platform/gui/wheelguard.h"
@@ -206,6 +207,8 @@ ScreenWindow* ShellWindow::openModule(const ModuleEntry& entry)
         const QSize designed = content->size();
         auto* window = new ScreenWindow(*module, *form, content.get(), m_lookups);
         content.release();
+        connect(&window->caption(), &RecordCaption::statusMessage, statusBar(),
+                [this](const QString& text) { statusBar()->showMessage(text); });
         connect(window, &QObject::destroyed, this, [this, module] {
             m_host.releaseModule(*module);
             showFrameState();
