@@ -114,12 +114,23 @@ void FieldView::showText()
     m_edit.setText(shown);
     if (m_edit.hasFocus())
         m_edit.setCursorPosition(qMin(cursor, int(shown.size())));
+    else
+        showFromStart();
+}
+
+void FieldView::showFromStart()
+{
+    // Setting a text or a length puts the cursor at the end, which a text longer than the
+    // field would then be read from.
+    if (!m_edit.hasFocus())
+        m_edit.setCursorPosition(0);
 }
 
 void FieldView::showMaxLength()
 {
     if (const auto* field = model<controls::Field>())
         m_edit.setMaxLength(field->maxLength() > 0 ? field->maxLength() : unlimited);
+    showFromStart();
 }
 
 void FieldView::takeTyping(const QString& typed)

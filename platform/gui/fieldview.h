@@ -31,6 +31,7 @@ protected:
 private:
     void showText();
     void showMaxLength();
+    void showFromStart();
     void takeTyping(const QString& typed);
     void openLookup();
     void showContextMenu(const QPoint& position);

@@ -9,13 +9,16 @@
 #include "platform/gui/formbinder.h"
 #include "platform/gui/formview.h"
 #include "platform/gui/recordcaption.h"
+#include "platform/gui/rowsview.h"
 #include "platform/gui/treegridview.h"
+#include "platform/gui/windowmemory.h"
 #include "src/host/calledmodule.h"
 #include "src/host/cinterface.h"
 
 #include <QCloseEvent>
 #include <QLineEdit>
 #include <QShortcut>
+#include <QSplitter>
 #include <QTimer>
 
 namespace tarvello::gui {
@@ -32,6 +35,7 @@ ScreenWindow::ScreenWindow(host::CalledModule& module, controls::Form& form, QWi
     setAttribute(Qt::WA_DeleteOnClose);
     setWidget(content);
     addFilterShortcuts(*content);
+    recall();
     // Closing from inside the form's own unload would delete the window under its caller.
     connect(&form, &controls::Form::unloaded, this, [this] {
         if (!m_closing)
@@ -65,6 +69,45 @@ void ScreenWindow::addFilterShortcuts(QWidget& content)
     }
 }
 
+void ScreenWindow::recall()
+{
+    const WindowMemory memory(m_form->name());
+    for (QSplitter* splitter : widget()->findChildren<QSplitter*>())
+        splitter->restoreState(memory.splitter(splitter->objectName()));
+    for (controls::Control* control : m_form->controls()) {
+        if (auto* rows = qobject_cast<RowsView*>(m_view->viewOf(control)))
+            rows->setColumnWidths(memory.columnWidths(control->name()));
+    }
+}
+
+void ScreenWindow::remember() const
+{
+    if (!m_form)
+        return;
+    const WindowMemory memory(m_form->name());
+    memory.setGeometry(geometry());
+    for (const QSplitter* splitter : widget()->findChildren<QSplitter*>())
+        memory.setSplitter(splitter->objectName(), splitter->saveState());
+    for (controls::Control* control : m_form->controls()) {
+        if (const auto* rows = qobject_cast<RowsView*>(m_view->viewOf(control)))
+            memory.setColumnWidths(control->name(), rows->columnWidths());
+    }
+}
+
+void ScreenWindow::place(const QSize& designed)
+{
+    const QWidget* area = parentWidget();
+    const QRect room = area ? area->rect() : QRect(QPoint(), designed);
+    const std::optional<QRect> kept =
+        m_form ? WindowMemory(m_form->name()).geometry() : std::nullopt;
+    QRect placed =
+        kept.value_or(QRect(QPoint(), designed + size() - widget()->size()).intersected(room));
+    placed.setSize(placed.size().boundedTo(room.size()));
+    if (!room.contains(placed))
+        placed.moveTopLeft(room.topLeft());
+    setGeometry(placed);
+}
+
 ScreenWindow::~ScreenWindow()
 {
     if (!m_form)
@@ -87,6 +130,7 @@ controls::Form* ScreenWindow::formOf(host::CalledModule& module)
 void ScreenWindow::closeEvent(QCloseEvent* event)
 {
     if (m_form && m_form->isLoaded()) {
+        remember();
         m_closing = true;
         const bool unloaded = m_form->requestClose(controls::CloseMode::User);
         m_closing = false;

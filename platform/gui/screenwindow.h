@@ -47,12 +47,20 @@ public:
     // The form a module's screen is: the one its active record frame sits on.
     static controls::Form* formOf(host::CalledModule& module);
 
+    // Puts the shown window where the person left it last time, or else at the size laid out
+    // in the designer (content size), both kept within the area the window lives in.
+    void place(const QSize& designed);
+    // Keeps the window's place, its splitters and its grids' column widths for next time.
+    void remember() const;
+
 protected:
     void closeEvent(QCloseEvent* event) override;
 
 private:
     // The key of each tree's filter box works anywhere in the screen.
     void addFilterShortcuts(QWidget& content);
+    // The splitters and column widths kept from last time.
+    void recall();
 
     host::CalledModule& m_module;    // Not owned: the shell host's.
     QPointer<controls::Form> m_form; // Not owned: the module's screen's.

@@ -12,6 +12,7 @@
 #include "platform/gui/screenwindow.h"
 #include "platform/gui/shellhost.h"
 #include "platform/gui/wheelguard.h"
+#include "platform/gui/windowmemory.h"
 #include "platform/services/userprompts.h"
 #include "src/host/calledmodule.h"
 #include "src/host/cinterface.h"
@@ -93,6 +94,7 @@ ShellWindow::ShellWindow(ShellHost& host, controls::LookupPresenter* lookups, QW
     , m_lookups(lookups)
     , m_screens(new QMdiArea(this))
 {
+    setObjectName(QStringLiteral("shell"));
     setWindowTitle(tr("Tarvello"));
     m_screens->setViewMode(QMdiArea::SubWindowView);
     m_screens->setBackground(QColor(0x6b, 0x7b, 0x8c));
@@ -106,18 +108,21 @@ ShellWindow::ShellWindow(ShellHost& host, controls::LookupPresenter* lookups, QW
     showStatus();
     showFrameState();
     resize(1280, 800);
+    restoreGeometry(WindowMemory(objectName()).windowGeometry());
 }
 
 ShellWindow::~ShellWindow()
 {
-    // The screens let their modules go while the host is still there.
+    // The screens let their modules go while the host is still there: those open, and those
+    // closed but not yet deleted.
     disconnect(m_frameConnection);
-    for (QMdiSubWindow* window : m_screens->subWindowList())
+    for (ScreenWindow* window : m_screens->findChildren<ScreenWindow*>())
         delete window;
 }
 
 void ShellWindow::closeEvent(QCloseEvent* event)
 {
+    WindowMemory(objectName()).setWindowGeometry(saveGeometry());
     m_screens->closeAllSubWindows();
     const QList<QMdiSubWindow*> left = m_screens->subWindowList();
     if (std::any_of(left.begin(), left.end(), [](const QWidget* w) { return w->isVisible(); }))
@@ -215,8 +220,7 @@ ScreenWindow* ShellWindow::openModule(const ModuleEntry& entry)
         });
         m_screens->addSubWindow(window);
         window->show();
-        // The size laid out in the designer, with the window's frame around it.
-        window->resize(designed + window->size() - window->widget()->size());
+        window->place(designed);
         m_screens->setActiveSubWindow(window);
         return window;
     } catch (const db::RuntimeError& error) {

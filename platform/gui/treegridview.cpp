@@ -27,6 +27,8 @@ TreeGridView::TreeGridView(controls::TreeGrid& tree, QTreeView& view)
     m_shown->setAutoAcceptChildRows(true);
     view.setModel(m_shown);
     view.setUniformRowHeights(true);
+    // A narrower step keeps more of a deep name in sight.
+    view.setIndentation(view.fontMetrics().averageCharWidth() * 2);
     view.setIconSize(QSize(ImageLibrary::pictureSize, ImageLibrary::pictureSize));
     view.header()->setStretchLastSection(false);
     view.header()->setHighlightSections(false);
@@ -129,14 +131,9 @@ QModelIndex TreeGridView::indexOfRow(int gridRow) const
     return m_shown->mapFromSource(m_model->indexOfRow(gridRow));
 }
 
-int TreeGridView::shownColumnCount() const
+const GridCells& TreeGridView::cells() const
 {
-    return m_model->columnCount();
-}
-
-int TreeGridView::columnWidth(int shownColumn) const
-{
-    return m_model->cells().width(shownColumn);
+    return m_model->cells();
 }
 
 void TreeGridView::modelRebuilt()

@@ -38,8 +38,7 @@ public:
 protected:
     int gridRow(const QModelIndex& index) const override;
     QModelIndex indexOfRow(int gridRow) const override;
-    int shownColumnCount() const override;
-    int columnWidth(int shownColumn) const override;
+    const GridCells& cells() const override;
     void modelRebuilt() override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 

@@ -14,20 +14,18 @@
 
 #include <QLineEdit>
 #include <QSettings>
-#include <QTemporaryDir>
 #include <gtest/gtest.h>
 
 namespace tarvello::test {
 
 // The shell as a person gets it (its menus, the agents screen in its designed layout) on the
-// demo data, shown and active, with the prompts answered by the test. The window settings
-// it remembers go to a temporary folder of the test's own.
+// demo data, shown and active, with the prompts answered by the test. It starts with nothing
+// remembered of earlier windows.
 class AgentsShellTest : public ::testing::Test {
 protected:
     void SetUp() override
     {
-        QSettings::setDefaultFormat(QSettings::IniFormat);
-        QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, settingsFolder.path());
+        QSettings().clear();
         db::createSchema(database.connection());
         db::populateDemoData(database.connection());
         openShell();
@@ -74,7 +72,6 @@ protected:
         return *found;
     }
 
-    QTemporaryDir settingsFolder;
     TestDatabase database{databaseTargets().front()};
     services::ScriptedPrompts prompts;
     script::PromptLookups lookups{prompts};
