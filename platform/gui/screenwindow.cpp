@@ -15,11 +15,13 @@
 #include "src/host/calledmodule.h"
 #include "src/host/cinterface.h"
 
+#include <QAbstractItemView>
 #include <QCloseEvent>
 #include <QLineEdit>
 #include <QShortcut>
 #include <QSplitter>
 #include <QTimer>
+#include <QTreeView>
 
 namespace tarvello::gui {
 
@@ -92,6 +94,24 @@ void ScreenWindow::remember() const
         if (const auto* rows = qobject_cast<RowsView*>(m_view->viewOf(control)))
             memory.setColumnWidths(control->name(), rows->columnWidths());
     }
+}
+
+QAbstractItemView* ScreenWindow::gridOnView() const
+{
+    QAbstractItemView* table = nullptr;
+    QAbstractItemView* tree = nullptr;
+    for (controls::Control* control : m_form ? m_form->controls() : QList<controls::Control*>()) {
+        auto* rows = qobject_cast<RowsView*>(m_view->viewOf(control));
+        auto* shown = rows ? qobject_cast<QAbstractItemView*>(rows->widget()) : nullptr;
+        if (!shown || !shown->isVisible())
+            continue;
+        if (shown->hasFocus())
+            return shown;
+        QAbstractItemView*& first = qobject_cast<QTreeView*>(shown) ? tree : table;
+        if (!first)
+            first = shown;
+    }
+    return table ? table : tree;
 }
 
 void ScreenWindow::place(const QSize& designed)

@@ -4,6 +4,8 @@
 #include "platform/controls/form.h"
 
 #include <QMdiSubWindow>
+
+class QAbstractItemView;
 #include <QPointer>
 #include <memory>
 #include <vector>
@@ -46,6 +48,10 @@ public:
 
     // The form a module's screen is: the one its active record frame sits on.
     static controls::Form* formOf(host::CalledModule& module);
+
+    // The grid the person is looking at: the one with the focus, else the first table on the
+    // page in view, else a tree; nullptr when no grid is in sight.
+    QAbstractItemView* gridOnView() const;
 
     // Puts the shown window where the person left it last time, or else at the size laid out
     // in the designer (content size), both kept within the area the window lives in.

@@ -2,11 +2,11 @@
 
 #include "platform/controls/control.h"
 #include "platform/controls/form.h"
-#include "platform/controls/grid.h"
 #include "platform/db/runtimeerror.h"
 #include "platform/frame/gestanagrafica.h"
 #include "platform/gui/formbinder.h"
 #include "platform/gui/formview.h"
+#include "platform/gui/gridexport.h"
 #include "platform/gui/navigatoricons.h"
 #include "platform/gui/recordcaption.h"
 #include "platform/gui/screenwindow.h"
@@ -17,6 +17,7 @@
 #include "src/host/calledmodule.h"
 #include "src/host/cinterface.h"
 
+#include <QAbstractItemView>
 #include <QAction>
 #include <QApplication>
 #include <QCloseEvent>
@@ -28,8 +29,6 @@
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QStatusBar>
-#include <QStringConverter>
-#include <QTextStream>
 #include <QToolBar>
 #include <algorithm>
 
@@ -68,22 +67,6 @@ const QList<ToolbarButton>& toolbarButtons()
         {Button::Multimedia, "Multimedia", "Multimedia", QKeySequence(Qt::CTRL | Qt::Key_M)},
     };
     return buttons;
-}
-
-QString csvField(const QString& text)
-{
-    QString quotedText = text;
-    quotedText.replace(u'"', QStringLiteral("\"\""));
-    return u'"' + quotedText + u'"';
-}
-
-controls::Grid* firstGrid(const controls::Form& form)
-{
-    for (controls::Control* control : form.controls()) {
-        if (auto* grid = qobject_cast<controls::Grid*>(control); grid && grid->isVisible())
-            return grid;
-    }
-    return nullptr;
 }
 
 } // namespace
@@ -331,42 +314,25 @@ void ShellWindow::switchCompany(int index)
 void ShellWindow::exportActiveGrid()
 {
     const ScreenWindow* screen = activeScreen();
-    controls::Grid* grid = screen && screen->form() ? firstGrid(*screen->form()) : nullptr;
-    if (!grid) {
+    const QAbstractItemView* grid = screen ? screen->gridOnView() : nullptr;
+    if (!grid || !grid->model()) {
         complain(tr("Esporta"), tr("La finestra attiva non ha una griglia da esportare."));
         return;
     }
     QString title = m_host.navigator().exportToOffice();
     if (title.isEmpty())
-        title = screen->windowTitle();
+        title = screen->form() ? screen->form()->caption() : screen->windowTitle();
     const QString path = QFileDialog::getSaveFileName(
         this, tr("Esporta"), title + QStringLiteral(".csv"), tr("Testo separato (*.csv)"));
     if (path.isEmpty())
         return;
     QFile file(path);
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Text)) {
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Text) ||
+        file.write(exportedRows(*grid->model(), title).toUtf8()) < 0) {
         complain(tr("Esporta"), file.errorString());
         return;
     }
-    QTextStream out(&file);
-    out.setEncoding(QStringConverter::Utf8);
-    out << csvField(title) << '\n';
-    QStringList headings;
-    for (const controls::GridColumn& column : grid->columns()) {
-        if (column.visible && !column.isPicture())
-            headings << csvField(column.caption);
-    }
-    out << headings.join(u';') << '\n';
-    for (int row = 0; row < grid->rowCount(); ++row) {
-        QStringList cells;
-        for (int column = 0; column < grid->columnCount(); ++column) {
-            const controls::GridColumn& layout = grid->columns().at(column);
-            if (layout.visible && !layout.isPicture())
-                cells << csvField(grid->cellText(row, column));
-        }
-        out << cells.join(u';') << '\n';
-    }
-    statusBar()->showMessage(tr("Esportate %1 righe in %2").arg(grid->rowCount()).arg(path), 5000);
+    statusBar()->showMessage(tr("Esportata la griglia in %1").arg(path));
 }
 
 void ShellWindow::showStatus()
