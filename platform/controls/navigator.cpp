@@ -94,6 +94,11 @@ bool Navigator::pressFromCode(const QString& key)
     return act(key);
 }
 
+bool Navigator::command(const QString& key)
+{
+    return isEnabled() && act(key);
+}
+
 bool Navigator::act(const QString& key)
 {
     NavigatorButtonArgs args{key, false};

@@ -2,6 +2,7 @@
 
 #include "platform/controls/control.h"
 #include "platform/controls/form.h"
+#include "platform/controls/navigatorbar.h"
 #include "platform/db/runtimeerror.h"
 #include "platform/frame/gestanagrafica.h"
 #include "platform/gui/formbinder.h"
@@ -119,6 +120,7 @@ void ShellWindow::buildMenus()
     QMenu* file = menuBar()->addMenu(tr("&File"));
     file->addAction(tr("&Esci"), QKeySequence::Quit, this, &QWidget::close);
     m_modulesMenu = menuBar()->addMenu(tr("&Gestioni"));
+    m_recordMenu = menuBar()->addMenu(tr("&Agente"));
     QMenu* windows = menuBar()->addMenu(tr("F&inestre"));
     windows->addAction(tr("Affianca"), m_screens, &QMdiArea::tileSubWindows);
     windows->addAction(tr("Sovrapponi"), m_screens, &QMdiArea::cascadeSubWindows);
@@ -131,9 +133,11 @@ void ShellWindow::buildToolbar()
     bar->setObjectName(QStringLiteral("navigator"));
     bar->setMovable(false);
     bar->setIconSize(QSize(20, 20));
+    // The record menu lists the toolbar's actions, with their shortcuts.
     for (const ToolbarButton& button : toolbarButtons()) {
         if (button.number == 0) {
             bar->addSeparator();
+            m_recordMenu->addSeparator();
             continue;
         }
         const QString caption = QString::fromUtf8(button.caption);
@@ -145,12 +149,17 @@ void ShellWindow::buildToolbar()
         connect(action, &QAction::triggered, this,
                 [this, number = button.number] { pressButton(number); });
         m_buttons.insert(button.number, action);
+        m_recordMenu->addAction(action);
     }
     m_export = bar->addAction(navigatorIcon(QStringLiteral("Esporta"), *style()), tr("Esporta"));
     m_export->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_E));
     m_export->setToolTip(
         tr("Esporta la griglia (%1)").arg(m_export->shortcut().toString(QKeySequence::NativeText)));
     connect(m_export, &QAction::triggered, this, &ShellWindow::exportActiveGrid);
+    m_recordMenu->addAction(m_export);
+    m_recordMenu->addSeparator();
+    m_printRecord = m_recordMenu->addAction(tr("Stampa agente..."), QKeySequence::Print, this,
+                                            &ShellWindow::printRecord);
 
     bar->addSeparator();
     bar->addWidget(new QLabel(tr(" Ditta: "), bar));
@@ -260,6 +269,8 @@ void ShellWindow::showFrameState()
     for (auto it = m_buttons.cbegin(); it != m_buttons.cend(); ++it)
         it.value()->setEnabled(activeScreen() && navigator.isEnabled(it.key()));
     m_export->setEnabled(activeScreen() != nullptr);
+    const auto* record = qobject_cast<const frame::GestAnagrafica*>(activeFrame());
+    m_printRecord->setEnabled(record && record->status() == frame::FrameStatus::Browse);
 }
 
 void ShellWindow::pressButton(qint32 button)
@@ -309,6 +320,24 @@ void ShellWindow::switchCompany(int index)
     showFrameState();
     if (const ScreenWindow* screen = activeScreen())
         screen->formView()->showFocus();
+}
+
+void ShellWindow::printRecord()
+{
+    const ScreenWindow* screen = activeScreen();
+    const controls::Form* form = screen ? screen->form() : nullptr;
+    if (!form)
+        return;
+    // The screen's own printout, as its navigator's "Stampa" starts it.
+    try {
+        for (controls::Control* control : form->controls()) {
+            if (auto* bar = qobject_cast<controls::NavigatorBar*>(control))
+                bar->command(controls::NavigatorKey::Print);
+        }
+    } catch (const db::RuntimeError& error) {
+        complain(tr("Stampa agente"), error.description());
+    }
+    showFrameState();
 }
 
 void ShellWindow::exportActiveGrid()

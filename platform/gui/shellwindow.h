@@ -22,7 +22,8 @@ class ScreenWindow;
 class ShellHost;
 
 // The shell's main window: a menu of the modules it can open, the host's navigator toolbar
-// (moves, new, save, undo, delete, search, multimedia, export) with its shortcuts, a company
+// (moves, new, save, undo, delete, search, multimedia, export) with its shortcuts, the same
+// actions in the record menu "Agente" with the printout of the agent on view, a company
 // switcher, and the modules' screens as MDI windows.
 //
 // A toolbar button reaches every module as ButtonPressed with the toolbar's button number;
@@ -55,6 +56,8 @@ public:
     void pressButton(qint32 button);
     QAction* toolbarAction(qint32 button) const { return m_buttons.value(button); }
     QAction* exportAction() const { return m_export; }
+    QAction* printRecordAction() const { return m_printRecord; }
+    QMenu& recordMenu() const { return *m_recordMenu; }
     QComboBox& companySwitcher() const { return *m_companies; }
     QMdiArea& screens() const { return *m_screens; }
     ScreenWindow* activeScreen() const;
@@ -71,6 +74,8 @@ private:
     void screenActivated(QMdiSubWindow* window);
     void showFrameState();
     void exportActiveGrid();
+    // The printout of the record on view: the module's own, through its screen's navigator.
+    void printRecord();
     QObject* activeFrame() const;
     void showStatus();
     void complain(const QString& title, const QString& text);
@@ -79,10 +84,12 @@ private:
     controls::LookupPresenter* m_lookups; // Not owned.
     QMdiArea* m_screens;                  // Owned (central widget).
     QMenu* m_modulesMenu = nullptr;       // Owned by the menu bar.
+    QMenu* m_recordMenu = nullptr;        // Owned by the menu bar.
     QComboBox* m_companies = nullptr;     // Owned by the toolbar.
     QLabel* m_statusText = nullptr;       // Owned by the status bar.
     QHash<qint32, QAction*> m_buttons;    // Owned by the toolbar.
     QAction* m_export = nullptr;          // Owned by the toolbar.
+    QAction* m_printRecord = nullptr;     // Owned by the record menu.
     QHash<QString, ScreenLayout> m_layouts;
     QMetaObject::Connection m_frameConnection;
     int m_companyIndex = -1;

@@ -1,13 +1,17 @@
 #include "platform/gui/dialogprompts.h"
 #include "platform/gui/lookupdialog.h"
+#include "platform/gui/printpreviewdialog.h"
+#include "platform/services/agentsreport.h"
 #include "src/host/errorlog.h"
 #include "widgettesting.h"
 
+#include <QDateTime>
 #include <QFileDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMessageBox>
+#include <QPageLayout>
 #include <QPushButton>
 #include <QTableView>
 #include <algorithm>
@@ -163,6 +167,34 @@ TEST(ItalianTextsTest, StandardButtonsFileDialogsAndTextMenusAreItalian)
     const std::unique_ptr<QMenu> menu(edit.createStandardContextMenu());
     EXPECT_TRUE(menu->actions().first()->text().remove(u'&').startsWith(QStringLiteral("Annulla")))
         << menu->actions().first()->text().toStdString();
+}
+
+} // namespace
+} // namespace tarvello::gui
+
+namespace tarvello::gui {
+namespace {
+
+// A printout shows its pages before it is printed; closing the preview gives the printing up.
+TEST(PrintPreviewTest, ThePagesAreShownAndClosingGivesThePrintingUp)
+{
+    services::AgentLine agent;
+    agent.code = QStringLiteral("A001");
+    agent.registryName = QStringLiteral("RICCI FRANCESCA");
+    const services::AgentsReport report(
+        {1, QStringLiteral("DITTA"), QStringLiteral("Agente A001"), QDateTime::currentDateTime()},
+        {agent});
+    DialogPrompts prompts;
+    int pages = 0;
+    test::whenModalShown([&pages](QWidget& dialog) {
+        auto& preview = dynamic_cast<PrintPreviewDialog&>(dialog);
+        pages = preview.pageCount();
+        test::buttonWithText(preview, QStringLiteral("&Chiudi"))->click();
+    });
+    EXPECT_FALSE(prompts.previewPrintout(QStringLiteral("Stampa agenti"),
+                                         services::AgentsReport::pageLayout(),
+                                         [&report](QPrinter& printer) { report.print(printer); }));
+    EXPECT_EQ(pages, 1);
 }
 
 } // namespace

@@ -3,13 +3,17 @@
 #include "platform/controls/grid.h"
 #include "platform/services/hostnavigator.h"
 
+#include <QAction>
+#include <QFileInfo>
 #include <QHeaderView>
 #include <QMdiArea>
+#include <QMenu>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QSplitter>
 #include <QStatusBar>
 #include <QTableView>
+#include <QTemporaryDir>
 
 namespace tarvello::test {
 namespace {
@@ -59,6 +63,38 @@ TEST_F(AgentsShellTest, TheScreenOpensAsThePersonLeftIt)
     EXPECT_EQ(widget<QSplitter>(second, "divisore").sizes(), sizes);
     EXPECT_EQ(widget<QTableView>(second, "GRID_AGENTISOCI").horizontalHeader()->sectionSize(0),
               123);
+}
+
+} // namespace
+} // namespace tarvello::test
+
+namespace tarvello::test {
+namespace {
+
+// The menu "Agente" offers what the toolbar does, with the same shortcuts, and the printout
+// of the agent on view, which a new agent not yet saved does not have.
+TEST_F(AgentsShellTest, TheAgentMenuPrintsTheAgentOnView)
+{
+    openAgents();
+    const QList<QAction*> menu = shell->recordMenu().actions();
+    using Button = services::HostNavigator::Button;
+    for (const qint32 button : {Button::First, Button::Next, Button::New, Button::Save,
+                                Button::Undo, Button::Delete, Button::Search})
+        EXPECT_TRUE(menu.contains(shell->toolbarAction(button))) << button;
+    EXPECT_TRUE(menu.contains(shell->exportAction()));
+
+    const QTemporaryDir folder;
+    const QString pdf = folder.filePath(QStringLiteral("agente.pdf"));
+    prompts.queue(services::PromptAnswer::file(pdf));
+    ASSERT_TRUE(shell->printRecordAction()->isEnabled());
+    shell->printRecordAction()->trigger();
+    EXPECT_GT(QFileInfo(pdf).size(), 0);
+    ASSERT_FALSE(prompts.history().isEmpty());
+    EXPECT_TRUE(prompts.history().last().details.endsWith(QStringLiteral("-A001.pdf")))
+        << "the printout of A001 alone";
+
+    shell->pressButton(Button::New);
+    EXPECT_FALSE(shell->printRecordAction()->isEnabled());
 }
 
 } // namespace
