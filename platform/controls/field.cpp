@@ -24,16 +24,6 @@ QString rightTrimmed(QString text)
     return text;
 }
 
-QDate parseDate(const QString& text)
-{
-    for (const char* format : {"dd/MM/yyyy", "d/M/yyyy", "ddMMyyyy", "yyyy-MM-dd"}) {
-        const QDate date = QDate::fromString(text, QString::fromLatin1(format));
-        if (date.isValid())
-            return date;
-    }
-    return {};
-}
-
 // Digits, a minus in front and one decimal separator.
 QString numberCharacters(const QString& typed)
 {
@@ -130,7 +120,7 @@ db::Value Field::value() const
         if (const auto number = db::Decimal::parse(m_text))
             return *number;
     } else if (m_kind == Kind::Date) {
-        const QDate date = parseDate(m_text.trimmed());
+        const QDate date = readDate(m_text);
         if (date.isValid())
             return date;
     }
@@ -230,11 +220,11 @@ Field::DecodeOutcome Field::decode()
         const db::ResultSet result = source->connectionFor(args.connectionString).query(args.sql);
         fillTargets(args.targets, result);
         const bool found = !result.rows.isEmpty();
-        setValid(found);
+        setValid(found, tr("nessun dato con questo codice"));
         return found ? DecodeOutcome::Found : DecodeOutcome::NotFound;
     } catch (const db::RuntimeError& error) {
         m_lastError = error.description();
-        setValid(false);
+        setValid(false, m_lastError);
         return DecodeOutcome::Failed;
     }
 }
@@ -349,6 +339,11 @@ bool Field::chooseMenuItem(const QString& key)
 
 void Field::aboutToLeave()
 {
+    // A date typed short ("1/3/25") is shown whole once it is left.
+    if (m_kind == Kind::Date) {
+        if (const QDate date = readDate(m_text); date.isValid())
+            setText(dateText(date));
+    }
     if (m_decodePending)
         decode();
 }

@@ -1,5 +1,6 @@
 #include "platform/frame/columnvalue.h"
 
+#include "platform/controls/displayformat.h"
 #include "platform/db/runtimeerror.h"
 
 #include <QDate>
@@ -37,12 +38,8 @@ ColumnValue toDate(const Value& value)
 {
     if (value.kind() == Value::Kind::Date)
         return {value};
-    const QString text = value.toString().trimmed();
-    for (const char* format : {"dd/MM/yyyy", "d/M/yyyy", "yyyy-MM-dd"}) {
-        const QDate date = QDate::fromString(text, QString::fromLatin1(format));
-        if (date.isValid())
-            return {Value(date)};
-    }
+    if (const QDate date = controls::readDate(value.toString()); date.isValid())
+        return {Value(date)};
     return refused(Refusal::NotADate);
 }
 

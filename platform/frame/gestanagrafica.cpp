@@ -2,6 +2,7 @@
 
 #include "platform/controls/datacontrol.h"
 #include "platform/controls/field.h"
+#include "platform/controls/form.h"
 #include "platform/controls/grid.h"
 #include "platform/controls/keycodes.h"
 #include "platform/controls/navigator.h"
@@ -460,11 +461,43 @@ void GestAnagrafica::goToRow(std::optional<Bookmark> row, int reason, bool raise
             raiseEvent);
 }
 
+void GestAnagrafica::clearMarks()
+{
+    QList<DataControl*> marked = m_fields.controls();
+    const controls::Form* form = m_keyField ? m_keyField->form() : nullptr;
+    if (m_master && form) {
+        for (controls::Control* control : form->controls()) {
+            auto* data = qobject_cast<DataControl*>(control);
+            if (data && data->dataField().isEmpty())
+                marked << data;
+        }
+    }
+    for (DataControl* control : std::as_const(marked))
+        control->setValid(true);
+}
+
+QString GestAnagrafica::recordDescription() const
+{
+    const auto textOf = [](const DataControl* control) {
+        const auto* field = qobject_cast<const controls::Field*>(control);
+        return field ? field->text().trimmed() : QString();
+    };
+    const QList<DataControl*> fields = m_fields.controls();
+    const qsizetype key = fields.indexOf(m_keyField);
+    QString description = textOf(m_keyField);
+    for (qsizetype i = key + 1; key >= 0 && !description.isEmpty() && i < fields.size(); ++i) {
+        if (const QString text = textOf(fields.at(i)); !text.isEmpty())
+            return description + u' ' + text;
+    }
+    return description;
+}
+
 void GestAnagrafica::showRow(int reason, bool raiseEvent)
 {
     ++m_generation;
     if (m_shown && !placeCursor())
         m_shown.reset();
+    clearMarks();
     m_fields.show(rowReader());
     m_fields.decode([this](const db::RuntimeError& error) { reportHandlerError(error); });
     takeSnapshot();
@@ -746,7 +779,7 @@ bool GestAnagrafica::deleteRecord()
 {
     if (!isOpen() || m_terminated || m_locked || m_status != FrameStatus::Browse || !m_shown)
         return false;
-    if (!m_messages.confirmDelete())
+    if (!m_messages.confirmDelete(recordDescription()))
         return false;
     CancelArgs args;
     if (!raise([&] { Q_EMIT BeforeDelete(args); }) || args.fbol_Cancel || !placeCursor())

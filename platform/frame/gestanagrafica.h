@@ -151,6 +151,9 @@ public:
     // A column of the existing row shown; none in search entry, while a new row is being
     // entered, or when there is no row to show.
     std::optional<db::Value> shownRowValue(const QString& column) const;
+    // What the fields say the row shown is: its key and the first field after the key with a
+    // text ("A001 RICCI FRANCESCA"); empty without a key.
+    QString recordDescription() const;
     // 2 adds a new row at once (code may write into it), 1 starts search entry, 0 shows the
     // recordset's current row. Unconfirmed edits of the row left are dropped, not asked about.
     void setStatus(int status);
@@ -272,6 +275,10 @@ private:
     void attach();
     void goToRow(std::optional<Bookmark> row, int reason, bool raiseEvent = true);
     void showRow(int reason, bool raiseEvent = true);
+    // A row shown afresh carries no marks of values found wrong in the row before: the
+    // frame's fields lose them, and on a master so do the form's fields bound to no column
+    // (a code shown beside the id it stands for). Decoding the row marks them again.
+    void clearMarks();
     // Reads the row shown, or the defaults of a new row not added yet.
     FieldBindings::ColumnReader rowReader() const;
     void syncControls(const controls::DataControl* except);

@@ -65,12 +65,14 @@ bool ControlView::keyIsModels(int keyCode, int shift) const
 
 QString ControlView::toolTipText() const
 {
+    const QString own = m_control ? m_control->toolTip() : QString();
     const auto* data = model<controls::DataControl>();
-    if (data && !data->isValid()) {
-        const QString own = data->toolTip();
-        return own.isEmpty() ? tr("Valore non valido") : tr("Valore non valido - %1").arg(own);
-    }
-    return m_control ? m_control->toolTip() : QString();
+    if (!data || data->isValid())
+        return own;
+    const QString reason = data->invalidReason();
+    const QString invalid =
+        reason.isEmpty() ? tr("Valore non valido") : tr("Valore non valido: %1").arg(reason);
+    return own.isEmpty() ? invalid : invalid + u'\n' + own;
 }
 
 QString ControlView::keyHint(int modelKeyCode, const QString& action)

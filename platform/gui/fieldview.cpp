@@ -1,10 +1,12 @@
 #include "platform/gui/fieldview.h"
 
+#include "platform/controls/displayformat.h"
 #include "platform/controls/field.h"
 #include "platform/controls/keycodes.h"
 #include "platform/gui/keytranslation.h"
 
 #include <QAction>
+#include <QCalendarWidget>
 #include <QLineEdit>
 #include <QMenu>
 #include <QStyle>
@@ -58,6 +60,15 @@ FieldView::FieldView(controls::Field& field, QLineEdit& edit)
         search->setToolTip(tr("Elenco (%1)").arg(lookupKey().toString(QKeySequence::NativeText)));
         connect(search, &QAction::triggered, this, &FieldView::openLookup);
     }
+    if (field.kind() == Field::Kind::Date) {
+        QAction* calendar = edit.addAction(
+            QIcon::fromTheme(QStringLiteral("x-office-calendar"),
+                             edit.style()->standardIcon(QStyle::SP_FileDialogDetailedView)),
+            QLineEdit::TrailingPosition);
+        calendar->setToolTip(
+            tr("Calendario (%1)").arg(lookupKey().toString(QKeySequence::NativeText)));
+        connect(calendar, &QAction::triggered, this, &FieldView::openCalendar);
+    }
     edit.setContextMenuPolicy(Qt::CustomContextMenu);
     connect(&edit, &QWidget::customContextMenuRequested, this, &FieldView::showContextMenu);
     showToolTip();
@@ -82,23 +93,56 @@ bool FieldView::keyIsModels(int keyCode, int shift) const
     return ControlView::keyIsModels(keyCode, shift);
 }
 
+bool FieldView::isDate() const
+{
+    const auto* field = model<controls::Field>();
+    return field && field->kind() == controls::Field::Kind::Date && !field->hasLookup();
+}
+
+bool FieldView::actOnKey(int keyCode, int shift)
+{
+    if (keyCode != controls::Key::LookupList || shift != 0 || !isDate())
+        return false;
+    openCalendar();
+    return true;
+}
+
+void FieldView::openCalendar()
+{
+    auto* field = model<controls::Field>();
+    if (!field || !(field->hasFocus() || field->setFocus()))
+        return;
+    auto* calendar = new QCalendarWidget(&m_edit);
+    calendar->setWindowFlags(Qt::Popup);
+    calendar->setAttribute(Qt::WA_DeleteOnClose);
+    calendar->setObjectName(QStringLiteral("calendario"));
+    if (const QDate shown = controls::readDate(field->text()); shown.isValid())
+        calendar->setSelectedDate(shown);
+    connect(calendar, &QCalendarWidget::activated, this, [this, calendar](QDate date) {
+        takeTyping(controls::dateText(date));
+        calendar->close();
+    });
+    connect(calendar, &QCalendarWidget::clicked, calendar, &QCalendarWidget::activated);
+    calendar->move(m_edit.mapToGlobal(QPoint(0, m_edit.height())));
+    calendar->show();
+    calendar->setFocus(Qt::PopupFocusReason);
+}
+
 QString FieldView::toolTipText() const
 {
     const auto* field = model<controls::Field>();
     if (!field)
         return {};
-    QString text;
-    if (!field->isValid() && !field->lastError().isEmpty())
-        text = tr("Valore non valido: %1").arg(field->lastError());
-    else if (!field->isAccepted())
-        text = tr("Il valore non è nella forma attesa");
-    else
-        text = ControlView::toolTipText();
+    const QString text = field->isValid() && !field->isAccepted()
+                             ? tr("Il valore non è nella forma attesa")
+                             : ControlView::toolTipText();
     QStringList keys;
     if (field->hasLookup())
         keys << keyHint(controls::Key::LookupList, tr("elenco"));
     if (field->hasManagementKey())
         keys << keyHint(controls::Key::Management, managementName(*field).toLower());
+    if (isDate())
+        keys << keyHint(controls::Key::LookupList, tr("calendario"));
     return withKeyHints(text, keys);
 }
 

@@ -26,6 +26,7 @@ public:
 
 protected:
     bool keyIsModels(int keyCode, int shift) const override;
+    bool actOnKey(int keyCode, int shift) override;
     QString toolTipText() const override;
 
 private:
@@ -34,6 +35,8 @@ private:
     void showFromStart();
     void takeTyping(const QString& typed);
     void openLookup();
+    void openCalendar();
+    bool isDate() const;
     void showContextMenu(const QPoint& position);
 
     QLineEdit& m_edit; // Not owned: the widget this view watches.

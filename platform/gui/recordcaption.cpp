@@ -18,12 +18,6 @@ namespace {
 // The style property the form's style sheet tints the key field with in search entry.
 constexpr char searchingProperty[] = "tarvelloSearching";
 
-QString fieldText(const controls::DataControl* control)
-{
-    const auto* field = qobject_cast<const controls::Field*>(control);
-    return field ? field->text().trimmed() : QString();
-}
-
 } // namespace
 
 RecordCaption::RecordCaption(QMdiSubWindow& window, controls::Form& form, FormView& view,
@@ -47,23 +41,9 @@ RecordCaption::RecordCaption(QMdiSubWindow& window, controls::Form& form, FormVi
 
 QString RecordCaption::recordShown() const
 {
-    return m_master && m_master->status() == frame::FrameStatus::Browse ? describe() : QString();
-}
-
-QString RecordCaption::describe() const
-{
-    if (!m_master)
-        return {};
-    const QList<controls::DataControl*> fields = m_master->fields();
-    const controls::DataControl* key = m_master->keyField();
-    QStringList shown{fieldText(key)};
-    for (qsizetype i = fields.indexOf(key) + 1; i > 0 && i < fields.size(); ++i) {
-        if (const QString text = fieldText(fields.at(i)); !text.isEmpty()) {
-            shown << text;
-            break;
-        }
-    }
-    return shown.join(u' ').trimmed();
+    return m_master && m_master->status() == frame::FrameStatus::Browse
+               ? m_master->recordDescription()
+               : QString();
 }
 
 void RecordCaption::show()
@@ -98,9 +78,9 @@ void RecordCaption::show()
 void RecordCaption::announce(const QString& what)
 {
     // The fields still show the record: an AfterDelete comes before the next row is shown.
-    Q_EMIT statusMessage(
-        tr("%1: %2 alle %3")
-            .arg(what, describe(), QTime::currentTime().toString(QStringLiteral("HH:mm"))));
+    Q_EMIT statusMessage(tr("%1: %2 alle %3")
+                             .arg(what, m_master ? m_master->recordDescription() : QString(),
+                                  QTime::currentTime().toString(QStringLiteral("HH:mm"))));
 }
 
 } // namespace tarvello::gui

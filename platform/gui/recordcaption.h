@@ -36,8 +36,6 @@ Q_SIGNALS:
     void statusMessage(const QString& text);
 
 private:
-    // The key and the first field after it with a text, whatever the status.
-    QString describe() const;
     void show();
     void announce(const QString& what);
 

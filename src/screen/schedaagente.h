@@ -118,7 +118,8 @@ private:
 
     bool BooRicercaAvanti(qint32 id, qint32 se, QSet<qint32>& visti);
     bool BooRicercaIndietro(qint32 id, qint32 se, QSet<qint32>& visti);
-    void segnaRiferimentoNonValido();
+    // Both reference fields are marked not valid, saying why.
+    void segnaRiferimentoNonValido(const QString& motivo);
 
     frame::GestAnagrafica& gestione(int numero) const;
     controls::Field& campo(QStringView nome) const;

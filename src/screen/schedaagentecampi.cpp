@@ -294,10 +294,10 @@ void SchedaAgente::TXT_AGERIFVIDEO1_Validate()
     agente.refreshState();
 }
 
-void SchedaAgente::segnaRiferimentoNonValido()
+void SchedaAgente::segnaRiferimentoNonValido(const QString& motivo)
 {
-    campo(u"TXT_AGERIF").setValid(false);
-    campo(u"TXT_AGERIFVIDEO1").setValid(false);
+    campo(u"TXT_AGERIF").setValid(false, motivo);
+    campo(u"TXT_AGERIFVIDEO1").setValid(false, motivo);
 }
 
 void SchedaAgente::TXT_AGERIF_Validate()
@@ -305,13 +305,15 @@ void SchedaAgente::TXT_AGERIF_Validate()
     m_agenteRifVariato = false;
     const QString codice = RTrimN(testo(u"TXT_AGERIFVIDEO1")).toString().trimmed();
     if (!codice.isEmpty() && codice == RTrimN(testo(u"TXT_AGENTE")).toString().trimmed()) {
-        segnaRiferimentoNonValido();
+        segnaRiferimentoNonValido(
+            QStringLiteral("un agente non può essere il riferimento di se stesso"));
         return;
     }
     Field& riferimento = campo(u"TXT_AGERIF");
     const std::optional<qint64> id = NumeroIntero(riferimento.text());
     if (!id) {
-        segnaRiferimentoNonValido();
+        segnaRiferimentoNonValido(
+            QStringLiteral("l'identificativo dell'agente di riferimento non è un numero"));
         return;
     }
     if (gestione(FRMMG_AGENTI::Agenti).status() == FrameStatus::Browse) {
@@ -323,7 +325,9 @@ void SchedaAgente::TXT_AGERIF_Validate()
         if (letto == id)
             return;
         if (VerificaRiferimentoCircolare()) {
-            segnaRiferimentoNonValido();
+            segnaRiferimentoNonValido(
+                QStringLiteral("l'agente di riferimento dipende da questo agente: la gerarchia "
+                               "diventerebbe circolare"));
             return;
         }
     }
