@@ -38,8 +38,7 @@ QString prepareDatabase(const ShellArguments& arguments)
     const QString connectionString = QStringLiteral("Data Source=%1").arg(path);
     db::Connection connection;
     connection.open(connectionString);
-    if (!connection.tableInfo(QStringLiteral("MG17_AGENTI")).exists())
-        db::createSchema(connection);
+    db::ensureSchema(connection);
     if ((embedded || arguments.demo) && !hasRows(connection))
         db::populateDemoData(connection);
     return connectionString;

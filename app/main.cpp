@@ -4,6 +4,7 @@
 #include "platform/db/runtimeerror.h"
 #include "platform/gui/dialogprompts.h"
 #include "platform/gui/italiantranslations.h"
+#include "platform/gui/shellapplication.h"
 #include "platform/gui/shellhost.h"
 #include "platform/gui/shellwindow.h"
 #include "platform/script/promptlookups.h"
@@ -69,26 +70,31 @@ int main(int argc, char** argv)
     if (!arguments.scriptFile.isEmpty())
         return runScenario(arguments, argc, argv);
 
-    QApplication application(argc, argv);
+    gui::ShellApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("tarvello"));
     QApplication::setOrganizationName(QStringLiteral("Tarvello"));
     const gui::ItalianTranslations italian;
     gui::DialogPrompts prompts;
+    std::unique_ptr<gui::ShellHost> host;
     try {
-        gui::ShellHost host(prompts, app::prepareDatabase(arguments), arguments.company);
-        app::registerModules(host.context());
-        script::PromptLookups lookups(prompts);
-        gui::ShellWindow window(host, &lookups);
-        prompts.setParent(&window);
-        app::assembleShell(window);
-        window.show();
-        if (!arguments.screenshotFile.isEmpty())
-            takeScreenshot(window, app::agentsEntry(), arguments.screenshotFile);
-        return QApplication::exec();
+        host = std::make_unique<gui::ShellHost>(prompts, app::prepareDatabase(arguments),
+                                                arguments.company);
     } catch (const db::RuntimeError& error) {
         QMessageBox::critical(
             nullptr, QStringLiteral("Tarvello"),
             QStringLiteral("Il database non si apre:\n%1").arg(error.description()));
         return 1;
     }
+    app::registerModules(host->context());
+    script::PromptLookups lookups(prompts);
+    gui::ShellWindow window(*host, &lookups);
+    prompts.setParent(&window);
+    application.setPrompts(&prompts);
+    app::assembleShell(window);
+    window.show();
+    if (!arguments.screenshotFile.isEmpty())
+        takeScreenshot(window, app::agentsEntry(), arguments.screenshotFile);
+    const int result = QApplication::exec();
+    application.setPrompts(nullptr);
+    return result;
 }

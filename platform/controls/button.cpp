@@ -6,7 +6,7 @@ bool Button::click()
 {
     if (!canReceiveFocus())
         return false;
-    Q_EMIT clicked();
+    raise("Click", [this] { Q_EMIT clicked(); });
     return true;
 }
 

@@ -9,7 +9,7 @@ void CheckBox::setCheckState(int state)
         return;
     m_checked = checked;
     Q_EMIT valueChanged();
-    Q_EMIT valueSet(checkState());
+    raise("Click", [this] { Q_EMIT valueSet(checkState()); });
 }
 
 void CheckBox::setValue(const db::Value& value)

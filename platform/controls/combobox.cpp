@@ -57,7 +57,7 @@ void ComboBox::setValue(const db::Value& code)
     const int index = indexOfCode(code);
     m_value = index >= 0 ? m_items.at(index).code : code;
     Q_EMIT valueChanged();
-    Q_EMIT valueSet(m_value);
+    raise("Click", [this] { Q_EMIT valueSet(m_value); });
 }
 
 QString ComboBox::text() const

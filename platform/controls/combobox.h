@@ -27,6 +27,8 @@ public:
     int count() const { return int(m_items.size()); }
     void addItem(const QString& caption, const db::Value& code);
     void clear();
+    // Has the views show the items and the value again.
+    void refresh() { Q_EMIT itemsChanged(); }
     // -1 when no item has the code.
     int indexOfCode(const db::Value& code) const;
 

@@ -87,7 +87,8 @@ bool Control::setFocus()
 int Control::pressKey(int keyCode, int shift)
 {
     KeyArgs args{keyCode, shift};
-    Q_EMIT keyDown(args);
+    if (raise("KeyDown", [&] { Q_EMIT keyDown(args); }) == Raised::Abandoned)
+        return Key::None;
     if (args.keyCode != Key::None)
         defaultKeyAction(args.keyCode, args.shift);
     return args.keyCode;

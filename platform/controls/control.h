@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/controls/eventargs.h"
+#include "platform/controls/handlererrors.h"
 
 #include <QObject>
 #include <QString>
@@ -62,11 +63,23 @@ Q_SIGNALS:
 
     void gotFocus();
     void lostFocus();
+    // Raised first when the focus is about to leave, for the host's own checks of the value
+    // (a record frame's, against the column a field is bound to): a cancel keeps the focus
+    // here before any decoding or validation runs.
+    void leaveRequested(tarvello::controls::CancelArgs& args);
     // Raised on the control losing the focus; a cancel keeps the focus here.
     void validate(tarvello::controls::CancelArgs& args);
     void keyDown(tarvello::controls::KeyArgs& args);
 
 protected:
+    // Raises one of the control's events through fire(); a run-time error that escapes a
+    // handler is reported as the procedure "<name>_<event>" (see raiseEvent).
+    template <std::invocable Raise>
+    Raised raise(const char* event, Raise&& fire) const
+    {
+        return raiseEvent(handlerErrorsOf(this), name() + u'_' + QLatin1String(event),
+                          std::forward<Raise>(fire));
+    }
     // Runs before validate when the focus is about to leave (a field decodes a new code).
     virtual void aboutToLeave() {}
     virtual void defaultKeyAction(int keyCode, int shift);

@@ -114,7 +114,8 @@ QString Field::displayText() const
 
 db::Value Field::value() const
 {
-    if (m_text.isEmpty())
+    // Blanks alone hold nothing: a code of blanks is no code, and a required field sees it.
+    if (m_text.trimmed().isEmpty())
         return db::Value::null();
     if (m_kind == Kind::Numeric) {
         if (const auto number = db::Decimal::parse(m_text))
@@ -201,10 +202,25 @@ void Field::setLookupId(const QString& id)
 
 Field::DecodeOutcome Field::decode()
 {
+    const DecodeOutcome outcome = runDecoding();
+    // An empty code is no code rather than a wrong one: whether it may stay empty is for
+    // "required" to say.
+    if (isBlank())
+        setValid(true);
+    return outcome;
+}
+
+Field::DecodeOutcome Field::runDecoding()
+{
     m_lastError.clear();
     DecodeArgs args;
-    Q_EMIT decodeRequested(args);
+    const Raised raised = raise("StartDecode", [&] { Q_EMIT decodeRequested(args); });
     m_decodePending = false;
+    if (raised != Raised::Completed) {
+        // Nobody answered how to decode the text: it cannot be taken for a known code.
+        setValid(false);
+        return DecodeOutcome::Failed;
+    }
     if (args.cancel)
         return DecodeOutcome::Cancelled;
     if (args.sql.trimmed().isEmpty()) {
@@ -229,12 +245,23 @@ Field::DecodeOutcome Field::decode()
     }
 }
 
+void Field::clearDecoded()
+{
+    for (const QPointer<DataControl>& target : std::as_const(m_decoded)) {
+        if (target)
+            target->setValue(db::Value::null());
+    }
+    m_decoded.clear();
+}
+
 void Field::fillTargets(const QList<DecodeTarget>& targets, const db::ResultSet& result)
 {
+    m_decoded.clear();
     for (qsizetype i = 0; i < targets.size(); ++i) {
         const DecodeTarget& target = targets.at(i);
         if (!target.control)
             continue;
+        m_decoded.append(target.control);
         if (result.rows.isEmpty()) {
             target.control->setValue(db::Value::null());
             continue;
@@ -262,8 +289,8 @@ bool Field::openLookup(const QString& narrowedTo)
     if (!canReceiveFocus())
         return false;
     LookupArgs args;
-    Q_EMIT lookupRequested(args);
-    if (args.cancel)
+    if (raise("StartLookup", [&] { Q_EMIT lookupRequested(args); }) != Raised::Completed ||
+        args.cancel)
         return false;
     args.narrowedTo = narrowedTo;
     m_lastLookup = args;
@@ -320,7 +347,7 @@ bool Field::pressManagementKey()
 {
     if (!m_managementKey || !canReceiveFocus())
         return false;
-    Q_EMIT managementKeyPressed(managementKeyName);
+    raise("ManagementKey", [this] { Q_EMIT managementKeyPressed(managementKeyName); });
     return true;
 }
 
@@ -330,7 +357,7 @@ bool Field::chooseMenuItem(const QString& key)
         return false;
     for (const MenuItem& item : std::as_const(m_menuItems)) {
         if (item.key == key && item.enabled) {
-            Q_EMIT managementKeyPressed(menuItemKeyPrefix + key);
+            raise("ManagementKey", [&] { Q_EMIT managementKeyPressed(menuItemKeyPrefix + key); });
             return true;
         }
     }

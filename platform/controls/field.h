@@ -4,6 +4,7 @@
 #include "platform/db/resultset.h"
 
 #include <QList>
+#include <QPointer>
 #include <QString>
 #include <optional>
 
@@ -20,7 +21,8 @@ namespace tarvello::controls {
 // The handler answers a statement, the target controls and a connection string; the field
 // runs the statement on the connection its form's ConnectionSource gives for that string
 // and fills the targets from the columns of the first row. No row marks the field not
-// valid and empties the targets; a row, or no statement at all, marks it valid.
+// valid and empties the targets; a row, or no statement at all, marks it valid. An empty
+// text is always valid: an empty code is no code, not a wrong one.
 //
 // Lookup: openLookup() raises lookupRequested; unless cancelled, the form's
 // LookupPresenter shows the list and the first column of the chosen row becomes the text,
@@ -54,8 +56,8 @@ public:
     // The text shown when the field does not have the focus (formatted by displayFormat).
     QString displayText() const;
 
-    // Text: the text, Null when empty. Numeric: a Decimal, Null when empty. Date: a date,
-    // Null when empty. A text that does not read as a number or a date comes back as text.
+    // Null when the text is empty or only blanks. Text: the text. Numeric: a Decimal. Date: a
+    // date. A text that does not read as a number or a date comes back as text.
     db::Value value() const override;
     // Numbers are written with ',' for the decimals, dates as dd/MM/yyyy; Null empties.
     void setValue(const db::Value& value) override;
@@ -81,6 +83,8 @@ public:
     void setAccepted(bool accepted);
 
     DecodeOutcome decode();
+    // Empties the controls the last decoding filled: they describe a code no longer shown.
+    void clearDecoded();
     // The text changed since the last decoding.
     bool isDecodePending() const { return m_decodePending; }
     // Why the last decoding failed; empty after one that did not.
@@ -128,8 +132,9 @@ protected:
 
 private:
     QString normalized(const QString& text) const;
+    DecodeOutcome runDecoding();
     QString typedCharacters(const QString& typed) const;
-    static void fillTargets(const QList<DecodeTarget>& targets, const db::ResultSet& result);
+    void fillTargets(const QList<DecodeTarget>& targets, const db::ResultSet& result);
 
     const Kind m_kind;
     QString m_text;
@@ -140,6 +145,7 @@ private:
     bool m_multiLine = false;
     QString m_lookupId;
     bool m_decodePending = false;
+    QList<QPointer<DataControl>> m_decoded; // Not owned.
     bool m_accepted = true;
     QString m_lastError;
     std::optional<LookupArgs> m_lastLookup;

@@ -3,6 +3,8 @@
 #include "platform/controls/control.h"
 #include "platform/controls/form.h"
 
+#include <QScopedValueRollback>
+
 namespace tarvello::controls {
 
 namespace {
@@ -41,31 +43,44 @@ bool FocusManager::moveOnce(Control* target)
     if (target == m_current)
         return true;
 
-    m_moving = true;
+    const QScopedValueRollback moving(m_moving, true);
     Control* previous = m_current;
-    if (previous) {
-        previous->aboutToLeave();
-        CancelArgs args;
-        Q_EMIT previous->validate(args);
-        if (args.cancel) {
-            m_hasDeferred = false;
-            m_deferred = nullptr;
-            m_moving = false;
-            return false;
-        }
-        Q_EMIT previous->lostFocus();
+    if (previous && !mayLeave(*previous)) {
+        m_hasDeferred = false;
+        m_deferred = nullptr;
+        return false;
     }
     // A lost-focus handler may have disabled or hidden the target.
     if (!target->canReceiveFocus()) {
         m_current = nullptr;
-        m_moving = false;
         Q_EMIT focusChanged(previous, nullptr);
         return false;
     }
     m_current = target;
     Q_EMIT focusChanged(previous, target);
-    Q_EMIT target->gotFocus();
-    m_moving = false;
+    target->raise("GotFocus", [target] { Q_EMIT target->gotFocus(); });
+    return true;
+}
+
+bool FocusManager::checkCurrent()
+{
+    if (!m_current)
+        return true;
+    CancelArgs checked;
+    Q_EMIT m_current->leaveRequested(checked);
+    return !checked.cancel;
+}
+
+bool FocusManager::mayLeave(Control& control)
+{
+    if (!checkCurrent())
+        return false;
+    control.aboutToLeave();
+    CancelArgs args;
+    if (control.raise("Validate", [&] { Q_EMIT control.validate(args); }) == Raised::Abandoned ||
+        args.cancel)
+        return false;
+    control.raise("LostFocus", [&control] { Q_EMIT control.lostFocus(); });
     return true;
 }
 

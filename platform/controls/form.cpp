@@ -1,6 +1,7 @@
 #include "platform/controls/form.h"
 
 #include "platform/controls/control.h"
+#include "platform/controls/handlererrors.h"
 
 #include <algorithm>
 #include <stdexcept>
@@ -33,6 +34,12 @@ Form::BusyScope::~BusyScope()
 {
     if (m_form && --m_form->m_busyDepth == 0)
         Q_EMIT m_form->busyChanged(false);
+}
+
+template <std::invocable Raise>
+Raised Form::raise(const char* procedure, Raise&& fire) const
+{
+    return raiseEvent(m_handlerErrors, QLatin1String(procedure), std::forward<Raise>(fire));
 }
 
 int Form::adopt(Control* control)
@@ -124,7 +131,7 @@ void Form::activate()
         return;
     m_active = true;
     Q_EMIT activeChanged(true);
-    Q_EMIT activated();
+    raise("Form_Activate", [this] { Q_EMIT activated(); });
 }
 
 void Form::deactivate()
@@ -133,7 +140,7 @@ void Form::deactivate()
         return;
     m_active = false;
     Q_EMIT activeChanged(false);
-    Q_EMIT deactivated();
+    raise("Form_Deactivate", [this] { Q_EMIT deactivated(); });
 }
 
 bool Form::requestClose(CloseMode mode)
@@ -142,8 +149,8 @@ bool Form::requestClose(CloseMode mode)
         return true;
     CloseArgs args;
     args.mode = mode;
-    Q_EMIT queryClose(args);
-    if (args.cancel)
+    if (raise("Form_QueryUnload", [&] { Q_EMIT queryClose(args); }) == Raised::Abandoned ||
+        args.cancel)
         return false;
     unload();
     return true;
@@ -159,7 +166,7 @@ void Form::unload()
     m_modal = false;
     m_loaded = false;
     Q_EMIT loadedChanged(false);
-    Q_EMIT unloaded();
+    raise("Form_Unload", [this] { Q_EMIT unloaded(); });
 }
 
 } // namespace tarvello::controls

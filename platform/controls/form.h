@@ -2,6 +2,7 @@
 
 #include "platform/controls/eventargs.h"
 #include "platform/controls/focusmanager.h"
+#include "platform/controls/handlererrors.h"
 
 #include <QList>
 #include <QObject>
@@ -97,6 +98,10 @@ public:
     // What opens the lists of lookup requests; not owned, must outlive the form.
     LookupPresenter* lookupPresenter() const { return m_lookupPresenter; }
     void setLookupPresenter(LookupPresenter* presenter) { m_lookupPresenter = presenter; }
+    // Where the run-time errors that escape the handlers of the form's events are reported;
+    // not owned, must outlive the form. Without one they go on to whoever raised the event.
+    HandlerErrors* handlerErrors() const { return m_handlerErrors; }
+    void setHandlerErrors(HandlerErrors* errors) { m_handlerErrors = errors; }
 
 Q_SIGNALS:
     void captionChanged(const QString& caption);
@@ -119,6 +124,9 @@ private:
     // Returns the tab index the new control starts with; raises on a duplicate name.
     int adopt(Control* control);
     void setShown(bool shown);
+    // Raises one of the form's own events (see raiseEvent).
+    template <std::invocable Raise>
+    Raised raise(const char* procedure, Raise&& fire) const;
 
     QList<Control*> m_controls; // Owned as QObject children.
     FocusManager m_focus;
@@ -132,6 +140,7 @@ private:
     int m_busyDepth = 0;
     ConnectionSource* m_connectionSource = nullptr; // Not owned.
     LookupPresenter* m_lookupPresenter = nullptr;   // Not owned.
+    HandlerErrors* m_handlerErrors = nullptr;       // Not owned.
 };
 
 } // namespace tarvello::controls

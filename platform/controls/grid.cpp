@@ -165,7 +165,12 @@ QString Grid::cellText(int row, int column)
     args.field = layout.field;
     args.value = value(row, layout.field);
     args.text = formatForDisplay(args.value, layout.format);
-    Q_EMIT cellTextRequested(args);
+    // Cell texts are asked for while the grid is drawn, where a report would be drawn over
+    // and over: a failing handler leaves the text as far as it got, and the grid goes on.
+    try {
+        Q_EMIT cellTextRequested(args);
+    } catch (const db::RuntimeError&) {
+    }
     return args.text;
 }
 
@@ -202,14 +207,14 @@ bool Grid::clickRow(int row)
         return false;
     }
     updateSelection();
-    Q_EMIT clicked();
+    raise("Click", [this] { Q_EMIT clicked(); });
     return true;
 }
 
 void Grid::selectCurrentRow()
 {
     updateSelection();
-    Q_EMIT clicked();
+    raise("Click", [this] { Q_EMIT clicked(); });
 }
 
 std::optional<db::Recordset::Bookmark> Grid::bookmarkOfKey(const db::Value& key) const

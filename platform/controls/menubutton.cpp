@@ -68,7 +68,7 @@ bool MenuButton::clickItem(const QString& key)
     const Item* chosen = item(key);
     if (!canReceiveFocus() || !chosen || !chosen->visible || !chosen->enabled)
         return false;
-    Q_EMIT itemClicked(key);
+    raise("ItemClick", [&] { Q_EMIT itemClicked(key); });
     return true;
 }
 

@@ -1,5 +1,6 @@
 #include "platform/controls/navigator.h"
 
+#include "platform/controls/form.h"
 #include "platform/controls/navigatortarget.h"
 
 #include <algorithm>
@@ -57,10 +58,16 @@ bool Navigator::relabelButton(const QString& key, const QString& newKey, const Q
     return true;
 }
 
+bool Navigator::isButtonEnabled(QStringView key) const
+{
+    const Button* found = button(key);
+    return found && found->enabled && (m_newRowAllowed || key != NavigatorKey::New);
+}
+
 bool Navigator::isAvailable(QStringView key) const
 {
     const Button* found = button(key);
-    return found && found->visible && found->enabled && isEnabled() && isVisible();
+    return found && found->visible && isButtonEnabled(key) && isEnabled() && isVisible();
 }
 
 void Navigator::setNewRowAllowed(bool allowed)
@@ -101,18 +108,21 @@ bool Navigator::command(const QString& key)
 
 bool Navigator::act(const QString& key)
 {
-    NavigatorButtonArgs args{key, false};
-    Q_EMIT beforeButton(args);
-    if (args.cancel)
+    if (Form* owner = form(); owner && !owner->focus().checkCurrent())
         return false;
-    Q_EMIT buttonClicked(key);
+    NavigatorButtonArgs args{key, false};
+    if (raise("BeforeButtonClick", [&] { Q_EMIT beforeButton(args); }) == Raised::Abandoned ||
+        args.cancel)
+        return false;
+    if (raise("ButtonClick", [&] { Q_EMIT buttonClicked(key); }) == Raised::Abandoned)
+        return false;
     std::optional<bool> result;
     if (m_target)
         result = m_target->navigatorAction(*this, key);
     if (!result)
         result = ownAction(key);
     const bool success = result.value_or(true);
-    Q_EMIT afterButton(success, key);
+    raise("AfterButtonClick", [&] { Q_EMIT afterButton(success, key); });
     return success;
 }
 

@@ -32,10 +32,10 @@ inline const QString Export = QStringLiteral("Esporta");
 // (a record frame's) or the navigator's own; then afterButton with whether it succeeded.
 // A cancelled press raises nothing after beforeButton.
 //
-// The new-row switch is the screen's word on whether a new row may be added now. It does not
-// stop a press of "Nuovo": a screen may need to explain a refusal, so its beforeButton handler
-// decides and cancels. The change indicator tells that rows were changed behind the target's
-// back.
+// The new-row switch is the screen's word on whether a new row may be added now: while it is
+// off the person cannot press "Nuovo". Code pressing it on the person's behalf still reaches
+// beforeButton, where the screen decides (and explains a refusal). The change indicator tells
+// that rows were changed behind the target's back.
 class Navigator : public Control {
     Q_OBJECT
 public:
@@ -57,6 +57,8 @@ public:
     void setButtonEnabled(const QString& key, bool enabled);
     // Gives a button a new key text and caption: its presses report the new key.
     bool relabelButton(const QString& key, const QString& newKey, const QString& caption);
+    // The button's enabled setting, and for "Nuovo" the new-row switch as well.
+    bool isButtonEnabled(QStringView key) const;
     // Whether a press of that button would act now.
     bool isAvailable(QStringView key) const;
 

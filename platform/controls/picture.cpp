@@ -20,7 +20,7 @@ bool Picture::click()
 {
     if (!isEnabled() || !isVisible())
         return false;
-    Q_EMIT clicked();
+    raise("Click", [this] { Q_EMIT clicked(); });
     return true;
 }
 

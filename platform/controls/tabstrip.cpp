@@ -54,11 +54,11 @@ bool TabStrip::selectPage(int page)
     if (page == m_current)
         return true;
     TabChangeArgs args{m_current, page, false};
-    Q_EMIT beforePageChange(args);
-    if (args.cancel)
+    if (raise("BeforeClick", [&] { Q_EMIT beforePageChange(args); }) == Raised::Abandoned ||
+        args.cancel)
         return false;
     const int previous = std::exchange(m_current, page);
-    Q_EMIT currentPageChanged(page, previous);
+    raise("Click", [&] { Q_EMIT currentPageChanged(page, previous); });
     return true;
 }
 

@@ -1,5 +1,6 @@
 #include "platform/db/connection.h"
 
+#include "platform/db/databasecondition.h"
 #include "platform/db/odbcengine.h"
 #include "platform/db/recordset.h"
 #include "platform/db/runtimeerror.h"
@@ -28,6 +29,28 @@ QString sqlitePath(const QString& text)
     return match.hasMatch() ? match.captured(1).trimmed() : text.trimmed();
 }
 
+int sqliteBusyTimeout(const QString& text)
+{
+    static const QRegularExpression timeout(
+        QStringLiteral("(?:^|;)\\s*Busy Timeout\\s*=\\s*(\\d+)"),
+        QRegularExpression::CaseInsensitiveOption);
+    const QRegularExpressionMatch match = timeout.match(text);
+    return match.hasMatch() ? match.captured(1).toInt() : SqliteEngine::defaultBusyTimeout;
+}
+
+QString describe(const ProviderError& error, Dialect dialect)
+{
+    const QString condition = databaseCondition(error, dialect);
+    return condition.isEmpty() ? error.description : condition + u'\n' + error.description;
+}
+
+[[noreturn]] void raiseTransactionAborted()
+{
+    throw RuntimeError(RuntimeError::TransactionAborted,
+                       QStringLiteral("Il database ha annullato l'intera transazione: nessuna "
+                                      "delle modifiche fatte al suo interno è stata salvata."));
+}
+
 QString quotedIdentifier(const QString& name)
 {
     QString escaped = name;
@@ -51,12 +74,15 @@ void Connection::open(const QString& connectionString)
         if (isOdbcConnectionString(connectionString))
             m_engine = std::make_unique<OdbcEngine>(connectionString);
         else
-            m_engine = std::make_unique<SqliteEngine>(sqlitePath(connectionString));
+            m_engine = std::make_unique<SqliteEngine>(sqlitePath(connectionString),
+                                                      sqliteBusyTimeout(connectionString));
     } catch (const EngineError& e) {
         m_errors.append(e.error());
+        const Dialect guessed =
+            isOdbcConnectionString(connectionString) ? Dialect::SqlServer : Dialect::Sqlite;
         throw RuntimeError(
             e.error().number,
-            QStringLiteral("Cannot open the database: %1").arg(e.error().description),
+            QStringLiteral("Impossibile aprire il database: %1").arg(describe(e.error(), guessed)),
             e.error().source);
     }
     m_connectionString = connectionString;
@@ -71,8 +97,10 @@ void Connection::close()
             rollbackTrans();
         } catch (const RuntimeError&) {
             m_transactionLevel = 0;
+            settle(false);
         }
     }
+    m_transactionAborted = false;
     m_engine.reset();
     m_tables.clear();
     m_translations.clear();
@@ -134,7 +162,9 @@ QStringList Connection::translate(const QString& tsql)
         return *cached;
     refreshSchemaKnowledge();
     const TsqlRewriter rewriter(
-        [this](QStringView column) { return m_textColumns.contains(column.toString().toUpper()); });
+        [this](QStringView column) { return m_textColumns.contains(column.toString().toUpper()); },
+        engine().hasTsqlFunctions() ? TsqlRewriter::UndecidedPlus::CallTsqlAdd
+                                    : TsqlRewriter::UndecidedPlus::Add);
     const QStringList statements = rewriter.rewrite(tsql);
     m_translations.insert(tsql, statements);
     return statements;
@@ -144,7 +174,7 @@ void Connection::raise(const EngineError& e, const QString& original, const QStr
 {
     ProviderError error = e.error();
     m_errors.append(error);
-    QString description = error.description;
+    QString description = describe(error, dialect());
     if (sent != original)
         description += QStringLiteral("\nStatement: %1\nSent as: %2").arg(original, sent);
     else
@@ -172,6 +202,8 @@ void Connection::refineColumnKinds(ResultSet& result)
 
 ResultSet Connection::runTranslated(const QString& tsql, bool logAsInternal)
 {
+    m_errors.clear();
+    refuseWhileAborted();
     if (m_log.isEnabled())
         m_log.append(tsql, logAsInternal);
     QStringList statements;
@@ -189,6 +221,7 @@ ResultSet Connection::runTranslated(const QString& tsql, bool logAsInternal)
             if (result.hasColumns() || !last.hasColumns())
                 last = std::move(result);
         } catch (const EngineError& e) {
+            checkTransaction();
             raise(e, tsql, statement);
         }
     }
@@ -212,12 +245,15 @@ ResultSet Connection::query(const QString& tsql)
 
 ResultSet Connection::run(const QString& sql, const ValueList& parameters)
 {
+    m_errors.clear();
+    refuseWhileAborted();
     if (m_log.isEnabled())
         m_log.append(sql, true);
     ResultSet result;
     try {
         result = engine().run(sql, parameters);
     } catch (const EngineError& e) {
+        checkTransaction();
         raise(e, sql, sql);
     }
     if (m_engine->refinesKinds() && result.hasColumns())
@@ -258,6 +294,7 @@ Value Connection::insertRow(const QString& table, const QStringList& columns,
 
 void Connection::beginTrans()
 {
+    refuseWhileAborted();
     try {
         if (m_transactionLevel == 0)
             engine().begin();
@@ -267,6 +304,8 @@ void Connection::beginTrans()
                     ? QStringLiteral("SAVE TRANSACTION tv_level%1").arg(m_transactionLevel)
                     : QStringLiteral("SAVEPOINT tv_level%1").arg(m_transactionLevel));
     } catch (const EngineError& e) {
+        if (m_transactionLevel > 0)
+            checkTransaction();
         raise(e, QStringLiteral("BEGIN TRANSACTION"), QStringLiteral("BEGIN TRANSACTION"));
     }
     ++m_transactionLevel;
@@ -278,14 +317,27 @@ void Connection::commitTrans()
         throw RuntimeError(RuntimeError::OperationNotAllowed,
                            QStringLiteral("No transaction is open"));
     --m_transactionLevel;
+    if (m_transactionAborted) {
+        if (m_transactionLevel == 0)
+            abandonTransaction();
+        raiseTransactionAborted();
+    }
     try {
         if (m_transactionLevel == 0)
             engine().commit();
         else if (dialect() == Dialect::Sqlite)
             engine().runDirect(QStringLiteral("RELEASE tv_level%1").arg(m_transactionLevel));
     } catch (const EngineError& e) {
+        // SQLite keeps a transaction whose COMMIT it refused (a deferred constraint, a busy
+        // file) open, holding its lock: it is rolled back, so that the connection can go on.
+        if (m_transactionLevel == 0)
+            abandonTransaction();
+        else
+            checkTransaction();
         raise(e, QStringLiteral("COMMIT"), QStringLiteral("COMMIT"));
     }
+    if (m_transactionLevel == 0)
+        settle(true);
 }
 
 void Connection::rollbackTrans()
@@ -294,10 +346,14 @@ void Connection::rollbackTrans()
         throw RuntimeError(RuntimeError::OperationNotAllowed,
                            QStringLiteral("No transaction is open"));
     --m_transactionLevel;
+    if (m_transactionLevel == 0) {
+        abandonTransaction();
+        return;
+    }
+    if (m_transactionAborted)
+        return;
     try {
-        if (m_transactionLevel == 0) {
-            engine().rollback();
-        } else if (dialect() == Dialect::SqlServer) {
+        if (dialect() == Dialect::SqlServer) {
             engine().runDirect(
                 QStringLiteral("ROLLBACK TRANSACTION tv_level%1").arg(m_transactionLevel));
         } else {
@@ -305,24 +361,70 @@ void Connection::rollbackTrans()
             engine().runDirect(QStringLiteral("RELEASE tv_level%1").arg(m_transactionLevel));
         }
     } catch (const EngineError& e) {
+        checkTransaction();
         raise(e, QStringLiteral("ROLLBACK"), QStringLiteral("ROLLBACK"));
     }
 }
 
+void Connection::whenTransactionEnds(std::function<void(bool committed)> settle)
+{
+    if (m_transactionLevel == 0)
+        settle(true);
+    else
+        m_settlers << std::move(settle);
+}
+
+void Connection::checkTransaction()
+{
+    if (m_transactionLevel == 0 || m_transactionAborted || !m_engine)
+        return;
+    try {
+        m_transactionAborted = !m_engine->transactionOpen();
+    } catch (const EngineError&) {
+        // A connection that cannot even answer is taken to have lost the transaction: writing
+        // on would risk statements committed on their own.
+        m_transactionAborted = true;
+    }
+}
+
+void Connection::refuseWhileAborted() const
+{
+    if (m_transactionAborted)
+        raiseTransactionAborted();
+}
+
+void Connection::abandonTransaction()
+{
+    m_transactionAborted = false;
+    try {
+        if (m_engine)
+            m_engine->rollback();
+    } catch (const EngineError& e) {
+        m_errors.append(e.error());
+    }
+    settle(false);
+}
+
+void Connection::settle(bool committed)
+{
+    const QList<std::function<void(bool)>> settlers = std::exchange(m_settlers, {});
+    for (const auto& settler : settlers)
+        settler(committed);
+}
+
 const TableInfo& Connection::tableInfo(const QString& table)
 {
-    if (dialect() == Dialect::Sqlite)
-        refreshSchemaKnowledge();
-    const QString key = table.toUpper();
-    auto found = m_tables.find(key);
-    if (found == m_tables.end()) {
-        try {
+    try {
+        if (dialect() == Dialect::Sqlite)
+            refreshSchemaKnowledge();
+        const QString key = table.toUpper();
+        auto found = m_tables.find(key);
+        if (found == m_tables.end())
             found = m_tables.insert(key, engine().tableInfo(table));
-        } catch (const EngineError& e) {
-            raise(e, table, table);
-        }
+        return *found;
+    } catch (const EngineError& e) {
+        raise(e, table, table);
     }
-    return *found;
 }
 
 TransactionGuard::TransactionGuard(Connection& connection)
@@ -344,8 +446,10 @@ TransactionGuard::~TransactionGuard()
 
 void TransactionGuard::commit()
 {
-    m_connection.commitTrans();
+    // The level is ended whether the commit succeeds or not: the destructor must not end it
+    // a second time (which would roll back the level around this one).
     m_done = true;
+    m_connection.commitTrans();
 }
 
 } // namespace tarvello::db

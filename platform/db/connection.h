@@ -6,6 +6,7 @@
 #include <QHash>
 #include <QSet>
 #include <QString>
+#include <functional>
 #include <memory>
 
 namespace tarvello::db {
@@ -17,9 +18,16 @@ using RecordsetPtr = std::shared_ptr<Recordset>;
 // T-SQL texts (rewritten for SQLite), collects provider errors, keeps a statement log and
 // nests transactions.
 //
-// Connection strings: "Data Source=PATH" (or a bare path, or ":memory:") opens SQLite;
-// anything with "DRIVER=" or "DSN=" goes through ODBC, and the engine behind it is
-// detected, so an ODBC connection to SQLite gets the SQLite rewriting too.
+// Connection strings: "Data Source=PATH" (or a bare path, a "file:" URI, or ":memory:")
+// opens SQLite, waiting up to "Busy Timeout=MS" (5000) for another user's lock; anything
+// with "DRIVER=" or "DSN=" goes through ODBC, and the engine behind it is detected, so an
+// ODBC connection to SQLite gets the SQLite rewriting too.
+//
+// Transactions tell the truth. A COMMIT the database refuses leaves the transaction rolled
+// back. When the database drops a whole transaction on an error (a deadlock victim, a full
+// disk, a trigger's RAISE(ROLLBACK)), the connection notices, refuses every statement until
+// each level opened has been ended (so nothing meant for the transaction is written on its
+// own), and commitTrans at any level raises TransactionAborted.
 class Connection {
 public:
     Connection();
@@ -53,7 +61,15 @@ public:
     void commitTrans();
     void rollbackTrans();
     int transactionLevel() const { return m_transactionLevel; }
+    // The database has dropped the open transaction; the levels are still to be ended.
+    bool transactionAborted() const { return m_transactionAborted; }
+    // Runs `settle` when the outermost transaction ends: with true when it commits, false when
+    // it is rolled back or dropped. Outside a transaction it runs at once, with true. Work done
+    // inside a nested level is only done once the outermost commits.
+    void whenTransactionEnds(std::function<void(bool committed)> settle);
 
+    // The provider errors of the latest statement: each statement starts with none, so a
+    // report of a failure shows that statement's errors and no earlier ones.
     const QList<ProviderError>& errors() const { return m_errors; }
     void clearErrors() { m_errors.clear(); }
     StatementLog& log() { return m_log; }
@@ -68,6 +84,13 @@ private:
     void refreshSchemaKnowledge();
     ResultSet runTranslated(const QString& tsql, bool logAsInternal);
     void refineColumnKinds(ResultSet& result);
+    // A failed statement may have cost the whole transaction.
+    void checkTransaction();
+    void refuseWhileAborted() const;
+    // Ends the engine's transaction after the database refused or dropped it, and tells the
+    // work waiting for the outcome.
+    void abandonTransaction();
+    void settle(bool committed);
     [[noreturn]] void raise(const EngineError& e, const QString& original, const QString& sent);
 
     std::unique_ptr<Engine> m_engine; // Owned.
@@ -79,6 +102,8 @@ private:
     QSet<QString> m_textColumns;
     qint64 m_schemaVersion = -1;
     int m_transactionLevel = 0;
+    bool m_transactionAborted = false;
+    QList<std::function<void(bool)>> m_settlers;
 };
 
 // Rolls back on destruction unless committed: every multi-statement write uses one.

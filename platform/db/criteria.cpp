@@ -338,7 +338,16 @@ int compareValues(const Value& a, const Value& b)
         const auto order = a.toDecimal() <=> b.toDecimal();
         return order < 0 ? -1 : order > 0 ? 1 : 0;
     }
-    return QString::compare(a.toString(), b.toString(), Qt::CaseInsensitive);
+    return QString::compare(comparedText(a.toString()), comparedText(b.toString()),
+                            Qt::CaseInsensitive);
+}
+
+QString comparedText(const QString& text)
+{
+    qsizetype length = text.size();
+    while (length > 0 && text.at(length - 1) == u' ')
+        --length;
+    return text.first(length);
 }
 
 } // namespace tarvello::db

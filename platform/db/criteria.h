@@ -11,7 +11,8 @@
 namespace tarvello::db {
 
 // A recordset's Find and Filter criteria: "COL = 5", "COL <> 'it''s' AND (A > 1 OR B IS
-// NULL)", "COL LIKE 'AB*'", dates between #...#. Texts compare without regard to case.
+// NULL)", "COL LIKE 'AB*'", dates between #...#. Texts compare as SQL Server compares them:
+// without regard to case or to trailing blanks.
 // Parsed once, then matched against many rows.
 class Criteria {
 public:
@@ -35,7 +36,10 @@ private:
 };
 
 // Compares two values as a sort or a criterion does: Null first, numbers by value, texts
-// without regard to case, dates by time. Returns <0, 0 or >0.
+// without regard to case or to trailing blanks, dates by time. Returns <0, 0 or >0.
 int compareValues(const Value& a, const Value& b);
+
+// The text as a comparison sees it: trailing blanks do not count.
+QString comparedText(const QString& text);
 
 } // namespace tarvello::db

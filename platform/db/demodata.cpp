@@ -1,5 +1,6 @@
 #include "platform/db/demodata.h"
 
+#include "platform/db/runtimeerror.h"
 #include "platform/db/schema.h"
 
 #include <QDate>
@@ -787,6 +788,30 @@ void createSchema(Connection& connection)
     for (const QString& statement : schemaStatements(connection.dialect()))
         connection.run(statement);
     transaction.commit();
+}
+
+void ensureSchema(Connection& connection)
+{
+    if (!connection.tableInfo(QStringLiteral("MG17_AGENTI")).exists()) {
+        createSchema(connection);
+        return;
+    }
+    const QString exists = connection.dialect() == Dialect::Sqlite
+                               ? QStringLiteral("SELECT COUNT(*) FROM sqlite_master WHERE "
+                                                "type = 'index' AND name = ?")
+                               : QStringLiteral("SELECT COUNT(*) FROM sys.indexes WHERE name = ?");
+    for (const TableDef& table : Schema::host().tables()) {
+        for (const IndexDef& index : table.indexes) {
+            if (connection.run(exists, {index.name}).rows.value(0).value(0).toInt64() > 0)
+                continue;
+            try {
+                connection.run(index.createStatement(table.name));
+            } catch (const RuntimeError&) {
+                // Rows that already break a unique index keep it from being made; the
+                // database stays as usable as it was.
+            }
+        }
+    }
 }
 
 void populateDemoData(Connection& connection, const DemoOptions& options)

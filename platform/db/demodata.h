@@ -18,6 +18,9 @@ struct DemoCompanies {
 
 // Creates the host tables with the DDL of the connection's dialect.
 void createSchema(Connection& connection);
+// Gives a database without the host tables the whole schema, and one created before an index
+// was declared that index.
+void ensureSchema(Connection& connection);
 
 // Fills an empty schema with the demo rows in one transaction. The same options always give
 // the same rows.

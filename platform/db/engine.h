@@ -45,9 +45,16 @@ public:
 
     virtual void begin() = 0;
     virtual void commit() = 0;
+    // Ends the transaction on the engine's side, also one the database has already dropped.
     virtual void rollback() = 0;
+    // Whether the transaction begun with begin() is still open in the database: on some
+    // errors (a deadlock victim, a full disk, an I/O error, a trigger's RAISE(ROLLBACK)) the
+    // database rolls the whole transaction back and carries on without one.
+    virtual bool transactionOpen() = 0;
 
     virtual TableInfo tableInfo(const QString& table) = 0;
+    // Whether the statements may call the functions of tsqlfunctions.h.
+    virtual bool hasTsqlFunctions() const { return false; }
     // Whether result columns should take their kinds from the tables' declarations,
     // because the driver's own report of them is approximate.
     virtual bool refinesKinds() const { return false; }

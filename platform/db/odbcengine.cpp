@@ -53,6 +53,23 @@ ColumnKind kindOf(const QSqlField& field)
     }
 }
 
+// SQL Server describes a column by its bare type name and its storage: the declared type
+// as a statement would write it, "decimal(6,3)" or "nvarchar(30)" (max_length counts
+// bytes, two per character of an N type; -1 is MAX).
+QString sqlServerDeclaredType(const QString& type, int maxLength, int precision, int scale)
+{
+    const QString name = type.toLower();
+    if (name == u"decimal" || name == u"numeric")
+        return QStringLiteral("%1(%2,%3)").arg(name).arg(precision).arg(scale);
+    if (name.contains(u"char")) {
+        if (maxLength < 0)
+            return name + QStringLiteral("(max)");
+        return QStringLiteral("%1(%2)").arg(name).arg(name.startsWith(u'n') ? maxLength / 2
+                                                                            : maxLength);
+    }
+    return name;
+}
+
 } // namespace
 
 OdbcEngine::OdbcEngine(const QString& connectionString)
@@ -190,6 +207,20 @@ void OdbcEngine::rollback()
         throw EngineError(providerError(db.lastError()));
 }
 
+bool OdbcEngine::transactionOpen()
+{
+    if (m_dialect == Dialect::SqlServer)
+        return runDirect(QStringLiteral("SELECT XACT_STATE()")).rows.value(0).value(0).toInt64() ==
+               1;
+    // SQLite has no question for it, but refuses a BEGIN inside a transaction. A BEGIN that
+    // succeeds means the database had dropped the transaction; it opens the one the driver
+    // still believes in, which the driver's rollback then ends.
+    QSqlQuery probe(QSqlDatabase::database(m_name, false));
+    const bool began = probe.exec(QStringLiteral("BEGIN"));
+    probe.finish();
+    return !began;
+}
+
 TableInfo OdbcEngine::tableInfo(const QString& table)
 {
     if (m_dialect == Dialect::Sqlite)
@@ -204,7 +235,8 @@ TableInfo OdbcEngine::tableInfo(const QString& table)
                        "ISNULL((SELECT ic.key_ordinal FROM sys.index_columns ic JOIN sys.indexes i "
                        "ON i.object_id = ic.object_id AND i.index_id = ic.index_id "
                        "WHERE i.is_primary_key = 1 AND ic.object_id = c.object_id "
-                       "AND ic.column_id = c.column_id), 0) AS key_ordinal "
+                       "AND ic.column_id = c.column_id), 0) AS key_ordinal, "
+                       "c.max_length, c.precision, c.scale "
                        "FROM sys.columns c JOIN sys.types t ON t.user_type_id = c.user_type_id "
                        "WHERE c.object_id = OBJECT_ID(%1) ORDER BY c.column_id")
             .arg(literal));
@@ -212,6 +244,9 @@ TableInfo OdbcEngine::tableInfo(const QString& table)
         TableInfo::ColumnInfo column;
         column.name = row[0].toString();
         column.kind = columnKindFromDeclaredType(row[1].toString());
+        column.size = columnSizeFromDeclaredType(
+            sqlServerDeclaredType(row[1].toString(), int(row[7].toInt64()), int(row[8].toInt64()),
+                                  int(row[9].toInt64())));
         column.notNull = row[2].toInt64() == 0;
         column.identity = row[3].toInt64() != 0;
         column.hasDefault = row[4].toInt64() != 0;
@@ -219,6 +254,22 @@ TableInfo OdbcEngine::tableInfo(const QString& table)
         column.keyPosition = int(row[6].toInt64());
         column.primaryKey = column.keyPosition != 0;
         info.columns << column;
+    }
+    const ResultSet uniqueParts = runDirect(
+        QStringLiteral("SELECT i.index_id, c.name FROM sys.indexes i JOIN sys.index_columns ic "
+                       "ON ic.object_id = i.object_id AND ic.index_id = i.index_id "
+                       "JOIN sys.columns c ON c.object_id = ic.object_id AND c.column_id = "
+                       "ic.column_id WHERE i.object_id = OBJECT_ID(%1) AND i.is_unique = 1 AND "
+                       "i.is_primary_key = 0 AND i.has_filter = 0 AND ic.is_included_column = 0 "
+                       "ORDER BY i.index_id, ic.key_ordinal")
+            .arg(literal));
+    qint64 index = -1;
+    for (const ValueList& part : uniqueParts.rows) {
+        if (part[0].toInt64() != index) {
+            index = part[0].toInt64();
+            info.uniqueKeys << QStringList();
+        }
+        info.uniqueKeys.last() << part[1].toString();
     }
     return info;
 }

@@ -27,6 +27,7 @@ public:
     void begin() override;
     void commit() override;
     void rollback() override;
+    bool transactionOpen() override;
     TableInfo tableInfo(const QString& table) override;
     bool refinesKinds() const override { return true; }
 

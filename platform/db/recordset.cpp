@@ -729,54 +729,108 @@ void Recordset::writeRows(const QList<Bookmark>& bookmarks)
     Connection& connection = *m_store->connection;
     RowWriter writer(connection, m_store->baseTable, m_store->columns);
 
-    struct Written {
-        Bookmark bookmark;
-        Value identity;
-    };
+    QList<Bookmark> pending;
+    for (Bookmark bookmark : bookmarks) {
+        const RowStore::Row* row = m_store->find(bookmark);
+        if (row && row->status != RowStatus::Unmodified && !row->awaitingCommit)
+            pending << bookmark;
+    }
     QList<Written> written;
-    QStringList failures;
+    QStringList refused;
+    std::optional<QString> dropped; // why the database dropped the whole write
     {
         TransactionGuard transaction(connection);
-        for (Bookmark bookmark : bookmarks) {
+        for (Bookmark bookmark : std::as_const(pending)) {
             RowStore::Row* row = m_store->find(bookmark);
-            if (!row || row->status == RowStatus::Unmodified)
-                continue;
-            // The row keeps its pending state unless the whole write commits.
             try {
                 const RowWriter::Result result = writer.write(*row);
                 row->conflict = result.outcome == RowWriter::Outcome::Conflict;
-                row->error = row->conflict ? QStringLiteral("the row was changed or deleted by "
-                                                            "another user since it was read")
+                row->error = row->conflict ? QStringLiteral("la riga è stata modificata o "
+                                                            "eliminata da un altro utente dopo "
+                                                            "la lettura")
                                            : QString();
                 if (!row->conflict)
                     written << Written{bookmark, result.identity};
             } catch (const RuntimeError& e) {
                 row->conflict = true;
                 row->error = e.description();
+                // The rows written so far went with the transaction, and the ones after it
+                // would be committed on their own: nothing more is written.
+                if (connection.transactionAborted()) {
+                    dropped = e.description();
+                    break;
+                }
             }
             if (row->conflict)
-                failures << row->error;
+                refused << rowName(*row) + QStringLiteral(": ") + row->error;
         }
-        transaction.commit();
-    }
-    for (const Written& w : std::as_const(written)) {
-        RowStore::Row* row = m_store->find(w.bookmark);
-        if (row->status == RowStatus::Deleted) {
-            m_store->remove(w.bookmark);
-            continue;
+        if (!dropped) {
+            try {
+                transaction.commit();
+            } catch (const RuntimeError& e) {
+                dropped = e.description();
+            }
         }
-        if (row->status == RowStatus::New && writer.identityIndex() >= 0)
-            row->values[writer.identityIndex()] = w.identity;
-        row->original.reset();
-        row->status = RowStatus::Unmodified;
     }
-    m_store->notifyRowsChanged();
-    if (!failures.isEmpty())
-        throw RuntimeError(
-            RuntimeError::RowConflict,
-            QStringLiteral("%1 of the rows could not be saved and are still pending: %2")
-                .arg(failures.size())
-                .arg(failures.join(QStringLiteral("; "))));
+    if (dropped) {
+        QStringList names;
+        for (const Bookmark bookmark : std::as_const(pending))
+            names << rowName(*m_store->find(bookmark));
+        m_store->notifyRowsChanged();
+        throw RuntimeError(RuntimeError::TransactionAborted,
+                           QStringLiteral("Nessuna riga è stata scritta: il database ha annullato "
+                                          "l'intera operazione.\n%1\nRighe non scritte: %2")
+                               .arg(*dropped, names.join(QStringLiteral(", "))));
+    }
+    settleWhenCommitted(connection, std::move(written), writer.identityIndex());
+    if (!refused.isEmpty())
+        throw RuntimeError(RuntimeError::RowConflict,
+                           QStringLiteral("Righe non scritte nel database: %1")
+                               .arg(refused.join(QStringLiteral("; "))));
+}
+
+void Recordset::settleWhenCommitted(Connection& connection, QList<Written> written,
+                                    int identityIndex)
+{
+    for (const Written& w : std::as_const(written))
+        m_store->find(w.bookmark)->awaitingCommit = true;
+    const std::weak_ptr<RowStore> store = m_store;
+    connection.whenTransactionEnds([store, written, identityIndex](bool committed) {
+        const std::shared_ptr<RowStore> rows = store.lock();
+        if (!rows)
+            return;
+        for (const Written& w : written) {
+            RowStore::Row* row = rows->find(w.bookmark);
+            if (!row)
+                continue;
+            row->awaitingCommit = false;
+            if (!committed)
+                continue;
+            if (row->status == RowStatus::Deleted) {
+                rows->remove(w.bookmark);
+                continue;
+            }
+            if (row->status == RowStatus::New && identityIndex >= 0)
+                row->values[identityIndex] = w.identity;
+            row->original.reset();
+            row->status = RowStatus::Unmodified;
+        }
+        rows->notifyRowsChanged();
+    });
+}
+
+QString Recordset::rowName(const StoredRow& row) const
+{
+    if (row.status == RowStatus::Deleted)
+        return QStringLiteral("una riga eliminata");
+    qsizetype place = 0;
+    for (const RowStore::Row& other : m_store->rows()) {
+        if (other.status != RowStatus::Deleted)
+            ++place;
+        if (other.bookmark == row.bookmark)
+            break;
+    }
+    return QStringLiteral("riga %1").arg(place);
 }
 
 void Recordset::updateBatch()
@@ -792,6 +846,45 @@ void Recordset::updateBatch()
 void Recordset::updateCurrent()
 {
     writeRows({currentRowData().bookmark});
+}
+
+bool Recordset::changedInDatabase() const
+{
+    if (!m_store->connection || !m_store->open)
+        return false;
+    // Rows compared whole and without regard to order: a text per row, sorted.
+    const auto rowText = [](const ValueList& values) {
+        QStringList texts;
+        for (const Value& value : values)
+            texts << (value.isNull() || value.isEmpty() ? QStringLiteral("\x01")
+                                                        : value.toString());
+        return texts.join(u'\x02');
+    };
+    QStringList read;
+    for (const RowStore::Row& row : m_store->rows()) {
+        if (row.status != RowStatus::New)
+            read << rowText(row.original ? *row.original : row.values);
+    }
+    QStringList now;
+    for (const ValueList& values : m_store->connection->query(m_store->source).rows)
+        now << rowText(values);
+    read.sort();
+    now.sort();
+    return read != now;
+}
+
+QStringList Recordset::duplicatedUniqueKey() const
+{
+    const StoredRow& row = currentRowData();
+    if (!m_store->connection || m_store->baseTable.isEmpty())
+        return {};
+    Connection& connection = *m_store->connection;
+    RowWriter writer(connection, m_store->baseTable, m_store->columns);
+    for (const QStringList& key : connection.tableInfo(m_store->baseTable).uniqueKeys) {
+        if (writer.anotherRowHolds(row, key))
+            return key;
+    }
+    return {};
 }
 
 void Recordset::requery()

@@ -128,15 +128,25 @@ public:
     EditMode editMode() const;
     qsizetype pendingCount() const;
 
-    // Writes every pending row (including rows hidden by a filter) in one transaction of
-    // its own when none is open. A row the database refuses, or one changed or gone since
-    // it was read, stays pending with all its values; the others are written. Raises
-    // RuntimeError naming the rows that failed.
+    // Writes every pending row (including rows hidden by a filter) in one transaction (a
+    // nested level inside one already open). A row the database refuses, or one changed or
+    // gone since it was read, stays pending with all its values; the others are written, and
+    // RowConflict names the rows that failed. When the database drops the whole transaction
+    // (or refuses its commit), no row is written: all stay pending and TransactionAborted
+    // names them. Rows written inside an enclosing transaction count as saved only once it
+    // commits; until then they stay pending and are not written again.
     void updateBatch();
     // Writes the current row only (the record frame's immediate save).
     void updateCurrent();
     // Reads the rows again from the source query; pending changes are dropped.
     void requery();
+    // Whether the source query now reads other rows than it read (added, removed or changed
+    // by someone else since); the recordset's own pending changes do not count. False for a
+    // recordset built in memory.
+    bool changedInDatabase() const;
+    // The columns of a unique key of the base table (the primary key aside) whose values the
+    // current row shares with another row of the table; empty when none does.
+    QStringList duplicatedUniqueKey() const;
 
 Q_SIGNALS:
     // The current row of this handle moved (also to BOF/EOF).
@@ -166,7 +176,15 @@ private:
     // Where a bookmark stands in the view; -1 when it is not visible.
     qsizetype viewPosition(Bookmark bookmark) const;
     void setView(QList<Bookmark> view);
+    struct Written {
+        Bookmark bookmark;
+        Value identity;
+    };
     void writeRows(const QList<Bookmark>& bookmarks);
+    // Marks the rows written saved when the transaction they were written in commits.
+    void settleWhenCommitted(Connection& connection, QList<Written> written, int identityIndex);
+    // How a message names a row: its place among the rows shown.
+    QString rowName(const StoredRow& row) const;
 
     std::shared_ptr<RowStore> m_store;
     QList<Bookmark> m_view; // visible rows in order

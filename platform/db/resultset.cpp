@@ -72,6 +72,37 @@ ColumnKind columnKindFromDeclaredType(QStringView declared)
     return ColumnKind::Unknown;
 }
 
+ColumnSize columnSizeFromDeclaredType(QStringView declared)
+{
+    const QString type = declared.trimmed().toString().toUpper();
+    const qsizetype open = type.indexOf(u'(');
+    const QString name = type.left(open).trimmed();
+    QList<int> arguments;
+    if (open >= 0) {
+        const QString inside = type.mid(open + 1).section(u')', 0, 0);
+        for (const QString& argument : inside.split(u','))
+            arguments << argument.trimmed().toInt();
+    }
+    ColumnSize size;
+    if (name == u"TINYINT")
+        size.integerBytes = 1;
+    else if (name == u"SMALLINT")
+        size.integerBytes = 2;
+    else if (name == u"INT")
+        size.integerBytes = 4;
+    else if (name == u"INTEGER" || name == u"BIGINT")
+        size.integerBytes = 8;
+    else if (name == u"SMALLMONEY")
+        size = {0, 10, 4, 0};
+    else if (name == u"MONEY")
+        size = {0, 19, 4, 0};
+    else if (name.startsWith(u"DEC") || name == u"NUMERIC")
+        size = {0, arguments.value(0), arguments.value(1), 0};
+    else if (name.contains(u"CHAR"))
+        size.length = arguments.value(0); // MAX reads as 0: no limit
+    return size;
+}
+
 Value defaultValueFromSql(QStringView sql, ColumnKind kind)
 {
     QStringView text = sql.trimmed();

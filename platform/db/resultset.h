@@ -29,12 +29,23 @@ struct ResultSet {
     int columnIndex(QStringView name) const;
 };
 
-// What the database says of a table: its columns with their kinds, which of them form the
-// primary key and which one the database assigns on insert.
+// How much a column holds, as its declared type says; 0 where the type sets no limit.
+struct ColumnSize {
+    int length = 0;       // characters of a text
+    int precision = 0;    // digits of a decimal, its decimal places included
+    int scale = 0;        // decimal places of a decimal
+    int integerBytes = 0; // bytes of an integer: 1 (0 to 255), 2, 4 or 8
+
+    bool operator==(const ColumnSize&) const = default;
+};
+
+// What the database says of a table: its columns with their kinds and sizes, which of them
+// form the primary key and which one the database assigns on insert.
 struct TableInfo {
     struct ColumnInfo {
         QString name;
         ColumnKind kind = ColumnKind::Unknown;
+        ColumnSize size;
         bool primaryKey = false;
         int keyPosition = 0; // 1-based place in the primary key
         bool identity = false;
@@ -44,6 +55,8 @@ struct TableInfo {
     };
     QString name;
     QList<ColumnInfo> columns;
+    // The columns of each unique index or constraint other than the primary key.
+    QList<QStringList> uniqueKeys;
 
     bool exists() const { return !columns.isEmpty(); }
     const ColumnInfo* column(QStringView name) const;
@@ -53,6 +66,10 @@ struct TableInfo {
 
 // Maps a declared SQL type ("INT", "DECIMAL(9,3)", "DATETIME", "VARCHAR(20)") to a kind.
 ColumnKind columnKindFromDeclaredType(QStringView declared);
+// The size a declared SQL type gives its column: "VARCHAR(20)" 20 characters, "DECIMAL(6,3)"
+// 6 digits with 3 decimal places, "SMALLINT" a 2-byte integer. SQLite's "INTEGER" is its
+// 8-byte row id.
+ColumnSize columnSizeFromDeclaredType(QStringView declared);
 // Reads a column default as the database states it ("0", "((-1))", "'abc'", "N'x'").
 Value defaultValueFromSql(QStringView sql, ColumnKind kind);
 // Converts a raw value read from the engine to the kind of its column.

@@ -1,5 +1,7 @@
 #include "platform/db/rowstore.h"
 
+#include "platform/db/criteria.h"
+
 #include <algorithm>
 
 namespace tarvello::db {
@@ -75,13 +77,13 @@ std::optional<QList<Recordset::Bookmark>> RowStore::rowsWithText(int column,
                 index.reset();
                 break;
             }
-            index->insert(value.toString().toCaseFolded(), i);
+            index->insert(comparedText(value.toString()).toCaseFolded(), i);
         }
         built = m_textIndexes.insert(column, std::move(index));
     }
     if (!*built)
         return std::nullopt;
-    QList<qsizetype> positions = (*built)->values(text.toCaseFolded());
+    QList<qsizetype> positions = (*built)->values(comparedText(text).toCaseFolded());
     std::sort(positions.begin(), positions.end());
     QList<Recordset::Bookmark> bookmarks;
     bookmarks.reserve(positions.size());

@@ -20,6 +20,9 @@ struct StoredRow {
     RowStatus status = RowStatus::Unmodified;
     bool conflict = false;
     QString error;
+    // Written inside a transaction that has not ended yet: the row stays pending, but is not
+    // written again, until the outcome is known.
+    bool awaitingCommit = false;
 };
 
 // The rows of a recordset and of all its clones, with their pending changes.
@@ -58,9 +61,9 @@ public:
         Q_EMIT valueChanged(bookmark);
     }
     // The rows, in their order, whose value in the column is a text equal to `text` without
-    // regard to case, as a criterion compares them; none when the column holds anything but
-    // texts and empty values, for then a comparison may find rows an index would miss. Built
-    // on first use, dropped by any change of the rows.
+    // regard to case or trailing blanks, as a criterion compares them; none when the column holds
+    // anything but texts and empty values, for then a comparison may find rows an index would miss.
+    // Built on first use, dropped by any change of the rows.
     std::optional<QList<Recordset::Bookmark>> rowsWithText(int column, const QString& text) const;
 
 Q_SIGNALS:

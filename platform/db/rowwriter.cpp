@@ -153,11 +153,64 @@ QString RowWriter::updateStatement(const QList<int>& changed)
 
 RowWriter::Outcome RowWriter::remove(const RowStore::Row& row)
 {
+    const ValueList& read = row.original ? *row.original : row.values;
     ValueList parameters;
-    const QString sql = QStringLiteral("DELETE FROM ") + quoteIdentifier(m_table) +
-                        QStringLiteral(" WHERE ") + keyCondition(row, parameters);
-    const ResultSet result = m_connection.run(sql, parameters);
+    for (int i : std::as_const(m_keyIndexes))
+        addConditionParameters(parameters, read[i]);
+    for (int i : std::as_const(m_writable)) {
+        if (!m_keyIndexes.contains(i))
+            addConditionParameters(parameters, read[i]);
+    }
+    const ResultSet result = m_connection.run(deleteStatement(), parameters);
     return result.rowsAffected == 0 ? Outcome::Conflict : Outcome::Written;
+}
+
+QString RowWriter::deleteStatement()
+{
+    if (!m_delete.isEmpty())
+        return m_delete;
+    QStringList checks;
+    ValueList unused;
+    RowStore::Row probe;
+    probe.values = ValueList(m_columns.size(), Value(0));
+    checks << keyCondition(probe, unused);
+    for (int i : std::as_const(m_writable)) {
+        if (!m_keyIndexes.contains(i))
+            checks << condition(m_columns[i].baseColumn, m_columns[i].kind, unused, Value(0));
+    }
+    m_delete = QStringLiteral("DELETE FROM ") + quoteIdentifier(m_table) +
+               QStringLiteral(" WHERE ") + checks.join(QStringLiteral(" AND "));
+    return m_delete;
+}
+
+int RowWriter::columnIndex(const QString& baseColumn) const
+{
+    for (int i : m_writable) {
+        if (m_columns[i].baseColumn.compare(baseColumn, Qt::CaseInsensitive) == 0)
+            return i;
+    }
+    return -1;
+}
+
+bool RowWriter::anotherRowHolds(const RowStore::Row& row, const QStringList& columns)
+{
+    ValueList parameters;
+    QStringList checks;
+    for (const QString& column : columns) {
+        const int index = columnIndex(column);
+        if (index < 0)
+            return false;
+        checks << condition(m_columns[index].baseColumn, m_columns[index].kind, parameters,
+                            row.values[index]);
+    }
+    // A row already in the table is not its own duplicate.
+    if (row.status != Recordset::RowStatus::New)
+        checks << QStringLiteral("NOT (") + keyCondition(row, parameters) + u')';
+    const ResultSet found =
+        m_connection.run(QStringLiteral("SELECT COUNT(*) FROM ") + quoteIdentifier(m_table) +
+                             QStringLiteral(" WHERE ") + checks.join(QStringLiteral(" AND ")),
+                         parameters);
+    return found.rows.value(0).value(0).toInt64() > 0;
 }
 
 } // namespace tarvello::db

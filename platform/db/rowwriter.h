@@ -6,8 +6,9 @@ namespace tarvello::db {
 
 // Writes one pending row of a recordset to its base table: an insert (reading back the
 // identity), an update of the changed columns, or a delete. Updates and deletes find the
-// row by the table's key and check that the changed columns still hold the values read,
-// so a row changed or removed by someone else since is reported, not overwritten.
+// row by the table's key and check that the columns they concern (an update's changed ones,
+// every column of a row deleted) still hold the values read, so a row changed or removed by
+// someone else since is reported, not overwritten or deleted unseen.
 class RowWriter {
 public:
     RowWriter(Connection& connection, const QString& table, const QList<Column>& columns);
@@ -22,6 +23,9 @@ public:
     Result write(const RowStore::Row& row);
     // The recordset column the identity goes to; -1 when none.
     int identityIndex() const { return m_identityIndex; }
+    // Whether another row of the table holds the row's values in these columns (false when
+    // the recordset lacks one of them).
+    bool anotherRowHolds(const RowStore::Row& row, const QStringList& columns);
 
 private:
     QString condition(const QString& column, ColumnKind kind, ValueList& parameters,
@@ -33,6 +37,8 @@ private:
     Outcome update(const RowStore::Row& row);
     Outcome remove(const RowStore::Row& row);
     QString updateStatement(const QList<int>& changed);
+    QString deleteStatement();
+    int columnIndex(const QString& baseColumn) const;
 
     Connection& m_connection; // Not owned.
     QString m_table;
@@ -44,6 +50,7 @@ private:
     int m_identityIndex = -1;
     // Rows changed in the same columns share one statement text (and prepared statement).
     QHash<QList<int>, QString> m_updates;
+    QString m_delete;
 };
 
 QString quoteIdentifier(const QString& name);

@@ -21,6 +21,7 @@ public:
         OperationNotAllowed = 3219,
         ProviderError = -2147217900,
         RowConflict = -2147217864,
+        TransactionAborted = -2147168242,
     };
 
     RuntimeError(long number, QString description, QString source = {});

@@ -89,29 +89,47 @@ QString prefixOf(const QString& table)
     return table.section(u'_', 0, 0);
 }
 
+// The columns of an index as a table declares it: a plain list, or `unique(...)`.
+struct IndexColumns {
+    IndexColumns(std::initializer_list<QString> names) // NOLINT: a plain list stands in
+        : columns(names)
+    {}
+    IndexColumns(QStringList names, bool isUnique)
+        : columns(std::move(names))
+        , unique(isUnique)
+    {}
+    QStringList columns;
+    bool unique = false;
+};
+
+IndexColumns unique(std::initializer_list<QString> columns)
+{
+    return {QStringList(columns), true};
+}
+
 // Index names are unique per database on both engines: the table prefix and the indexed
-// columns, each without its prefix, make them so.
-IndexDef index(const QString& table, const QStringList& columns)
+// columns, each without its prefix, make them so; UX_ marks a unique index.
+IndexDef index(const QString& table, const IndexColumns& columns)
 {
     const QString prefix = prefixOf(table);
-    QStringList parts{QStringLiteral("IX"), prefix};
-    for (const QString& name : columns)
+    QStringList parts{columns.unique ? QStringLiteral("UX") : QStringLiteral("IX"), prefix};
+    for (const QString& name : columns.columns)
         parts << name.mid(prefix.size() + 1);
-    return {parts.join(u'_'), columns};
+    return {parts.join(u'_'), columns.columns, columns.unique};
 }
 
 TableDef table(const QString& name, QList<ColumnDef> columns, QStringList primaryKey,
-               const QList<QStringList>& indexes = {})
+               const QList<IndexColumns>& indexes = {})
 {
     TableDef def{name, std::move(columns), std::move(primaryKey), {}};
-    for (const QStringList& indexColumns : indexes)
+    for (const IndexColumns& indexColumns : indexes)
         def.indexes << index(name, indexColumns);
     return def;
 }
 
 // A table keyed by a database-assigned id: the key is the identity column.
 TableDef identityTable(const QString& name, QList<ColumnDef> columns,
-                       const QList<QStringList>& indexes = {})
+                       const QList<IndexColumns>& indexes = {})
 {
     QString key;
     for (const ColumnDef& c : columns) {
@@ -259,10 +277,11 @@ TableDef agents()
         },
         // The code index comes last: for a plain company filter SQLite walks the index
         // created last, so the company's agents come in code order, as the tree lists them.
+        // It is unique: of two users saving the same new code, the second is refused.
         {
             {QStringLiteral("MG17_DITTA_CG18"), QStringLiteral("MG17_IDAGERIF_MG17")},
             {QStringLiteral("MG17_DITTA_CG18"), QStringLiteral("MG17_ANAGEN_CG16")},
-            {QStringLiteral("MG17_DITTA_CG18"), QStringLiteral("MG17_AGENTE")},
+            unique({QStringLiteral("MG17_DITTA_CG18"), QStringLiteral("MG17_AGENTE")}),
         });
 }
 
@@ -278,7 +297,7 @@ TableDef agentDetail(const QString& name, QList<ColumnDef> own,
                              integer(agentColumn).notNull()};
     columns << own;
     return identityTable(name, std::move(columns),
-                         {QStringList{companyColumn, agentColumn} + extraIndexColumns});
+                         {{QStringList{companyColumn, agentColumn} + extraIndexColumns, false}});
 }
 
 TableDef partners()
@@ -577,12 +596,6 @@ QString createTable(const TableDef& t, Dialect dialect)
         .arg(t.name, lines.join(QStringLiteral(",\n    ")));
 }
 
-QString createIndex(const TableDef& t, const IndexDef& i)
-{
-    return QStringLiteral("CREATE INDEX %1 ON %2 (%3)")
-        .arg(i.name, t.name, i.columns.join(QStringLiteral(", ")));
-}
-
 } // namespace
 
 ColumnKind ColumnDef::kind() const
@@ -607,6 +620,13 @@ QString ColumnDef::declaredType(Dialect dialect) const
     if (dialect == Dialect::Sqlite && identity)
         return QStringLiteral("INTEGER");
     return sqlServerType(*this);
+}
+
+QString IndexDef::createStatement(const QString& table) const
+{
+    return QStringLiteral("CREATE %1INDEX %2 ON %3 (%4)")
+        .arg(unique ? QStringLiteral("UNIQUE ") : QString(), name, table,
+             columns.join(QStringLiteral(", ")));
 }
 
 const ColumnDef* TableDef::column(QStringView name) const
@@ -686,7 +706,7 @@ QStringList Schema::statements(Dialect dialect) const
     for (const TableDef& t : m_tables) {
         result << createTable(t, dialect);
         for (const IndexDef& i : t.indexes)
-            result << createIndex(t, i);
+            result << i.createStatement(t.name);
     }
     return result;
 }

@@ -30,6 +30,10 @@ struct ColumnDef {
 struct IndexDef {
     QString name;
     QStringList columns;
+    bool unique = false;
+
+    // The same on both engines.
+    QString createStatement(const QString& table) const;
 };
 
 struct TableDef {

@@ -1,5 +1,7 @@
 #include "platform/db/sqliteengine.h"
 
+#include "platform/db/tsqlfunctions.h"
+
 #include <sqlite3.h>
 
 namespace tarvello::db {
@@ -50,20 +52,27 @@ Value readValue(sqlite3_stmt* statement, int column, ColumnKind kind)
 
 } // namespace
 
-SqliteEngine::SqliteEngine(const QString& path)
+SqliteEngine::SqliteEngine(const QString& path, int busyTimeout)
 {
     const int flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_URI;
-    if (sqlite3_open_v2(path.toUtf8().constData(), &m_db, flags, nullptr) != SQLITE_OK) {
-        const QString message = utf8OrEmpty(sqlite3_errmsg(m_db));
+    const int opened = sqlite3_open_v2(path.toUtf8().constData(), &m_db, flags, nullptr);
+    try {
+        if (opened != SQLITE_OK)
+            fail(path);
+        sqlite3_busy_timeout(m_db, busyTimeout);
+        if (registerTsqlFunctions(m_db) != SQLITE_OK)
+            fail(path);
+        exec("PRAGMA foreign_keys = ON");
+        // A file that can only be read keeps the journal it has: changing it is a write.
+        const bool inMemory =
+            path.isEmpty() || path == u":memory:" || path.contains(u"mode=memory");
+        if (!inMemory && sqlite3_db_readonly(m_db, "main") == 0)
+            exec("PRAGMA journal_mode = WAL");
+    } catch (const EngineError&) {
         sqlite3_close(m_db);
         m_db = nullptr;
-        throw EngineError({SQLITE_CANTOPEN, message, {}, QStringLiteral("SQLite")});
+        throw;
     }
-    sqlite3_busy_timeout(m_db, 5000);
-    exec("PRAGMA foreign_keys = ON");
-    const bool inMemory = path.isEmpty() || path == u":memory:" || path.contains(u"mode=memory");
-    if (!inMemory)
-        exec("PRAGMA journal_mode = WAL");
 }
 
 SqliteEngine::~SqliteEngine()
@@ -185,6 +194,8 @@ ResultSet SqliteEngine::run(const QString& sql, const ValueList& parameters)
         }
     } finish{this, statement, sql, keep};
 
+    if (!sqlite3_stmt_readonly(statement) && !transactionOpen())
+        refuseWritesIfMoved();
     bind(statement, parameters, sql);
     const int columnCount = sqlite3_column_count(statement);
     QList<ColumnKind> kinds;
@@ -217,17 +228,38 @@ ResultSet SqliteEngine::run(const QString& sql, const ValueList& parameters)
 
 void SqliteEngine::begin()
 {
+    refuseWritesIfMoved();
     exec("BEGIN");
 }
 
 void SqliteEngine::commit()
 {
+    refuseWritesIfMoved();
     exec("COMMIT");
+}
+
+void SqliteEngine::refuseWritesIfMoved() const
+{
+    // A file deleted or renamed while open is still read and written through its open
+    // handle, and in write-ahead mode SQLite does not notice: what was written would be lost
+    // with the file.
+    int moved = 0;
+    if (sqlite3_file_control(m_db, "main", SQLITE_FCNTL_HAS_MOVED, &moved) == SQLITE_OK && moved)
+        throw EngineError({SQLITE_READONLY_DBMOVED,
+                           QStringLiteral("the database file has been moved or deleted"),
+                           {},
+                           QStringLiteral("SQLite")});
 }
 
 void SqliteEngine::rollback()
 {
-    exec("ROLLBACK");
+    if (transactionOpen())
+        exec("ROLLBACK");
+}
+
+bool SqliteEngine::transactionOpen()
+{
+    return sqlite3_get_autocommit(m_db) == 0;
 }
 
 TableInfo SqliteEngine::tableInfo(const QString& table)
@@ -248,6 +280,7 @@ TableInfo sqlitePragmaTableInfo(Engine& engine, const QString& table)
         column.name = row[1].toString();
         const QString declared = row[2].toString();
         column.kind = columnKindFromDeclaredType(declared);
+        column.size = columnSizeFromDeclaredType(declared);
         column.notNull = row[3].toInt64() != 0;
         column.hasDefault = !row[4].isNull();
         column.defaultValue = defaultValueFromSql(row[4].toString(), column.kind);
@@ -262,6 +295,19 @@ TableInfo sqlitePragmaTableInfo(Engine& engine, const QString& table)
     if (keyColumns > 1) {
         for (auto& column : info.columns)
             column.identity = false;
+    }
+    const ResultSet indexes = engine.run(QStringLiteral("PRAGMA index_list(\"%1\")").arg(name), {});
+    for (const ValueList& index : indexes.rows) {
+        // Columns: seq, name, unique, origin ("c" an index, "u" a constraint, "pk"), partial.
+        if (index[2].toInt64() == 0 || index[3].toString() == u"pk" || index[4].toInt64() != 0)
+            continue;
+        QString indexName = index[1].toString();
+        indexName.replace(u'"', QStringLiteral("\"\""));
+        QStringList key;
+        for (const ValueList& part :
+             engine.run(QStringLiteral("PRAGMA index_info(\"%1\")").arg(indexName), {}).rows)
+            key << part[2].toString();
+        info.uniqueKeys << key;
     }
     return info;
 }

@@ -1,5 +1,7 @@
 #include "platform/db/tsqlrewriter.h"
 
+#include "platform/db/tsqlfunctions.h"
+
 #include <QHash>
 #include <QList>
 #include <algorithm>
@@ -427,12 +429,14 @@ struct Conversion {
 class StatementRewriter {
 public:
     StatementRewriter(Tokens& tokens, const QList<int>& partner, Range range,
-                      const TsqlRewriter::TextColumnLookup& isTextColumn)
+                      const TsqlRewriter::TextColumnLookup& isTextColumn,
+                      TsqlRewriter::UndecidedPlus undecidedPlus)
         : m_t(tokens)
         , m_partner(partner)
         , m_begin(range.begin)
         , m_end(range.end)
         , m_isTextColumn(isTextColumn)
+        , m_undecidedPlus(undecidedPlus)
     {
         matchCases();
     }
@@ -895,9 +899,19 @@ private:
             QList<Join> joins;
             chainType(chain, &joins);
             for (const Join& join : joins) {
+                Token& start = m_t[chain.terms[0].first];
+                if (join.atRunTime) {
+                    const int op = chain.operators[join.position];
+                    if (op > 0 && m_t[op - 1].kind == TokenKind::Space)
+                        m_t[op - 1].out.clear();
+                    m_t[op].out = QStringLiteral(",");
+                    start.before.prepend(QString::fromLatin1(tsqlAddFunction) + u'(');
+                    m_t[chain.terms[join.position + 1].last].after.append(u')');
+                    continue;
+                }
                 m_t[chain.operators[join.position]].out = QStringLiteral("||");
                 if (join.wrapStart) {
-                    m_t[chain.terms[0].first].before.prepend(u'(');
+                    start.before.prepend(u'(');
                     m_t[chain.terms[join.position].last].after.append(u')');
                 }
             }
@@ -912,10 +926,13 @@ private:
     }
 
     // A '+' of a chain that joins texts. SQLite's '||' binds tighter than '+', so when the
-    // chain starts with arithmetic, that start is put in parentheses up to the join.
+    // chain starts with arithmetic, that start is put in parentheses up to the join. A '+'
+    // whose operands may or may not both be texts is decided at run time: the chain up to its
+    // right operand becomes the arguments of tsql_add.
     struct Join {
         qsizetype position = 0;
         bool wrapStart = false;
+        bool atRunTime = false;
     };
 
     // The type of a chain, evaluated left to right as T-SQL does; `joins` receives the '+'
@@ -929,9 +946,14 @@ private:
             const bool plus = isSym(chain.operators[k], u"+");
             if (plus && joinsTexts(running, right)) {
                 if (joins)
-                    joins->append({k, arithmeticBefore});
+                    joins->append({k, arithmeticBefore, false});
                 arithmeticBefore = false;
                 running = Type::Text;
+            } else if (plus && running == Type::Unknown && right == Type::Unknown &&
+                       m_undecidedPlus == TsqlRewriter::UndecidedPlus::CallTsqlAdd) {
+                if (joins)
+                    joins->append({k, false, true});
+                arithmeticBefore = false;
             } else {
                 arithmeticBefore = true;
                 running = plus && running != Type::Numeric && right != Type::Numeric
@@ -1224,13 +1246,15 @@ private:
     const int m_begin;
     const int m_end;
     const TsqlRewriter::TextColumnLookup& m_isTextColumn;
+    const TsqlRewriter::UndecidedPlus m_undecidedPlus;
     QHash<int, int> m_caseEnd;
 };
 
 } // namespace
 
-TsqlRewriter::TsqlRewriter(TextColumnLookup isTextColumn)
+TsqlRewriter::TsqlRewriter(TextColumnLookup isTextColumn, UndecidedPlus undecidedPlus)
     : m_isTextColumn(std::move(isTextColumn))
+    , m_undecidedPlus(undecidedPlus)
 {}
 
 QStringList TsqlRewriter::rewrite(const QString& tsql) const
@@ -1239,7 +1263,8 @@ QStringList TsqlRewriter::rewrite(const QString& tsql) const
     const QList<int> partner = matchParentheses(tokens);
     QStringList statements;
     for (const Range& range : BatchSplitter(tokens, partner).split()) {
-        QString statement = StatementRewriter(tokens, partner, range, m_isTextColumn).rewrite();
+        QString statement =
+            StatementRewriter(tokens, partner, range, m_isTextColumn, m_undecidedPlus).rewrite();
         if (!statement.isEmpty())
             statements.append(std::move(statement));
     }

@@ -12,7 +12,8 @@ namespace tarvello::db {
 // The text is tokenized (string and N'' literals, quoted and bracketed names, comments and
 // parentheses are recognised), so nothing inside a literal is ever touched. The forms handled
 // are the ones the module and the host lookups send: table hints, N'' literals, ISNULL, LEN,
-// SUBSTRING, LEFT/RIGHT, GETDATE, CAST/CONVERT, TOP, '+' between texts, SELECT ... INTO #T,
+// SUBSTRING, LEFT/RIGHT, GETDATE, CAST/CONVERT, TOP, '+' (by the operands' types),
+// SELECT ... INTO #T,
 // #temp names, IF OBJECT_ID(...) ... DROP TABLE, DELETE t FROM ... JOIN, batches and
 // SET NOCOUNT. Anything else goes through unchanged, so an unsupported form fails in SQLite
 // with its own message instead of running with another meaning.
@@ -24,13 +25,19 @@ public:
     // Tells whether a bare column name holds text; the connection answers from the schema
     // (column names are unique across the host schema because of their table prefixes).
     using TextColumnLookup = std::function<bool(QStringView column)>;
-    explicit TsqlRewriter(TextColumnLookup isTextColumn = {});
+    // What '+' becomes where the statement does not tell whether both operands are texts
+    // (the columns of a derived table, two parameters): SQLite's '+', which adds, or a call of
+    // tsql_add (tsqlfunctions.h), which decides by the values, for an engine that has it.
+    enum class UndecidedPlus { Add, CallTsqlAdd };
+    explicit TsqlRewriter(TextColumnLookup isTextColumn = {},
+                          UndecidedPlus undecidedPlus = UndecidedPlus::Add);
     // The SQLite statements with the same meaning as the T-SQL text, in order (a T-SQL
     // batch may become several statements; QSQLite-style engines run one at a time).
     QStringList rewrite(const QString& tsql) const;
 
 private:
     TextColumnLookup m_isTextColumn;
+    UndecidedPlus m_undecidedPlus;
 };
 
 } // namespace tarvello::db

@@ -11,9 +11,9 @@ using controls::DataControl;
 using db::identical;
 using db::Value;
 
-FieldBindings::FieldBindings(KindOf kindOf, QObject* parent)
+FieldBindings::FieldBindings(FormatOf formatOf, QObject* parent)
     : QObject(parent)
-    , m_kindOf(std::move(kindOf))
+    , m_formatOf(std::move(formatOf))
 {}
 
 FieldBindings::Binding* FieldBindings::find(const DataControl* control)
@@ -35,14 +35,21 @@ bool FieldBindings::add(DataControl* control)
     if (!control || find(control))
         return false;
     m_bindings.append({control, control->dataField(), {}});
+    if (auto* field = qobject_cast<controls::Field*>(control);
+        field && !field->dataField().isEmpty()) {
+        const ColumnFormat format = m_formatOf(field->dataField());
+        const int length = format.kind == db::ColumnKind::Text ? format.size.length : 0;
+        if (length > 0 && (field->maxLength() == 0 || field->maxLength() > length))
+            field->setMaxLength(length);
+    }
     connect(control, &DataControl::valueChanged, this, [this, control] {
         if (!m_showing)
             Q_EMIT edited(control);
     });
-    connect(control, &controls::Control::validate, this,
+    connect(control, &controls::Control::leaveRequested, this,
             [this, control](controls::CancelArgs& args) {
                 if (!m_showing)
-                    Q_EMIT validating(control, args.cancel);
+                    Q_EMIT leaving(control, args.cancel);
             });
     return true;
 }
@@ -119,8 +126,13 @@ void FieldBindings::decode(const std::function<void(const db::RuntimeError&)>& o
     const QScopedValueRollback showing(m_showing, true);
     for (DataControl* control : controls()) {
         auto* field = qobject_cast<controls::Field*>(control);
-        if (!field || field->text().trimmed().isEmpty())
+        if (!field)
             continue;
+        // An empty code has nothing to decode; what described the code shown before goes.
+        if (field->text().trimmed().isEmpty()) {
+            field->clearDecoded();
+            continue;
+        }
         try {
             field->decode();
         } catch (const db::RuntimeError& error) {
@@ -133,8 +145,8 @@ ColumnValue FieldBindings::columnValue(const DataControl* control) const
 {
     const Binding* binding = find(control);
     if (!binding || binding->column.isEmpty())
-        return {Value::null()};
-    return toColumnValue(control->value(), m_kindOf(binding->column));
+        return toColumnValue(Value::null(), {});
+    return toColumnValue(control->value(), m_formatOf(binding->column));
 }
 
 std::optional<FieldBindings::Refusal> FieldBindings::firstRefusal() const
@@ -145,11 +157,11 @@ std::optional<FieldBindings::Refusal> FieldBindings::firstRefusal() const
         if (!control || !control->canReceiveFocus())
             continue;
         if (control->isRequired() && control->isBlank())
-            return Refusal{control, Reason::Required};
+            return Refusal{control, Reason::Required, {}};
         if (!control->isValid())
-            return Refusal{control, Reason::NotValid};
+            return Refusal{control, Reason::NotValid, {}};
         if (const ColumnValue value = columnValue(control); !value.accepted())
-            return Refusal{control, Reason::Value, value.refusal};
+            return Refusal{control, Reason::Value, value};
     }
     return std::nullopt;
 }

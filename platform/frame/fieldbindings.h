@@ -28,19 +28,20 @@ class FieldBindings : public QObject {
 public:
     // The value of a column for the row shown; nothing leaves the control as it is.
     using ColumnReader = std::function<std::optional<db::Value>(const QString& column)>;
-    using KindOf = std::function<db::ColumnKind(const QString& column)>;
+    using FormatOf = std::function<ColumnFormat(const QString& column)>;
 
     // Why a control stops a save.
     struct Refusal {
         enum class Reason { Required, NotValid, Value };
         controls::DataControl* control = nullptr;
         Reason reason = Reason::Required;
-        ColumnValue::Refusal value = ColumnValue::Refusal::None;
+        ColumnValue value;
     };
 
-    explicit FieldBindings(KindOf kindOf, QObject* parent = nullptr);
+    explicit FieldBindings(FormatOf formatOf, QObject* parent = nullptr);
 
-    // False when the control was registered already.
+    // False when the control was registered already. A field bound to a text column takes
+    // no more characters than the column holds.
     bool add(controls::DataControl* control);
     void clear();
     bool contains(const controls::DataControl* control) const;
@@ -55,7 +56,8 @@ public:
     void sync(const ColumnReader& read, const controls::DataControl* except = nullptr);
     // The control's value was written into its column.
     void written(const controls::DataControl* control, const db::Value& value);
-    // Asks the fields holding a text to decode it; a failing handler reaches onError.
+    // Asks the fields holding a text to decode it, and empties what the others last decoded
+    // into; a failing handler reaches onError.
     void decode(const std::function<void(const db::RuntimeError&)>& onError);
     // The value of the control as its column takes it.
     ColumnValue columnValue(const controls::DataControl* control) const;
@@ -66,8 +68,9 @@ public:
 Q_SIGNALS:
     // A registered control changed its value outside a show.
     void edited(tarvello::controls::DataControl* control);
-    // A registered control is about to lose the focus; set cancel to keep it.
-    void validating(tarvello::controls::DataControl* control, bool& cancel);
+    // A registered control is about to lose the focus, before any handler of the module hears
+    // of it; set cancel to keep it.
+    void leaving(tarvello::controls::DataControl* control, bool& cancel);
 
 private:
     struct Binding {
@@ -80,7 +83,7 @@ private:
     Binding* find(const controls::DataControl* control);
     const Binding* find(const controls::DataControl* control) const;
 
-    KindOf m_kindOf;
+    FormatOf m_formatOf;
     QList<Binding> m_bindings;
     bool m_showing = false;
 };

@@ -29,11 +29,14 @@ inline constexpr int Found = 4;
 inline constexpr int Inserted = 5;
 // The row was deleted; the next (or previous) row is shown, or none.
 inline constexpr int Deleted = 6;
-// The same row is shown again after its save or its undo: what the screen shows beside it
-// still holds and must not be reloaded.
+// The same row is shown again after its save: what the screen shows beside it still holds
+// and must not be reloaded.
 inline constexpr int Refreshed = 7;
 // Status 0 set by code.
 inline constexpr int StatusSet = 8;
+// The row is shown again with the values read from the database (an undo): what the screen
+// shows beside it is shown anew as well.
+inline constexpr int Restored = 9;
 } // namespace StatusReason
 
 // `fenm_operationresult`: the value an After event carries when the operation succeeded.

@@ -69,12 +69,33 @@ void FrameMessages::fieldNotValid(const QString& caption) const
     warn(QStringLiteral("Il valore del campo \"%1\" non è valido.").arg(caption));
 }
 
-void FrameMessages::valueRefused(const QString& caption, ColumnValue::Refusal refusal) const
+void FrameMessages::valueRefused(const QString& caption, const ColumnValue& refused) const
 {
-    if (refusal == ColumnValue::Refusal::NotADate)
+    using Refusal = ColumnValue::Refusal;
+    switch (refused.refusal) {
+    case Refusal::NotADate:
         warn(QStringLiteral("Il campo \"%1\" richiede una data (gg/mm/aaaa).").arg(caption));
-    else
-        warn(QStringLiteral("Il campo \"%1\" richiede un valore numerico.").arg(caption));
+        return;
+    case Refusal::NotWhole:
+        warn(QStringLiteral("Il campo \"%1\" richiede un numero intero.").arg(caption));
+        return;
+    case Refusal::TooManyDecimals:
+        warn(QStringLiteral("Il campo \"%1\" ammette al massimo %2 decimali.")
+                 .arg(caption, refused.limit));
+        return;
+    case Refusal::OutOfRange:
+        warn(QStringLiteral("Il valore del campo \"%1\" è fuori dai limiti ammessi (%2).")
+                 .arg(caption, refused.limit));
+        return;
+    case Refusal::TooLong:
+        warn(QStringLiteral("Il campo \"%1\" ammette al massimo %2 caratteri.")
+                 .arg(caption, refused.limit));
+        return;
+    case Refusal::NotANumber:
+    case Refusal::None:
+        break;
+    }
+    warn(QStringLiteral("Il campo \"%1\" richiede un valore numerico.").arg(caption));
 }
 
 void FrameMessages::keyNotFound() const
@@ -88,6 +109,28 @@ void FrameMessages::saveFailed(const QString& reason) const
     m_prompts.messageBox(
         QStringLiteral("Impossibile salvare i dati%1.\r\n%2").arg(forWhat(), reason), CriticalOk,
         errorTitle);
+}
+
+void FrameMessages::changesNotSaved() const
+{
+    warn(QStringLiteral("Le modifiche ai dati%1 non sono state salvate: completare o annullare "
+                        "la riga in inserimento e salvare di nuovo.")
+             .arg(forWhat()));
+}
+
+void FrameMessages::valueTaken(const QString& caption, const QString& value) const
+{
+    saveFailed(QStringLiteral("Il valore \"%1\" del campo \"%2\" è già usato in un'altra riga, "
+                              "forse salvata nel frattempo da un altro utente. I dati inseriti "
+                              "restano a video: cambiare il valore e salvare di nuovo.")
+                   .arg(value, caption));
+}
+
+QString FrameMessages::changedByOthers() const
+{
+    return QStringLiteral("I dati visualizzati sono stati modificati da un altro utente dopo la "
+                          "lettura: nulla è stato eliminato. Rileggere i dati (ad esempio "
+                          "chiudendo e riaprendo la finestra) e ripetere l'eliminazione.");
 }
 
 void FrameMessages::deleteFailed(const QString& reason) const

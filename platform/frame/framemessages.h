@@ -38,10 +38,16 @@ public:
 
     void requiredFieldEmpty(const QString& caption) const;
     void fieldNotValid(const QString& caption) const;
-    void valueRefused(const QString& caption, ColumnValue::Refusal refusal) const;
+    void valueRefused(const QString& caption, const ColumnValue& refused) const;
     void keyNotFound() const;
     void saveFailed(const QString& reason) const;
+    // A batch save left the frame's changes unwritten because of the row being entered.
+    void changesNotSaved() const;
+    // The value of the field is a unique key that another row holds.
+    void valueTaken(const QString& caption, const QString& value) const;
     void deleteFailed(const QString& reason) const;
+    // Why a delete of data another user changed since it was shown is refused.
+    QString changedByOthers() const;
     // A run-time error raised by a handler of the frame's events.
     void handlerFailed(long number, const QString& description) const;
 

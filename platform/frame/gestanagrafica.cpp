@@ -4,6 +4,7 @@
 #include "platform/controls/field.h"
 #include "platform/controls/form.h"
 #include "platform/controls/grid.h"
+#include "platform/controls/handlererrors.h"
 #include "platform/controls/keycodes.h"
 #include "platform/controls/navigator.h"
 #include "platform/db/connection.h"
@@ -12,6 +13,7 @@
 #include "platform/frame/keylookup.h"
 
 #include <QScopedValueRollback>
+#include <algorithm>
 
 namespace tarvello::frame {
 
@@ -60,10 +62,10 @@ GestAnagrafica::BulkRewrite::~BulkRewrite()
 GestAnagrafica::GestAnagrafica(services::UserPrompts& prompts, QObject* parent)
     : QObject(parent)
     , m_messages(prompts)
-    , m_fields([this](const QString& column) { return kindOf(column); })
+    , m_fields([this](const QString& column) { return formatOf(column); })
 {
     connect(&m_fields, &FieldBindings::edited, this, &GestAnagrafica::onEdited);
-    connect(&m_fields, &FieldBindings::validating, this, &GestAnagrafica::onValidating);
+    connect(&m_fields, &FieldBindings::leaving, this, &GestAnagrafica::onLeaving);
 }
 
 GestAnagrafica::~GestAnagrafica()
@@ -72,12 +74,14 @@ GestAnagrafica::~GestAnagrafica()
 }
 
 template <class Emit>
-bool GestAnagrafica::raise(Emit fire)
+bool GestAnagrafica::raise(const char* event, Emit fire)
 {
     try {
-        fire();
-        return true;
+        return controls::raiseEvent(controls::handlerErrorsOf(this),
+                                    objectName() + u'_' + QLatin1String(event),
+                                    fire) == controls::Raised::Completed;
     } catch (const db::RuntimeError& error) {
+        // A frame on no form has no host to report to: it tells the person itself.
         reportHandlerError(error);
         return false;
     }
@@ -154,8 +158,10 @@ controls::Navigator* GestAnagrafica::navigator() const
 
 void GestAnagrafica::addDetailFrame(GestAnagrafica* detail)
 {
-    if (detail && detail != this && !m_details.contains(detail))
-        m_details << detail;
+    if (!detail || detail == this || m_details.contains(detail))
+        return;
+    m_details << detail;
+    detail->m_masterFrame = this;
 }
 
 QList<GestAnagrafica*> GestAnagrafica::detailFrames() const
@@ -282,9 +288,11 @@ void GestAnagrafica::setStatus(int status)
         m_status = FrameStatus::Search;
         showRow(StatusReason::SearchEntry);
     } else if (status == FrameStatus::Browse) {
-        std::optional<Bookmark> back = visible(m_returnTo);
+        // A new row being entered is the recordset's current row: no existing row was asked
+        // for, so it stays (a search that found nothing leaves the key it was given on view).
         if (entering())
-            dropNewRow();
+            return;
+        std::optional<Bookmark> back = visible(m_returnTo);
         if (!back)
             back = currentOrFirst();
         // With no row to show there is nothing to browse: the frame waits for a new one.
@@ -316,7 +324,7 @@ bool GestAnagrafica::isRecordChanged()
     if (m_terminated || m_status == FrameStatus::Search)
         return false;
     RecordChangedArgs args{m_rowEdited || (m_master && m_changed)};
-    raise([&] { Q_EMIT IsRecordChanged(args); });
+    raise("IsRecordChanged", [&] { Q_EMIT IsRecordChanged(args); });
     return args.fbol_isRecordChanged;
 }
 
@@ -363,25 +371,36 @@ bool GestAnagrafica::entering() const
     return m_status == FrameStatus::New && m_shown.has_value();
 }
 
-db::ColumnKind GestAnagrafica::kindOf(const QString& column) const
-{
-    const int index = isOpen() ? m_recordset->fieldIndex(column) : -1;
-    return index < 0 ? db::ColumnKind::Unknown : m_recordset->field(index).kind;
-}
-
-Value GestAnagrafica::defaultOf(const QString& column) const
+std::optional<db::TableInfo::ColumnInfo> GestAnagrafica::describe(const QString& column) const
 {
     const int index = isOpen() ? m_recordset->fieldIndex(column) : -1;
     db::Connection* connection = m_recordset ? m_recordset->activeConnection() : nullptr;
     if (index < 0 || !connection || m_recordset->baseTable().isEmpty())
-        return Value::null();
+        return std::nullopt;
     const QString base = m_recordset->field(index).baseColumn;
+    if (base.isEmpty())
+        return std::nullopt;
     try {
         const auto* info = connection->tableInfo(m_recordset->baseTable()).column(base);
-        return info && !base.isEmpty() ? info->defaultValue : Value::null();
+        return info ? std::optional(*info) : std::nullopt;
     } catch (const db::RuntimeError&) {
-        return Value::null();
+        return std::nullopt;
     }
+}
+
+ColumnFormat GestAnagrafica::formatOf(const QString& column) const
+{
+    const int index = isOpen() ? m_recordset->fieldIndex(column) : -1;
+    if (index < 0)
+        return {};
+    const std::optional<db::TableInfo::ColumnInfo> info = describe(column);
+    return {m_recordset->field(index).kind, info ? info->size : db::ColumnSize()};
+}
+
+Value GestAnagrafica::defaultOf(const QString& column) const
+{
+    const std::optional<db::TableInfo::ColumnInfo> info = describe(column);
+    return info ? info->defaultValue : Value::null();
 }
 
 std::optional<GestAnagrafica::Bookmark> GestAnagrafica::cursorBookmark() const
@@ -507,8 +526,10 @@ void GestAnagrafica::showRow(int reason, bool raiseEvent)
     if (m_shown)
         m_lastCompany = companyConditions(*m_recordset);
     announceState();
-    if (raiseEvent)
-        raise([&] { Q_EMIT ChangeStatus(m_status, reason); });
+    if (!raiseEvent)
+        return;
+    const QScopedValueRollback announcing(m_announcing, true);
+    raise("ChangeStatus", [&] { Q_EMIT ChangeStatus(m_status, reason); });
 }
 
 FieldBindings::ColumnReader GestAnagrafica::rowReader() const
@@ -579,7 +600,7 @@ bool GestAnagrafica::addRow(bool show, const DataControl* editing)
     }
     m_shown = cursorBookmark();
     m_status = FrameStatus::New;
-    raise([&] { Q_EMIT AfterAddNew(OperationSucceeded); });
+    raise("AfterAddNew", [&] { Q_EMIT AfterAddNew(OperationSucceeded); });
     if (show) {
         showRow(StatusReason::NewRow);
         return true;
@@ -655,7 +676,8 @@ bool GestAnagrafica::writeRow(bool check, bool show)
     const bool wasNew = m_status == FrameStatus::New;
     if (check) {
         CancelArgs args;
-        if (!raise([&] { Q_EMIT BeforeUpdate(args); }) || args.fbol_Cancel || !placeCursor())
+        if (!raise("BeforeUpdate", [&] { Q_EMIT BeforeUpdate(args); }) || args.fbol_Cancel ||
+            !placeCursor())
             return false;
     }
     try {
@@ -665,9 +687,9 @@ bool GestAnagrafica::writeRow(bool check, bool show)
         else
             m_recordset->update();
     } catch (const db::RuntimeError& error) {
-        m_messages.saveFailed(error.description());
+        reportSaveFailure(error);
         if (check)
-            raise([&] { Q_EMIT AfterUpdate(OperationFailed); });
+            raise("AfterUpdate", [&] { Q_EMIT AfterUpdate(OperationFailed); });
         return false;
     }
     m_status = FrameStatus::Browse;
@@ -676,12 +698,34 @@ bool GestAnagrafica::writeRow(bool check, bool show)
     takeSnapshot();
     const quint64 generation = m_generation;
     if (check)
-        raise([&] { Q_EMIT AfterUpdate(OperationSucceeded); });
+        raise("AfterUpdate", [&] { Q_EMIT AfterUpdate(OperationSucceeded); });
     if (show && generation == m_generation)
         showRow(wasNew ? StatusReason::Inserted : StatusReason::Refreshed);
     else
         announceState();
     return true;
+}
+
+void GestAnagrafica::reportSaveFailure(const db::RuntimeError& error)
+{
+    // A unique key that another row holds (another user saved the same code first) is told
+    // in the person's terms: the field and the value, which they can change and save again.
+    QStringList key;
+    try {
+        if (placeCursor())
+            key = m_recordset->duplicatedUniqueKey();
+    } catch (const db::RuntimeError&) {
+        key.clear(); // the first error is the one to tell
+    }
+    for (const QString& column : std::as_const(key)) {
+        for (DataControl* control : m_fields.controls()) {
+            if (m_fields.columnOf(control).compare(column, Qt::CaseInsensitive) == 0) {
+                m_messages.valueTaken(captionOf(control), shownValue(column).toString());
+                return;
+            }
+        }
+    }
+    m_messages.saveFailed(error.description());
 }
 
 bool GestAnagrafica::confirmPendingChanges(bool check, bool show, bool ask)
@@ -700,6 +744,28 @@ bool GestAnagrafica::confirmPendingChanges(bool check, bool show, bool ask)
     return writeRow(check, show);
 }
 
+bool GestAnagrafica::confirmLettingRowsGo()
+{
+    if (!isOpen() || m_terminated)
+        return true;
+    if (!holdsUnsavedChanges())
+        return true;
+    const int answer = m_messages.askSaveChanges();
+    if (answer == FrameMessages::No)
+        return true;
+    if (answer != FrameMessages::Yes)
+        return false;
+    // Rows the save could not write stay, and so does the person, who was told why.
+    return (m_masterFrame ? m_masterFrame->save() : save()) && !holdsUnsavedChanges();
+}
+
+bool GestAnagrafica::holdsUnsavedChanges() const
+{
+    // A row just started and not yet typed into is nobody's change.
+    const qsizetype untouched = entering() && !m_rowEdited ? 1 : 0;
+    return m_changed || m_rowEdited || (isOpen() && m_recordset->pendingCount() > untouched);
+}
+
 bool GestAnagrafica::addNew()
 {
     if (!isOpen() || m_terminated || m_locked)
@@ -715,6 +781,16 @@ bool GestAnagrafica::addNew()
     if (m_status == FrameStatus::Browse)
         m_returnTo = m_shown;
     return addRow(true);
+}
+
+bool GestAnagrafica::undoRecord()
+{
+    const QList<GestAnagrafica*> details = detailFrames();
+    const bool detailsChanged = std::any_of(details.cbegin(), details.cend(),
+                                            [](const auto* d) { return d->holdsUnsavedChanges(); });
+    if (detailsChanged && !m_messages.confirmDropChanges())
+        return false;
+    return undo();
 }
 
 bool GestAnagrafica::undo()
@@ -741,11 +817,11 @@ bool GestAnagrafica::dropPendingRow(bool raiseEvents, bool show, bool ask)
             restoreSnapshot();
             if (m_master)
                 discardDetailChanges();
-            showRow(StatusReason::Refreshed, show);
+            showRow(StatusReason::Restored, show);
         }
     }
     if (raiseEvents)
-        raise([&] { Q_EMIT AfterUndo(OperationSucceeded); });
+        raise("AfterUndo", [&] { Q_EMIT AfterUndo(OperationSucceeded); });
     return true;
 }
 
@@ -781,11 +857,7 @@ bool GestAnagrafica::deleteRecord()
         return false;
     if (!m_messages.confirmDelete(recordDescription()))
         return false;
-    CancelArgs args;
-    if (!raise([&] { Q_EMIT BeforeDelete(args); }) || args.fbol_Cancel || !placeCursor())
-        return false;
-    const Bookmark deleted = *m_shown;
-    if (!deleteAndWrite([this] { m_recordset->deleteRow(); }, deleted))
+    if (!deleteWithEvents(DeleteScope::ShownRow, true))
         return false;
     std::optional<Bookmark> next = cursorBookmark();
     if (!next && m_recordset->recordCount() > 0) {
@@ -809,42 +881,92 @@ bool GestAnagrafica::deleteRows(bool raiseEvents, bool show, bool ask)
     }
     if (ask && !m_messages.confirmDeleteAll())
         return false;
-    if (raiseEvents) {
-        CancelArgs args;
-        placeCursor();
-        if (!raise([&] { Q_EMIT BeforeDelete(args); }) || args.fbol_Cancel)
-            return false;
-    }
-    const auto deleteAll = [this] {
-        while (m_recordset->recordCount() > 0) {
-            m_recordset->moveFirst();
-            m_recordset->deleteRow();
-        }
-    };
-    if (!deleteAndWrite(deleteAll, m_shown, raiseEvents))
+    if (!deleteWithEvents(DeleteScope::AllRows, raiseEvents))
         return false;
     finishDelete(std::nullopt, raiseEvents, show);
     return true;
 }
 
-bool GestAnagrafica::deleteAndWrite(const std::function<void()>& deleteRows,
-                                    std::optional<Bookmark> shownBefore, bool raiseEvents)
+bool GestAnagrafica::deleteWithEvents(DeleteScope scope, bool raiseEvents)
 {
-    try {
-        const Quiet quiet(*this);
-        deleteRows();
-        if (m_master)
-            m_recordset->updateBatch();
-    } catch (const db::RuntimeError& error) {
-        m_messages.deleteFailed(error.description());
-        if (m_master) {
-            const Quiet quiet(*this);
-            m_recordset->cancelBatch();
+    const std::optional<Bookmark> shownBefore = m_shown;
+    // A master's delete is one transaction on its connection, BeforeDelete's own writes
+    // (which nest inside it) included: a row and what hangs off it go together or not at all.
+    std::optional<db::TransactionGuard> transaction;
+    if (m_master && m_connection) {
+        try {
+            transaction.emplace(*m_connection);
+            if (shownDetailsChanged()) {
+                m_messages.deleteFailed(m_messages.changedByOthers());
+                return false;
+            }
+        } catch (const db::RuntimeError& error) {
+            m_messages.deleteFailed(error.description());
+            return false;
         }
+    }
+    if (raiseEvents) {
+        CancelArgs args;
+        placeCursor();
+        if (!raise("BeforeDelete", [&] { Q_EMIT BeforeDelete(args); }) || args.fbol_Cancel)
+            return false;
+    }
+    // The row shown is the one to delete: the handler must have left it there.
+    if (scope == DeleteScope::ShownRow && !placeCursor())
+        return false;
+    const auto deleteRows = [this, scope] {
+        if (scope == DeleteScope::ShownRow) {
+            m_recordset->deleteRow();
+            return;
+        }
+        while (m_recordset->recordCount() > 0) {
+            m_recordset->moveFirst();
+            m_recordset->deleteRow();
+        }
+    };
+    return deleteAndWrite(deleteRows, shownBefore, raiseEvents, transaction);
+}
+
+bool GestAnagrafica::shownDetailsChanged() const
+{
+    // The rows a detail shows are what the person decided on: a row another user added,
+    // changed or removed since (a partner, say) would go unseen with the master.
+    for (const GestAnagrafica* detail : detailFrames()) {
+        const db::RecordsetPtr rows = detail->recordset();
+        if (rows && rows->isOpen() && rows->changedInDatabase())
+            return true;
+    }
+    return false;
+}
+
+bool GestAnagrafica::deleteAndWrite(const std::function<void()>& deleteRows,
+                                    std::optional<Bookmark> shownBefore, bool raiseEvents,
+                                    std::optional<db::TransactionGuard>& transaction)
+{
+    std::optional<QString> failure;
+    {
+        const Quiet quiet(*this);
+        try {
+            deleteRows();
+            if (m_master)
+                m_recordset->updateBatch();
+            if (transaction)
+                transaction->commit();
+        } catch (const db::RuntimeError& error) {
+            failure = error.description();
+            // Rolled back before anything is shown again: what is shown is what the database
+            // has.
+            transaction.reset();
+            if (m_master)
+                m_recordset->cancelBatch();
+        }
+    }
+    if (failure) {
+        m_messages.deleteFailed(*failure);
         const auto back = visible(shownBefore);
         goToRow(back ? back : currentOrFirst(), StatusReason::Refreshed);
         if (raiseEvents)
-            raise([&] { Q_EMIT AfterDelete(OperationFailed); });
+            raise("AfterDelete", [&] { Q_EMIT AfterDelete(OperationFailed); });
         return false;
     }
     if (!m_master)
@@ -860,15 +982,44 @@ void GestAnagrafica::finishDelete(std::optional<Bookmark> next, bool raiseEvents
     m_status = next ? FrameStatus::Browse : FrameStatus::New;
     const quint64 generation = ++m_generation;
     if (raiseEvents)
-        raise([&] { Q_EMIT AfterDelete(OperationSucceeded); });
+        raise("AfterDelete", [&] { Q_EMIT AfterDelete(OperationSucceeded); });
     if (generation == m_generation)
         showRow(StatusReason::Deleted, show);
 }
 
 void GestAnagrafica::updateBatch()
 {
-    if (!m_terminated)
-        raise([&] { Q_EMIT UpdateBatchAll(); });
+    if (m_terminated)
+        return;
+    const db::RecordsetPtr rows = m_recordset;
+    bool touched = false;
+    QMetaObject::Connection watch;
+    if (rows)
+        watch =
+            connect(rows.get(), &db::Recordset::rowsReset, this, [&touched] { touched = true; });
+    raise("UpdateBatchAll", [&] { Q_EMIT UpdateBatchAll(); });
+    disconnect(watch);
+    // A handler that left the person's changes pending without even trying to write them
+    // (its procedure had no branch for what the frame holds) would lose them without a word.
+    // Showing nothing, the frame holds only rows confirmed or deleted: it writes them itself.
+    // With a row being entered, which is not the frame's to write, the person is told.
+    if (!rows || touched || rows->pendingCount() == 0)
+        return;
+    if (entering())
+        m_messages.changesNotSaved();
+    else
+        writePending(*rows);
+}
+
+void GestAnagrafica::writePending(db::Recordset& rows)
+{
+    try {
+        rows.updateBatch();
+    } catch (const db::RuntimeError& error) {
+        m_messages.saveFailed(error.description());
+    }
+    m_changed = rows.pendingCount() > 0;
+    announceState();
 }
 
 bool GestAnagrafica::enterSearch()
@@ -912,7 +1063,7 @@ bool GestAnagrafica::search(bool fromKeyColumn, bool quiet)
         const ColumnValue typed = m_fields.columnValue(m_keyField);
         if (!typed.accepted()) {
             if (!quiet)
-                m_messages.valueRefused(captionOf(m_keyField), typed.refusal);
+                m_messages.valueRefused(captionOf(m_keyField), typed);
             return false;
         }
         wanted = *typed.value;
@@ -1032,12 +1183,13 @@ bool GestAnagrafica::moveToBookmark(Bookmark bookmark, bool confirmFirst, bool s
 {
     if (!isOpen() || !m_recordset->hasBookmark(bookmark))
         return false;
+    // The row on view asked for by its bookmark is shown again, with what hangs off it.
     return moveBy([bookmark](db::Recordset& rows) { rows.setBookmark(bookmark); }, confirmFirst,
-                  show);
+                  show, true);
 }
 
 bool GestAnagrafica::moveBy(const std::function<void(db::Recordset&)>& move, bool confirmFirst,
-                            bool show)
+                            bool show, bool showAgain)
 {
     if (!isOpen() || !m_attached || m_terminated)
         return false;
@@ -1060,7 +1212,7 @@ bool GestAnagrafica::moveBy(const std::function<void(db::Recordset&)>& move, boo
         return false;
     }
     const auto reached = cursorBookmark();
-    if (reached && reached == before)
+    if (reached && reached == before && !showAgain)
         return false;
     goToRow(reached, StatusReason::Moved, show);
     return reached.has_value();
@@ -1070,8 +1222,12 @@ void GestAnagrafica::onEdited(DataControl* control)
 {
     if (m_terminated || !isOpen() || !m_attached || m_status == FrameStatus::Search || m_locked)
         return;
-    m_rowEdited = true;
     const QString column = m_fields.columnOf(control);
+    // What the screen's answer to ChangeStatus puts into a control bound to no column (a name
+    // looked up, a field emptied for a new row) is how it shows the row, not an edit of it.
+    if (m_announcing && column.isEmpty())
+        return;
+    m_rowEdited = true;
     // A control bound to no column changes nothing the database would see.
     if (m_master && !column.isEmpty())
         m_changed = true;
@@ -1089,14 +1245,14 @@ void GestAnagrafica::onEdited(DataControl* control)
     announceState();
 }
 
-void GestAnagrafica::onValidating(DataControl* control, bool& cancel)
+void GestAnagrafica::onLeaving(DataControl* control, bool& cancel)
 {
-    if (m_terminated || !isOpen() || m_status == FrameStatus::Search || m_locked)
+    if (m_terminated || !isOpen())
         return;
     const ColumnValue converted = m_fields.columnValue(control);
     if (converted.accepted())
         return;
-    m_messages.valueRefused(captionOf(control), converted.refusal);
+    m_messages.valueRefused(captionOf(control), converted);
     cancel = true;
 }
 

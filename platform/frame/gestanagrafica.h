@@ -25,6 +25,7 @@ class Navigator;
 namespace tarvello::db {
 class Connection;
 class RuntimeError;
+class TransactionGuard;
 } // namespace tarvello::db
 
 namespace tarvello::services {
@@ -41,8 +42,11 @@ namespace tarvello::frame {
 //
 // Binding. A registered control bound to a column (its data field) shows the value of that
 // column for the row shown; an edit of the control writes the value back, converted to the
-// column's kind. A value that cannot be converted (a text that is not a number for a numeric
-// column) is never written: leaving the control is refused with a message, and so is a save.
+// column's kind. A value that cannot be converted, or that does not fit the column's size as
+// the database describes it (a text that is not a number for a numeric column, a fraction
+// for an integer, a number beyond the digits of a decimal), is never written: leaving the
+// control is refused with a message naming it, before the module hears of the leaving, and
+// so is a save. A field bound to a text column takes no more characters than it holds.
 // Decodable fields are decoded whenever a row is shown. Writes made to the shown row by code
 // through the recordset are shown in the controls as they happen.
 //
@@ -57,15 +61,20 @@ namespace tarvello::frame {
 // the last batch save (the batch-save handler clears it). The second flag says the row shown
 // has edits not yet confirmed. An edit of a registered control through the frame (by the
 // person, or by code setting the control) sets the second flag, and on a master frame the
-// first as well. Both flags can be set by code; the change notification sets them.
+// first as well; what a ChangeStatus handler puts into a control bound to no column is the
+// screen showing the row and sets neither. Both flags can be set by code; the change
+// notification sets them.
 //
 // Master frame: save checks the registered fields, raises BeforeUpdate, writes the row to
 // the database (insert or update, the identity read back), raises AfterUpdate, then shows the
-// row in status 0. Undo puts back the values read from the database; a new row is dropped and
-// the row shown before it comes back. Delete asks the person (Yes / No, No by default),
-// raises BeforeDelete, deletes the row in the database, raises AfterDelete and shows the next
-// row (or the previous, or none). Undo of a master also drops the pending changes of its
-// attached detail frames.
+// row in status 0; a save another user's row makes break a unique key (the same code) names
+// the field and keeps what was typed. Undo puts back the values read from the database; a new
+// row is dropped and the row shown before it comes back. Delete asks the person (Yes / No, No
+// by default), raises BeforeDelete, deletes the row in the database, raises AfterDelete and
+// shows the next row (or the previous, or none); BeforeDelete and the delete are one
+// transaction, in which the handler's own transaction nests, and a delete of data another
+// user changed since it was shown (the row, or the rows of a detail frame) is refused. Undo of
+// a master also drops the pending changes of its attached detail frames.
 //
 // Detail frame: "Nuovo" adds a row (status 2); "Conferma" checks it, raises BeforeUpdate and
 // keeps the row as a pending change (status 0); "Annulla" takes the row shown back to where
@@ -86,8 +95,9 @@ namespace tarvello::frame {
 // to its own when the recordset stands before the first or after the last row).
 //
 // Events (the host's names and arguments) are raised with direct connections; a handler that
-// throws db::RuntimeError has its error shown to the person and the operation is treated as
-// refused (a Before event) or carried on (an After event).
+// throws db::RuntimeError has its error reported to the host of the frame's form (or shown
+// by the frame itself, on no form) and the operation is treated as refused (a Before event)
+// or carried on (an After event).
 class GestAnagrafica : public QObject,
                        public controls::NavigatorTarget,
                        public services::FrameActions {
@@ -155,7 +165,8 @@ public:
     // text ("A001 RICCI FRANCESCA"); empty without a key.
     QString recordDescription() const;
     // 2 adds a new row at once (code may write into it), 1 starts search entry, 0 shows the
-    // recordset's current row. Unconfirmed edits of the row left are dropped, not asked about.
+    // recordset's current row (a new row being entered stays as it is). Unconfirmed edits of
+    // the row left are dropped, not asked about.
     void setStatus(int status);
     bool changeFlag() const { return m_changed; }
     void setChangeFlag(bool changed);
@@ -180,7 +191,9 @@ public:
     short frameStatus() const override { return short(status()); }
     bool newRecord() override { return addNew(); }
     bool saveRecord() override { return save(); }
-    bool undoRecord() override { return undo(); }
+    // Rows entered on the details, maybe on a page out of sight, go with an undo of the
+    // master: the person confirms first (Yes / No, No by default).
+    bool undoRecord() override;
     bool searchRecord() override { return searchCommand(); }
     bool moveRecord(Move move) override;
 
@@ -211,12 +224,22 @@ public:
     // shown again afterwards. ask: the person chooses Yes (save; safe when that succeeds),
     // No (drop; safe) or Cancel (not safe); without asking the changes are saved.
     bool confirmPendingChanges(bool check, bool show, bool ask);
+    // Before code lets go of the rows the frame holds (reopening its recordset on other
+    // rows): when they hold changes of the person that the database has not seen, asks
+    // Yes / No / Cancel as the save question does. Yes saves the master frame this one is a
+    // detail of (which saves its details with it) and answers whether that succeeded; No
+    // answers true, the changes going with the rows; Cancel answers false, and the caller
+    // stays where it was.
+    bool confirmLettingRowsGo();
     // Undo with switches: raiseEvents (AfterUndo), show, ask (Yes / No before dropping).
     bool dropPendingRow(bool raiseEvents, bool show, bool ask);
     // Deletes every row the frame shows: raiseEvents (BeforeDelete, AfterDelete once), show,
     // ask (Yes / No first). A master writes the deletions at once.
     bool deleteRows(bool raiseEvents, bool show, bool ask);
-    // The batch save: raises UpdateBatchAll, whose handler writes the pending rows.
+    // The batch save: raises UpdateBatchAll, whose handler writes the pending rows. Rows the
+    // handler left pending without trying to write them (a partner deleted while the frame
+    // shows nothing) are written by the frame; a failure is told, and so is a row being
+    // entered that kept them from being written.
     void updateBatch();
 
     // Moves. confirmFirst settles unconfirmed changes of the row left (a master asks); show
@@ -225,6 +248,7 @@ public:
     bool moveLast(bool confirmFirst = true, bool show = true);
     bool movePrevious(bool confirmFirst = true, bool show = true);
     bool moveNext(bool confirmFirst = true, bool show = true);
+    // The bookmark of the row shown shows that row again.
     bool moveToBookmark(Bookmark bookmark, bool confirmFirst = true, bool show = true);
 
     // Stops following the recordset (before it is closed, requeried or walked by code).
@@ -262,7 +286,9 @@ private:
     bool isOpen() const;
     // A new row has been added and is being entered.
     bool entering() const;
-    db::ColumnKind kindOf(const QString& column) const;
+    // What the database says of the base column behind a column of the recordset.
+    std::optional<db::TableInfo::ColumnInfo> describe(const QString& column) const;
+    ColumnFormat formatOf(const QString& column) const;
     db::Value defaultOf(const QString& column) const;
     std::optional<Bookmark> cursorBookmark() const;
     std::optional<Bookmark> visible(std::optional<Bookmark> row) const;
@@ -294,11 +320,22 @@ private:
     bool checkFields();
     bool writeRow(bool check, bool show);
     void discardDetailChanges();
+    void writePending(db::Recordset& rows);
+    // Changes of the person the database has not seen: rows confirmed, deleted or being typed.
+    bool holdsUnsavedChanges() const;
     void discardPendingChanges();
+    enum class DeleteScope { ShownRow, AllRows };
+    // BeforeDelete, then the rows deleted (and, on a master, written), as one transaction.
+    bool deleteWithEvents(DeleteScope scope, bool raiseEvents);
+    bool shownDetailsChanged() const;
     bool deleteAndWrite(const std::function<void()>& deleteRows,
-                        std::optional<Bookmark> shownBefore, bool raiseEvents = true);
+                        std::optional<Bookmark> shownBefore, bool raiseEvents,
+                        std::optional<db::TransactionGuard>& transaction);
+    void reportSaveFailure(const db::RuntimeError& error);
     void finishDelete(std::optional<Bookmark> next, bool raiseEvents, bool show);
-    bool moveBy(const std::function<void(db::Recordset&)>& move, bool confirmFirst, bool show);
+    // Landing on the row shown is no move unless showAgain: then the row is shown again.
+    bool moveBy(const std::function<void(db::Recordset&)>& move, bool confirmFirst, bool show,
+                bool showAgain = false);
     std::optional<Bookmark> findInRecordset(const QString& column, const db::Value& key);
     std::optional<Bookmark> bringFromDatabase(const QString& column, const db::Value& key);
 
@@ -307,13 +344,16 @@ private:
     void followNearest();
     void resync();
     void onEdited(controls::DataControl* control);
-    void onValidating(controls::DataControl* control, bool& cancel);
+    void onLeaving(controls::DataControl* control, bool& cancel);
     void onCurrentChanged();
     void onRowsReset();
     void onRowChanged(tarvello::db::Recordset::Bookmark bookmark);
 
+    // Raises the event through fire(); false when a handler failed (reported as the procedure
+    // "<frame>_<event>"). A Before event whose handler failed refuses the operation whatever
+    // the person answers: a row is never written or deleted after its checks failed halfway.
     template <class Emit>
-    bool raise(Emit fire);
+    bool raise(const char* event, Emit fire);
 
     FrameMessages m_messages;
     QPointer<QObject> m_module;              // Not owned.
@@ -326,6 +366,7 @@ private:
     FieldBindings m_fields;
     QPointer<controls::DataControl> m_keyField; // Not owned.
     QList<QPointer<GestAnagrafica>> m_details;  // Not owned.
+    QPointer<GestAnagrafica> m_masterFrame;     // Not owned: the frame this is a detail of.
     QString m_sql;
     QString m_searchFilter;
     QStringList m_lastCompany;
@@ -345,6 +386,8 @@ private:
     int m_bulkDepth = 0;
     int m_quietDepth = 0;
     bool m_writing = false;
+    // ChangeStatus is being raised for the row shown.
+    bool m_announcing = false;
     quint64 m_generation = 0;
 };
 

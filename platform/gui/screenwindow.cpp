@@ -3,6 +3,7 @@
 #include "platform/controls/connectionpool.h"
 #include "platform/controls/control.h"
 #include "platform/controls/form.h"
+#include "platform/controls/handlererrors.h"
 #include "platform/db/connection.h"
 #include "platform/frame/gestanagrafica.h"
 #include "platform/frame/recordtree.h"
@@ -26,7 +27,8 @@
 namespace tarvello::gui {
 
 ScreenWindow::ScreenWindow(host::CalledModule& module, controls::Form& form, QWidget* content,
-                           controls::LookupPresenter* lookups)
+                           controls::LookupPresenter* lookups,
+                           std::unique_ptr<controls::HandlerErrors> errors)
     : m_module(module)
     , m_form(&form)
     , m_view(FormBinder::bind(form, *content))
@@ -51,6 +53,10 @@ ScreenWindow::ScreenWindow(host::CalledModule& module, controls::Form& form, QWi
         m_connections = std::make_unique<controls::ConnectionPool>();
         m_connections->add(*module.contract().Connection());
         form.setConnectionSource(m_connections.get());
+    }
+    if (!form.handlerErrors() && errors) {
+        m_errors = std::move(errors);
+        form.setHandlerErrors(m_errors.get());
     }
     m_trees = frame::RecordTree::link(form, module.contract());
 }
@@ -136,15 +142,13 @@ ScreenWindow::~ScreenWindow()
         m_form->setConnectionSource(nullptr);
     if (m_lookups && m_form->lookupPresenter() == m_lookups)
         m_form->setLookupPresenter(nullptr);
+    if (m_errors && m_form->handlerErrors() == m_errors.get())
+        m_form->setHandlerErrors(nullptr);
 }
 
 controls::Form* ScreenWindow::formOf(host::CalledModule& module)
 {
-    for (QObject* object = module.contract().ActiveFrame(); object; object = object->parent()) {
-        if (auto* form = qobject_cast<controls::Form*>(object))
-            return form;
-    }
-    return nullptr;
+    return controls::formOf(module.contract().ActiveFrame());
 }
 
 void ScreenWindow::closeEvent(QCloseEvent* event)

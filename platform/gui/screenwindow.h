@@ -12,6 +12,7 @@ class QAbstractItemView;
 
 namespace tarvello::controls {
 class ConnectionPool;
+class HandlerErrors;
 class LookupPresenter;
 } // namespace tarvello::controls
 
@@ -32,13 +33,16 @@ class RecordCaption;
 // form, in an MDI window. Closing the window is the person's close request, which the form
 // may refuse; a form unloaded by code closes the window. The host gives the form what the
 // screen did not set up itself: the lookup lists, the module's own connection for the
-// fields' decodings, and trees that stay with the record on view.
+// fields' decodings, the report of the run-time errors its handlers let escape, and trees
+// that stay with the record on view.
 class ScreenWindow final : public QMdiSubWindow {
     Q_OBJECT
 public:
     // content is laid out for form and bound here (BindingError when it does not fit).
+    // errors reports the run-time errors that escape the handlers of the form's events.
     ScreenWindow(host::CalledModule& module, controls::Form& form, QWidget* content,
-                 controls::LookupPresenter* lookups);
+                 controls::LookupPresenter* lookups,
+                 std::unique_ptr<controls::HandlerErrors> errors);
     ~ScreenWindow() override;
 
     host::CalledModule& module() const { return m_module; }
@@ -75,6 +79,7 @@ private:
     std::unique_ptr<controls::ConnectionPool> m_connections;
     controls::LookupPresenter* m_lookups = nullptr; // Not owned: the shell's.
     std::vector<std::unique_ptr<frame::RecordTree>> m_trees;
+    std::unique_ptr<controls::HandlerErrors> m_errors;
     bool m_closing = false;
 };
 

@@ -14,6 +14,7 @@
 #include "platform/gui/shellhost.h"
 #include "platform/gui/wheelguard.h"
 #include "platform/gui/windowmemory.h"
+#include "platform/services/moduleerrorreport.h"
 #include "platform/services/userprompts.h"
 #include "src/host/calledmodule.h"
 #include "src/host/cinterface.h"
@@ -202,7 +203,10 @@ ScreenWindow* ShellWindow::openModule(const ModuleEntry& entry)
             throw BindingError(tr("La maschera %1 non ha un disegno").arg(form->name()));
         std::unique_ptr<QWidget> content = layout();
         const QSize designed = content->size();
-        auto* window = new ScreenWindow(*module, *form, content.get(), m_lookups);
+        auto* window =
+            new ScreenWindow(*module, *form, content.get(), m_lookups,
+                             std::make_unique<services::ModuleErrorReport>(
+                                 m_host.prompts(), module->contract(), entry.identifier));
         content.release();
         connect(&window->caption(), &RecordCaption::statusMessage, statusBar(),
                 [this](const QString& text) { statusBar()->showMessage(text); });

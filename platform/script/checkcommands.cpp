@@ -95,7 +95,7 @@ Action setting(Arguments& args, const QString& name)
                 const Navigator::Button* button = navigator->button(part);
                 if (!button)
                     throw ScriptFailure(QStringLiteral("%1 has no button %2").arg(control, part));
-                actual = name == u"enabled" ? button->enabled : button->visible;
+                actual = name == u"enabled" ? navigator->isButtonEnabled(part) : button->visible;
             } else if (const auto* menu = qobject_cast<MenuButton*>(&target)) {
                 const MenuButton::Item* item = menu->item(part);
                 if (!item)

@@ -4,6 +4,8 @@
 #include "platform/script/scripterror.h"
 #include "platform/services/hostnavigator.h"
 
+#include <QDeadlineTimer>
+#include <QThread>
 #include <limits>
 
 namespace tarvello::script {
@@ -24,6 +26,30 @@ Action exec(Arguments& args)
     const QString sql = args.text(QStringLiteral("the statement"));
     args.end();
     return [sql](Scenario& scenario) { scenario.database().executeNonQuery(sql); };
+}
+
+// Another process works on the same database: the run waits until the query returns the
+// rows, for at most half a minute.
+Action await(Arguments& args)
+{
+    args.oneOf(QStringLiteral("rows"), {QStringLiteral("rows")});
+    const QString query = args.text(QStringLiteral("the query"));
+    const qint64 expected = args.integer(QStringLiteral("the number of rows"));
+    args.end();
+    return [query, expected](Scenario& scenario) {
+        constexpr int patience = 30000;
+        constexpr int pause = 50;
+        const QDeadlineTimer deadline(patience);
+        qsizetype rows = 0;
+        while ((rows = scenario.database().query(query).rows.size()) != expected) {
+            if (deadline.hasExpired())
+                throw ScriptFailure(QStringLiteral("after %1 seconds the query still returns "
+                                                   "%2 rows")
+                                        .arg(patience / 1000)
+                                        .arg(rows));
+            QThread::msleep(pause);
+        }
+    };
 }
 
 Action company(Arguments& args)
@@ -117,6 +143,7 @@ Action close(Arguments& args)
 void addHostCommands(CommandTable& table)
 {
     table.insert(QStringLiteral("exec"), exec);
+    table.insert(QStringLiteral("await"), await);
     table.insert(QStringLiteral("company"), company);
     table.insert(QStringLiteral("open"), open);
     table.insert(QStringLiteral("activate"), activate);

@@ -66,8 +66,7 @@ void Scenario::openDatabase(const ShellOptions& options)
         connectionString = QStringLiteral("file:/tarvello-scenario-%1?vfs=memdb")
                                .arg(QUuid::createUuid().toString(QUuid::WithoutBraces));
     m_database.open(connectionString);
-    if (!m_database.tableInfo(QStringLiteral("MG17_AGENTI")).exists())
-        db::createSchema(m_database);
+    db::ensureSchema(m_database);
     if (options.demo && m_database.run(QStringLiteral("SELECT COUNT(*) FROM CG18_DITTE"))
                                 .rows.first()
                                 .first()
@@ -116,7 +115,7 @@ void Scenario::open(const OpenRequest& request)
     const QString identifier = agentsModuleIdentifier();
     if (!m_host->modules().contains(identifier))
         throw ScriptFailure(QStringLiteral("the host has no module %1 to open").arg(identifier));
-    auto created = std::make_unique<ScenarioWindow>(m_host->createModule(identifier));
+    auto created = std::make_unique<ScenarioWindow>(m_host->createModule(identifier), identifier);
     host::Cinterface& module = created->module();
     module.setClsGlobal(m_host.get());
     module.setActiveNavigator(m_toolbar.get());
@@ -271,6 +270,9 @@ void Scenario::pressToolbar(qint32 button)
     switch (m_toolbar->press(button)) {
     case services::HostNavigator::Press::Disabled:
         note(QStringLiteral("the toolbar button %1 is disabled: nothing happens").arg(button));
+        return;
+    case services::HostNavigator::Press::Refused:
+        note(QStringLiteral("the toolbar button %1 was refused: nothing happens").arg(button));
         return;
     case services::HostNavigator::Press::TakenOver:
         return;

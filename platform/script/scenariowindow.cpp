@@ -4,12 +4,14 @@
 #include "platform/controls/datacontrol.h"
 #include "platform/controls/form.h"
 #include "platform/controls/grid.h"
+#include "platform/controls/handlererrors.h"
 #include "platform/controls/navigator.h"
 #include "platform/db/connection.h"
 #include "platform/frame/gestanagrafica.h"
 #include "platform/frame/recordtree.h"
 #include "platform/script/promptlookups.h"
 #include "platform/script/scripterror.h"
+#include "platform/services/moduleerrorreport.h"
 #include "src/host/cinterface.h"
 
 namespace tarvello::script {
@@ -20,8 +22,10 @@ QString kindName(const QMetaObject& kind)
     return name.mid(name.lastIndexOf(u':') + 1);
 }
 
-ScenarioWindow::ScenarioWindow(std::unique_ptr<host::CalledModule> module)
+ScenarioWindow::ScenarioWindow(std::unique_ptr<host::CalledModule> module,
+                               QString programmaticIdentifier)
     : m_module(std::move(module))
+    , m_identifier(std::move(programmaticIdentifier))
 {
     m_module->dataTransfer().subscribe(this);
 }
@@ -33,15 +37,13 @@ ScenarioWindow::~ScenarioWindow()
         m_form->setLookupPresenter(nullptr);
     if (m_form && m_form->connectionSource() == m_connections.get())
         m_form->setConnectionSource(nullptr);
+    if (m_form && m_form->handlerErrors() == m_errors.get())
+        m_form->setHandlerErrors(nullptr);
 }
 
 controls::Form* ScenarioWindow::findForm() const
 {
-    for (QObject* object = module().ActiveFrame(); object; object = object->parent()) {
-        if (auto* form = qobject_cast<controls::Form*>(object))
-            return form;
-    }
-    return nullptr;
+    return controls::formOf(module().ActiveFrame());
 }
 
 bool ScenarioWindow::adopt(services::UserPrompts& prompts)
@@ -59,6 +61,10 @@ bool ScenarioWindow::adopt(services::UserPrompts& prompts)
         m_form->setConnectionSource(m_connections.get());
     }
     m_trees = frame::RecordTree::link(*m_form, module());
+    if (!m_form->handlerErrors()) {
+        m_errors = std::make_unique<services::ModuleErrorReport>(prompts, module(), m_identifier);
+        m_form->setHandlerErrors(m_errors.get());
+    }
     return true;
 }
 

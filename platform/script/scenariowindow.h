@@ -29,8 +29,9 @@ class Cinterface;
 }
 
 namespace tarvello::services {
+class ModuleErrorReport;
 class UserPrompts;
-}
+} // namespace tarvello::services
 
 namespace tarvello::script {
 
@@ -42,11 +43,12 @@ class PromptLookups;
 // ActiveFrame at load: the frame sits on the screen's form (it is a descendant of the form
 // object), and so does every other record frame of the screen, found by its object name.
 // The host gives the form what the screen did not set up itself: the lookup lists (through
-// the prompts), the connections its fields decode on (the module's own Connection), and
-// trees that stay with the record on view.
+// the prompts), the connections its fields decode on (the module's own Connection), the
+// report of the run-time errors its handlers let escape (through the prompts too) and trees
+// that stay with the record on view.
 class ScenarioWindow final : public host::DataTransferEvents {
 public:
-    explicit ScenarioWindow(std::unique_ptr<host::CalledModule> module);
+    ScenarioWindow(std::unique_ptr<host::CalledModule> module, QString programmaticIdentifier);
     ~ScenarioWindow();
     ScenarioWindow(const ScenarioWindow&) = delete;
     ScenarioWindow& operator=(const ScenarioWindow&) = delete;
@@ -95,6 +97,8 @@ private:
     std::unique_ptr<PromptLookups> m_lookups;                // Owned.
     std::unique_ptr<controls::ConnectionPool> m_connections; // Owned.
     std::vector<std::unique_ptr<frame::RecordTree>> m_trees;
+    std::unique_ptr<services::ModuleErrorReport> m_errors;   // Owned.
+    QString m_identifier;
     qsizetype m_statementsMatched = 0;
     std::optional<db::Value> m_transfer;
 };

@@ -1,5 +1,7 @@
 #include "platform/services/hostnavigator.h"
 
+#include "platform/controls/form.h"
+#include "platform/controls/handlererrors.h"
 #include "platform/services/hostcontext.h"
 #include "src/host/cinterface.h"
 
@@ -19,6 +21,24 @@ FrameActions* HostNavigator::activeFrame() const
 {
     const host::Cinterface* module = m_context.activeModule();
     return module ? dynamic_cast<FrameActions*>(module->ActiveFrame()) : nullptr;
+}
+
+template <class... Params, class... Args>
+bool HostNavigator::raiseToModules(const char* event,
+                                   void (host::NavigatorEvents::*handler)(Params...),
+                                   Args&&... args)
+{
+    bool abandoned = false;
+    m_events.forEach([&](host::NavigatorEvents& module) {
+        const auto* contract = dynamic_cast<const host::Cinterface*>(&module);
+        controls::HandlerErrors* errors =
+            contract ? controls::handlerErrorsOf(contract->ActiveFrame()) : nullptr;
+        const controls::Raised raised =
+            controls::raiseEvent(errors, QStringLiteral("ActiveNavigator_") + QLatin1String(event),
+                                 [&] { (module.*handler)(args...); });
+        abandoned = abandoned || raised == controls::Raised::Abandoned;
+    });
+    return abandoned;
 }
 
 void HostNavigator::update()
@@ -43,12 +63,25 @@ bool HostNavigator::isEnabled(qint32 button) const
     }
 }
 
+bool HostNavigator::focusLetsGo(qint32 button) const
+{
+    // Undo and delete drop what the field holds: they need not wait for it.
+    if (button == Undo || button == Delete)
+        return true;
+    const host::Cinterface* module = m_context.activeModule();
+    controls::Form* form = module ? controls::formOf(module->ActiveFrame()) : nullptr;
+    return !form || form->focus().checkCurrent();
+}
+
 HostNavigator::Press HostNavigator::press(qint32 button)
 {
     if (!isEnabled(button))
         return Press::Disabled;
+    if (!focusLetsGo(button))
+        return Press::Refused;
     bool cancel = false;
-    m_events.raise(&host::NavigatorEvents::ButtonPressed, cancel, button);
+    if (raiseToModules("ButtonPressed", &host::NavigatorEvents::ButtonPressed, cancel, button))
+        return Press::Refused;
     if (cancel)
         return Press::TakenOver;
     act(button);
@@ -98,11 +131,11 @@ void HostNavigator::act(qint32 button)
 bool HostNavigator::changeCompany(const host::Company& company)
 {
     bool cancel = false;
-    m_events.raise(&host::NavigatorEvents::BeforeChangeDitta, cancel);
-    if (cancel)
+    if (raiseToModules("BeforeChangeDitta", &host::NavigatorEvents::BeforeChangeDitta, cancel) ||
+        cancel)
         return false;
     m_context.setCompany(company);
-    m_events.raise(&host::NavigatorEvents::ChangeDitta, company.code);
+    raiseToModules("ChangeDitta", &host::NavigatorEvents::ChangeDitta, company.code);
     return true;
 }
 

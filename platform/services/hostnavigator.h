@@ -36,6 +36,8 @@ public:
 
     enum class Press {
         Disabled,  // the button was not enabled: nothing happened
+        Refused,   // the field with the focus would not let go of its value, or a module's
+                   // handler failed and the person abandoned the press: nothing happened
         TakenOver, // a module set the cancel flag: it did the button's work itself
         Done,      // the toolbar did its own work, if it has any for the button
     };
@@ -72,6 +74,14 @@ public:
 
 private:
     FrameActions* activeFrame() const;
+    // Raises an event to every module. A run-time error that one module's handler lets escape
+    // is reported as that module's (through its screen) and the others still hear the event;
+    // true when the person chose to abandon what the event was for.
+    template <class... Params, class... Args>
+    bool raiseToModules(const char* event, void (host::NavigatorEvents::*handler)(Params...),
+                        Args&&... args);
+    // The active screen's field with the focus lets go of its value, as leaving it would.
+    bool focusLetsGo(qint32 button) const;
     void act(qint32 button);
 
     HostContext& m_context; // Not owned.

@@ -120,6 +120,8 @@ void ClientiGiro::Gcls_ConnectMagazzino_DataTransfer(const host::WarehouseTransf
     ignoreEachStep({
         [&] {
             if (dati.operation == host::WarehouseTransfer::Route) {
+                if (!m_giri.LasciaGiroCorrente(RTrimN(dati.value).toString()))
+                    return;
                 m_giri.mostraGiro(dati.value.toString());
                 m_giri.Refresh_VF_MG1H(false);
             } else if (dati.operation == host::WarehouseTransfer::Customers) {

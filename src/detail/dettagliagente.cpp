@@ -203,8 +203,15 @@ void DettagliAgente::RefreshChild()
 void DettagliAgente::setSociAggiungibili(bool aggiungibili)
 {
     m_sociAggiungibili = aggiungibili;
+    mostraSociAggiungibili();
+}
+
+void DettagliAgente::mostraSociAggiungibili()
+{
+    // Without a declared number nothing bounds the partners: "Nuovo" stays available whatever
+    // SociAggiungibili held before.
     m_schermata.controllo<controls::GridNavigator>(u"GRIDNAV_AGENTISOCI")
-        .setNewRowAllowed(aggiungibili);
+        .setNewRowAllowed(m_sociAggiungibili || !sottoLimiteSoci());
 }
 
 void DettagliAgente::chiaveNuovaRiga(int numero, int fenm_operationresult)
@@ -266,7 +273,7 @@ void DettagliAgente::FME_GestAnagrafica2_ChangeStatus(int fenm_status)
         codice.setEnabled(false);
     else if (fenm_status == frame::FrameStatus::Search || fenm_status == frame::FrameStatus::New)
         codice.setEnabled(true);
-    setSociAggiungibili(m_sociAggiungibili);
+    mostraSociAggiungibili();
 }
 
 void DettagliAgente::FME_GestAnagrafica3_ChangeStatus(int fenm_status)

@@ -42,6 +42,9 @@ public:
     // A new partner row may be added; the setter also tells the partners' navigator.
     bool SociAggiungibili() const { return m_sociAggiungibili; }
     void setSociAggiungibili(bool aggiungibili);
+    // Pushes SociAggiungibili into the new-row switch of the partners' navigator, which keeps
+    // "Nuovo" available to the person while no number of partners is declared.
+    void mostraSociAggiungibili();
     // With a declared number of partners, a partner may be added while fewer are held;
     // without one nothing changes.
     void ricalcolaSociAggiungibili();

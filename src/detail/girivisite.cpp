@@ -133,18 +133,19 @@ void GiriVisite::ImpostaElencoGiri()
 
 void GiriVisite::TeminateElencoGiri()
 {
-    ignoreEachStep({
-        [&] {
-            if (m_elencoGiri && m_elencoGiri->isOpen())
-                m_elencoGiri->close();
-        },
-        [&] {
-            if (auto* griglia = m_schermata.find<controls::Grid>(u"GRD_GIRI");
-                griglia && griglia->dataSource() == m_elencoGiri)
-                griglia->setDataSource(nullptr);
-            m_elencoGiri.reset();
-        },
-    });
+    reportWithChoice(m_schermata.errori(), QStringLiteral("TeminateElencoGiri"),
+                     {
+                         [&] {
+                             if (m_elencoGiri && m_elencoGiri->isOpen())
+                                 m_elencoGiri->close();
+                         },
+                         [&] {
+                             if (auto* griglia = m_schermata.find<controls::Grid>(u"GRD_GIRI");
+                                 griglia && griglia->dataSource() == m_elencoGiri)
+                                 griglia->setDataSource(nullptr);
+                             m_elencoGiri.reset();
+                         },
+                     });
 }
 
 void GiriVisite::Refresh_VF_MG1H(bool aggiungiGiro)
@@ -171,12 +172,7 @@ void GiriVisite::aggiungiAlElenco()
 {
     auto& elenco = m_schermata.controllo<controls::Grid>(u"GRD_GIRI");
     elenco.setDataSource(nullptr);
-    bool manca = m_elencoGiri->bof() && m_elencoGiri->eof();
-    if (!manca) {
-        m_elencoGiri->moveFirst();
-        manca = !m_elencoGiri->find(QStringLiteral("MG1H_GIRO = ") + db::quoted(m_giroCorrente));
-    }
-    if (manca) {
+    if (!posizionaElenco(m_giroCorrente)) {
         m_elencoGiri->addNew();
         m_elencoGiri->setValue(u"MG1H_GIRO", m_giroCorrente);
         m_elencoGiri->setValue(u"MG1H_DESCRIZIONE",
@@ -184,6 +180,20 @@ void GiriVisite::aggiungiAlElenco()
         m_elencoGiri->update();
     }
     elenco.setDataSource(m_elencoGiri);
+}
+
+bool GiriVisite::posizionaElenco(const QString& giro)
+{
+    if (m_elencoGiri->bof() && m_elencoGiri->eof())
+        return false;
+    m_elencoGiri->moveFirst();
+    return m_elencoGiri->find(QStringLiteral("MG1H_GIRO = ") + db::quoted(giro));
+}
+
+bool GiriVisite::LasciaGiroCorrente(const QString& nuovo)
+{
+    frame::GestAnagrafica* dettaglio = m_schermata.FME_GestAnagrafica(FRMMG_AGENTI::DettaglioGiri);
+    return nuovo == m_giroCorrente || !dettaglio || dettaglio->confirmLettingRowsGo();
 }
 
 void GiriVisite::CaricaDettaglioGiro()
@@ -211,6 +221,10 @@ void GiriVisite::GRD_GIRI_Click()
                                  RTrimN(m_elencoGiri->value(u"MG1H_GIRO")).toString();
                              if (codice.isEmpty())
                                  return Flow::Leave;
+                             if (!LasciaGiroCorrente(codice)) {
+                                 posizionaElenco(m_giroCorrente);
+                                 return Flow::Leave;
+                             }
                              mostraGiro(codice);
                              return Flow::Next;
                          },
@@ -220,16 +234,35 @@ void GiriVisite::GRD_GIRI_Click()
 
 void GiriVisite::TXT_GIRO_GotFocus()
 {
-    prendiGiroDalCampo();
+    reportWithChoice(m_schermata.errori(), QStringLiteral("TXT_GIRO_GotFocus"),
+                     {[&] { prendiGiroDalCampo(); }});
 }
 
 void GiriVisite::TXT_GIRO_LostFocus()
 {
     const auto& giro = m_schermata.controllo<controls::Field>(u"TXT_GIRO");
-    if (RTrimN(giro.text()).toString() == m_giroCorrente || !giro.isValid())
-        return;
-    prendiGiroDalCampo();
-    Refresh_VF_MG1H(true);
+    QString nuovo;
+    reportWithChoice(m_schermata.errori(), QStringLiteral("TXT_GIRO_LostFocus"),
+                     {
+                         [&] {
+                             nuovo = RTrimN(giro.text()).toString();
+                             return nuovo == m_giroCorrente || !giro.isValid() ? Flow::Leave
+                                                                               : Flow::Next;
+                         },
+                         [&] {
+                             if (LasciaGiroCorrente(nuovo))
+                                 return Flow::Next;
+                             mostraGiro(m_giroCorrente);
+                             return Flow::Leave;
+                         },
+                         [&] {
+                             // Saved, the agent's details were shown again from its first route.
+                             if (RTrimN(giro.text()).toString() != nuovo)
+                                 mostraGiro(nuovo);
+                         },
+                         [&] { prendiGiroDalCampo(); },
+                         [&] { Refresh_VF_MG1H(true); },
+                     });
 }
 
 void GiriVisite::TXT_GIRO_Decode(controls::DecodeArgs& args)

@@ -41,6 +41,11 @@ public:
     // The routes the agent has customers on; none before the first ImpostaElencoGiri.
     db::RecordsetPtr Grst_ElencoGiri() const { return m_elencoGiri; }
 
+    // Before another route is put on view: customers entered on the route on view and not
+    // yet saved would go with it, so the person chooses first, through the route-detail
+    // frame's question, to save them with the agent, to drop them, or (false) to stay.
+    bool LasciaGiroCorrente(const QString& nuovo);
+
     // Builds the route list of the agent on view and puts its first route on view.
     void ImpostaElencoGiri();
     // Lets the route list go.
@@ -68,6 +73,8 @@ private:
     void FME_GestAnagrafica5_UpdateBatchAll();
     void GRD_DETTAGLIOGIRI_CellText(controls::CellTextArgs& args);
     void aggiungiAlElenco();
+    // Moves the route list to that route; false when it is not listed.
+    bool posizionaElenco(const QString& giro);
 
     FRMMG_AGENTI& m_schermata; // Not owned: the screen owns this.
     QString m_giroCorrente;

@@ -94,17 +94,21 @@ void OrdineGiro::sposta(Verso verso)
             return Flow::Next;
         },
         [&] {
-            // A row being entered is confirmed before it moves up; it cannot move down.
-            if (su) {
-                if (righe->absolutePosition() == 1)
-                    return Flow::Leave;
-                if (dettaglio->status() == frame::FrameStatus::New &&
-                    !dettaglio->confirmPendingChanges(true, true, false))
-                    return Flow::Leave;
+            // A row being entered cannot move down.
+            if (!su && dettaglio->status() == frame::FrameStatus::New)
+                return Flow::Leave;
+            const qsizetype ultima = su ? 1 : righe->recordCount();
+            return righe->absolutePosition() == ultima ? Flow::Leave : Flow::Next;
+        },
+        [&] {
+            // The row moves as it was settled: a new one once stored (an empty row left open
+            // is no customer and stays), edits once confirmed, so that the checks of the
+            // store judge this row and not the neighbour it is exchanged with.
+            const bool nuova = dettaglio->status() == frame::FrameStatus::New;
+            if (!nuova && !dettaglio->secondChangeFlag())
                 return Flow::Next;
-            }
-            if (dettaglio->status() == frame::FrameStatus::New ||
-                righe->absolutePosition() == righe->recordCount())
+            if (!dettaglio->confirmPendingChanges(true, true, false) ||
+                dettaglio->status() == frame::FrameStatus::New)
                 return Flow::Leave;
             return Flow::Next;
         },

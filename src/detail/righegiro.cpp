@@ -113,19 +113,26 @@ void RigheGiro::FME_GestAnagrafica5_AfterDelete(int fenm_operationresult)
                      });
 }
 
+// The two actions ignore their own errors; anything else is reported under the handler's name.
 void RigheGiro::GRIDNAV_GIRI_AfterButtonClick(bool success, const QString& pulsante)
 {
-    if (!success)
-        return;
-    if (pulsante == u"Nuovo") {
-        ignoreEachStep(
-            {[&] { m_schermata.controllo<controls::Control>(u"TXT_CLIENTE").setFocus(); }});
-    } else if (pulsante == u"Conferma") {
-        ignoreEachStep({[&] {
-            m_schermata.controllo<controls::Navigator>(u"GRIDNAV_GIRI")
-                .press(QStringLiteral("Nuovo"));
-        }});
-    }
+    reportWithChoice(
+        m_schermata.errori(), QStringLiteral("GRIDNAV_GIRI_AfterButtonClick"),
+        {
+            [&] { return success ? Flow::Next : Flow::Leave; },
+            [&] {
+                if (pulsante == u"Nuovo") {
+                    ignoreEachStep({[&] {
+                        m_schermata.controllo<controls::Control>(u"TXT_CLIENTE").setFocus();
+                    }});
+                } else if (pulsante == u"Conferma") {
+                    ignoreEachStep({[&] {
+                        m_schermata.controllo<controls::Navigator>(u"GRIDNAV_GIRI")
+                            .press(QStringLiteral("Nuovo"));
+                    }});
+                }
+            },
+        });
 }
 
 void RigheGiro::CMD_AZZERRAGIRO_ButtonClick()
@@ -168,15 +175,34 @@ void RigheGiro::TXT_CLIENTE_GotFocus()
 // A customer typed over another has no destination yet.
 void RigheGiro::TXT_CLIENTE_LostFocus()
 {
-    if (m_schermata.controllo<controls::Field>(u"TXT_CLIENTE").text() == m_clienteAllIngresso)
-        return;
-    auto& destinazione = m_schermata.controllo<controls::Field>(u"TXT_MG1I_CODDEST_MG22");
-    destinazione.setText(QString());
-    destinazione.decode();
+    reportModuleError(
+        m_schermata.errori(), QStringLiteral("TXT_CLIENTE_LostFocus"),
+        {
+            [&] {
+                return m_schermata.controllo<controls::Field>(u"TXT_CLIENTE").text() ==
+                               m_clienteAllIngresso
+                           ? Flow::Leave
+                           : Flow::Next;
+            },
+            [&] {
+                auto& destinazione =
+                    m_schermata.controllo<controls::Field>(u"TXT_MG1I_CODDEST_MG22");
+                destinazione.setText(QString());
+                destinazione.decode();
+            },
+        });
 }
 
 void RigheGiro::TXT_CLIENTE_Decode(controls::DecodeArgs& args)
 {
+    // An empty customer is no customer (a row just opened): no statement, nothing wrong.
+    if (RTrimN(m_schermata.controllo<controls::Field>(u"TXT_CLIENTE").text())
+            .toString()
+            .isEmpty()) {
+        for (const char16_t* nome : CampiCliente)
+            m_schermata.controllo<controls::Field>(nome).setText(QString());
+        return;
+    }
     host::LookupDecoder& clienti = richiesto(m_schermata.decodificatoreClienti(), "LKP_CLIENTI");
     clienti.prepareDecoding(DefinizioneClienti,
                             CDecN(m_schermata.controllo<controls::Field>(u"TXT_CLIENTE").text()),

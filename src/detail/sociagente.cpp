@@ -56,6 +56,7 @@ void SociAgente::AggiornaNumeroSoci()
     const db::Value numero = RTrimN(m_schermata.controllo<controls::Field>(u"TXT_NUMSOCI").text());
     if (numero.toString().isEmpty()) {
         avviso.setVisible(true);
+        m_schermata.dettagli().mostraSociAggiungibili();
         return;
     }
     const db::Decimal dichiarati = CDecN(numero).toDecimal();

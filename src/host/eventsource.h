@@ -24,10 +24,17 @@ public:
     template <class... Params, class... Args>
     void raise(void (Sink::*handler)(Params...), Args&&... args)
     {
+        forEach([&](Sink& sink) { (sink.*handler)(args...); });
+    }
+
+    // Hands each subscriber to deliver(), in the order and with the care raise() takes.
+    template <class Deliver>
+    void forEach(Deliver&& deliver)
+    {
         const QList<Sink*> sinks = m_sinks;
         for (Sink* sink : sinks) {
             if (m_sinks.contains(sink))
-                (sink->*handler)(args...);
+                deliver(*sink);
         }
     }
 

@@ -195,21 +195,22 @@ void Classificazioni::invocaGestione(int gruppo, const QString& procedura)
     db::Value codici;
 
     // The codes come back from the highest level down: the field at position i takes the
-    // element counted from the end.
+    // element counted from the end. Each is decoded as it is written, as a typed code is when
+    // the person leaves it, so that a child is decoded within the parents just written.
     const auto scriviCodice = [&](qsizetype i) {
         return [&, i] {
             if (i >= parametri.size())
                 return;
             Field& f = m_schermata.controllo<Field>(QString::fromLatin1(parametri.at(i).campo));
             const qsizetype elemento = parametri.size() - 1 - i;
-            if (!procedura.isEmpty()) {
-                f.setText(codiceRestituito(codici, elemento));
-                return;
-            }
-            // With errors ignored, a code the management did not hand back is written empty.
             QString codice;
-            ignoreEachStep({[&] { codice = codiceRestituito(codici, elemento); }});
+            if (!procedura.isEmpty())
+                codice = codiceRestituito(codici, elemento);
+            else
+                // With errors ignored, a code the management did not hand back is written empty.
+                ignoreEachStep({[&] { codice = codiceRestituito(codici, elemento); }});
             f.setText(codice);
+            f.decode();
         };
     };
     const auto esegui = [&](auto stile) {

@@ -47,6 +47,13 @@ constexpr long ObjectWasUnloaded = 364;
 constexpr int LarghezzaProgetto = 14865;
 constexpr int AltezzaProgetto = 9195;
 
+// The module's application object: what the host learns of it, and the text its error
+// reports are shown under.
+host::ApplicationInfo applicazione()
+{
+    return {QStringLiteral("Anagrafica agenti"), ErrorReporter::moduleName()};
+}
+
 // The setting of the archive-link field that names the kind of archive entry: agents.
 constexpr int ArchivioAgenti = 9;
 
@@ -83,6 +90,7 @@ FRMMG_AGENTI::FRMMG_AGENTI(QObject* parent)
     // every value the list takes from the start.
     m_classificazioni->collega();
     m_provvigioni->collega();
+    m_errori.setApplicationText(applicazione().title);
     m_errori.setScreenTitle([this] { return caption(); });
     connect(this, &Form::loaded, this, &FRMMG_AGENTI::Form_Load);
     connect(this, &Form::activated, this, &FRMMG_AGENTI::Form_Activate);
@@ -546,10 +554,7 @@ void FRMMG_AGENTI::Form_Activate()
                                  controllo<controls::Control>(u"CBO_REGPROV").setFocus();
                          },
                          [&] { ExecuteFormEvent(EventoApertura); },
-                         [&] {
-                             globale().registerApplication({QStringLiteral("Anagrafica agenti"),
-                                                            ErrorReporter::moduleName()});
-                         },
+                         [&] { globale().registerApplication(applicazione()); },
                      });
 }
 

@@ -157,7 +157,7 @@ void creaTestata(const Costruttore& c)
 {
     c.gruppo(QStringLiteral("FRA_TESTATA"), {});
     c.etichetta(QStringLiteral("TITLEBAR"), QStringLiteral("Anagrafica agenti"));
-    c.etichetta(QStringLiteral("LBL_AGENTE"), QStringLiteral("Agente"));
+    c.etichetta(QStringLiteral("LBL_AGENTE"), QStringLiteral("Codice agente"));
     obbligatorio(c.codice(QStringLiteral("TXT_AGENTE"), QStringLiteral("Codice agente"),
                           QStringLiteral("MG17_AGENTE"), 20));
     conGestione(c.codice(QStringLiteral("TXT_RAGSOANAG"),

@@ -418,6 +418,8 @@ void SchedaAgente::FME_GestAnagrafica1_ChangeStatus(int fenm_status, int fenm_re
                fenm_status == frame::FrameStatus::New) {
         m_schermata.dettagli().ClearChild();
         campo(u"TXT_RAGSOANAG").setText(QString());
+        // An empty screen: the reference code follows the empty id, as for an agent shown.
+        seguiId(campo(u"TXT_AGERIF"), m_ultimoIdAgeRif, &campo(u"TXT_AGERIFVIDEO1"));
         impostaDettagli(false);
     }
     const bool modificabili = agente.status() != frame::FrameStatus::Browse;

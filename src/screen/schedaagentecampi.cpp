@@ -193,7 +193,9 @@ void SchedaAgente::RicercaAnagrafiche()
                     scriviAgente(QStringLiteral("MG17_ANAGEN_CG16"), CDecN(anagrafica));
                 DecodificaCodice(m_schermata.connessione(), anagrafica, m_schermata);
                 campo(u"TXT_RAGSOANAG").setValid(true);
-                if (tipo == GeneralRegistrySearch::AllEntries)
+                if (tipo == GeneralRegistrySearch::AgentsAndFreeEntries)
+                    m_schermata.controllo<controls::ComboBox>(u"CBO_REGPROV").refresh();
+                else
                     campo(u"TXT_AGENTE").setFocus();
                 return Flow::Leave;
             }
@@ -203,7 +205,7 @@ void SchedaAgente::RicercaAnagrafiche()
             else
                 m_rispostaNuovaAnagrafica = short(m_schermata.Gcls_Log()->message(
                     m_schermata.globale().messages().message(DomandaNuovaAnagrafica, {}),
-                    StileSiNoInformazione, QStringLiteral("Ricerca anagrafiche")));
+                    StileSiNoInformazione, QString()));
             return Flow::Next;
         },
     });
@@ -294,10 +296,10 @@ void SchedaAgente::TXT_AGERIFVIDEO1_Validate()
     agente.refreshState();
 }
 
-void SchedaAgente::segnaRiferimentoNonValido(const QString& motivo)
+void SchedaAgente::segnaRiferimento(bool valido, const QString& motivo)
 {
-    campo(u"TXT_AGERIF").setValid(false, motivo);
-    campo(u"TXT_AGERIFVIDEO1").setValid(false, motivo);
+    campo(u"TXT_AGERIF").setValid(valido, motivo);
+    campo(u"TXT_AGERIFVIDEO1").setValid(valido, motivo);
 }
 
 void SchedaAgente::TXT_AGERIF_Validate()
@@ -305,15 +307,15 @@ void SchedaAgente::TXT_AGERIF_Validate()
     m_agenteRifVariato = false;
     const QString codice = RTrimN(testo(u"TXT_AGERIFVIDEO1")).toString().trimmed();
     if (!codice.isEmpty() && codice == RTrimN(testo(u"TXT_AGENTE")).toString().trimmed()) {
-        segnaRiferimentoNonValido(
-            QStringLiteral("un agente non può essere il riferimento di se stesso"));
+        segnaRiferimento(false,
+                         QStringLiteral("un agente non può essere il riferimento di se stesso"));
         return;
     }
     Field& riferimento = campo(u"TXT_AGERIF");
     const std::optional<qint64> id = NumeroIntero(riferimento.text());
     if (!id) {
-        segnaRiferimentoNonValido(
-            QStringLiteral("l'identificativo dell'agente di riferimento non è un numero"));
+        segnaRiferimento(
+            false, QStringLiteral("l'identificativo dell'agente di riferimento non è un numero"));
         return;
     }
     if (gestione(FRMMG_AGENTI::Agenti).status() == FrameStatus::Browse) {
@@ -322,19 +324,22 @@ void SchedaAgente::TXT_AGERIF_Validate()
             agenti && !agenti->bof() && !agenti->eof()
                 ? NumeroIntero(agenti->originalValue(u"MG17_IDAGERIF_MG17"))
                 : std::optional<qint64>(0);
-        if (letto == id)
+        // Back to the reference stored: whatever an earlier refusal marked is right again.
+        if (letto == id) {
+            segnaRiferimento(true);
             return;
+        }
         if (VerificaRiferimentoCircolare()) {
-            segnaRiferimentoNonValido(
+            segnaRiferimento(
+                false,
                 QStringLiteral("l'agente di riferimento dipende da questo agente: la gerarchia "
                                "diventerebbe circolare"));
             return;
         }
     }
-    riferimento.setValid(true);
-    Field& video = campo(u"TXT_AGERIFVIDEO1");
-    video.setText(*id == 0 ? QString() : CodiceAgenteDaId(m_schermata.connessione(), qint32(*id)));
-    video.setValid(true);
+    campo(u"TXT_AGERIFVIDEO1")
+        .setText(*id == 0 ? QString() : CodiceAgenteDaId(m_schermata.connessione(), qint32(*id)));
+    segnaRiferimento(true);
     AggiornaCapiAreaZona();
     m_agenteRifVariato = true;
 }

@@ -93,9 +93,10 @@ void SchedaAgente::rispondiDecodificaRiferimento(Field& campo, controls::DecodeA
     }
     const qint32 ditta = m_schermata.Codice_Ditta();
     if (perId) {
+        // An id of 0 is stored for an agent without a reference agent, as Null is.
         const std::optional<qint64> id = NumeroIntero(codice);
-        if (!id) {
-            senzaDecodifica(campo, args, descrizione, false);
+        if (!id || *id == 0) {
+            senzaDecodifica(campo, args, descrizione, id.has_value());
             return;
         }
         args.sql = sql::ragioneSocialeAgenteDaId(ditta, *id);

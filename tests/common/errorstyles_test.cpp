@@ -19,14 +19,13 @@ db::RuntimeError failure(long number = 5)
                             QStringLiteral("MDLMG_AGENTI"));
 }
 
-// A screen's reporting as the module sets it up: the host's error log answering through
-// queued answers.
+// The error styles over the host's error log answering through queued answers; the texts a
+// report is shown under are the screen's (a scenario shows them).
 class ErrorStyles : public ::testing::Test {
 protected:
     ErrorStyles()
     {
         reporter.setLog(&log);
-        reporter.setApplicationText(QStringLiteral("Tarvello"));
         reporter.setScreenTitle([this] { return screenTitle; });
     }
 
@@ -141,7 +140,6 @@ TEST_F(ErrorStyles, TheReportOffersAbortRetryIgnoreWithRetryAsDefault)
     const services::PromptRecord& shown = prompts.history().first();
     EXPECT_EQ(shown.kind, services::PromptKind::Report);
     EXPECT_EQ(shown.style, 4370);
-    EXPECT_EQ(shown.title, QStringLiteral("Tarvello"));
     EXPECT_TRUE(shown.defaulted);
     EXPECT_TRUE(shown.text.contains(QStringLiteral("Errore n. 13")));
     EXPECT_TRUE(shown.text.contains(QStringLiteral("CodiceFornitore")));

@@ -86,6 +86,70 @@ TEST_P(ConnectionTest, TransactionsNestAndAGuardRollsBackUnlessCommitted)
     EXPECT_EQ(rs->value(u"T1_CODE"), Value("KEPT"));
 }
 
+// A deferred foreign key is checked at COMMIT, which SQLite then refuses while keeping the
+// transaction (and its write lock) open.
+TEST_P(ConnectionTest, ACommitTheDatabaseRefusesLeavesTheConnectionRolledBackAndUsable)
+{
+    db().executeNonQuery(QStringLiteral("CREATE TABLE P (P_ID INTEGER PRIMARY KEY)"));
+    db().executeNonQuery(QStringLiteral(
+        "CREATE TABLE C (C_P INT REFERENCES P (P_ID) DEFERRABLE INITIALLY DEFERRED)"));
+    {
+        TransactionGuard transaction(db());
+        db().executeNonQuery(QStringLiteral("INSERT INTO C (C_P) VALUES (7)"));
+        EXPECT_THROW(transaction.commit(), RuntimeError);
+    }
+    EXPECT_EQ(db().transactionLevel(), 0);
+
+    Connection other;
+    other.open(database->connectionStringWaiting(200));
+    EXPECT_NO_THROW(other.executeNonQuery(QStringLiteral("INSERT INTO T1 (T1_CODE) VALUES ('B')")))
+        << "no lock is left behind";
+    {
+        TransactionGuard transaction(db());
+        db().executeNonQuery(QStringLiteral("INSERT INTO T1 (T1_CODE) VALUES ('A')"));
+        transaction.commit();
+    }
+    EXPECT_EQ(db().execute(QStringLiteral("SELECT COUNT(*) FROM C"))->value(0), Value(0));
+    EXPECT_EQ(db().execute(QStringLiteral("SELECT COUNT(*) FROM T1"))->value(0), Value(2));
+}
+
+// A RAISE(ROLLBACK) ends the whole transaction inside SQLite, savepoints and all; statements
+// after it would otherwise be committed one by one.
+TEST_P(ConnectionTest, ATransactionTheDatabaseDropsWritesNothingMoreUntilEveryLevelEnds)
+{
+    db().run(QStringLiteral("CREATE TRIGGER T1_NO BEFORE INSERT ON T1 WHEN NEW.T1_CODE = 'NO' "
+                            "BEGIN SELECT RAISE(ROLLBACK, 'refused'); END"));
+    const auto insert = [this](const char* code) {
+        db().executeNonQuery(
+            QStringLiteral("INSERT INTO T1 (T1_CODE) VALUES ('%1')").arg(QLatin1String(code)));
+    };
+    {
+        TransactionGuard outer(db());
+        insert("A");
+        {
+            TransactionGuard inner(db());
+            insert("B");
+            EXPECT_THROW(insert("NO"), RuntimeError);
+            EXPECT_TRUE(db().transactionAborted());
+            try {
+                insert("C");
+                FAIL() << "a statement ran outside the transaction it was meant for";
+            } catch (const RuntimeError& e) {
+                EXPECT_EQ(e.number(), RuntimeError::TransactionAborted);
+            }
+        }
+        EXPECT_THROW(outer.commit(), RuntimeError);
+    }
+    EXPECT_EQ(db().transactionLevel(), 0);
+    EXPECT_FALSE(db().transactionAborted());
+    EXPECT_EQ(db().execute(QStringLiteral("SELECT COUNT(*) FROM T1"))->value(0), Value(0));
+
+    TransactionGuard again(db());
+    insert("D");
+    again.commit();
+    EXPECT_EQ(db().execute(QStringLiteral("SELECT T1_CODE FROM T1"))->value(0), Value("D"));
+}
+
 TEST_P(ConnectionTest, InsertRowReadsTheIdentityBack)
 {
     const Value first = db().insertRow(QStringLiteral("T1"), {QStringLiteral("T1_CODE")}, {"A"},

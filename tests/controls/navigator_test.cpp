@@ -68,20 +68,20 @@ TEST_F(NavigatorTest, CancelInBeforeButtonStopsTheActionAndTheAfterEvent)
     EXPECT_EQ(log, QStringList({"before Nuovo"}));
 }
 
-// A screen that keeps "Nuovo" refused through the new-row switch still has to be asked, so
-// that it can tell the person why; only the enabled and visible settings stop a press.
-TEST_F(NavigatorTest, EnabledSettingsStopPressesTheNewRowSwitchDoesNot)
+// The new-row switch takes "Nuovo" from the person; a screen pressing it on the person's
+// behalf still reaches beforeButton, where it decides and can say why.
+TEST_F(NavigatorTest, EnabledSettingsAndTheNewRowSwitchStopPresses)
 {
     QList<bool> switched;
     QObject::connect(navigator, &Navigator::newRowAllowedChanged,
                      [&](bool allowed) { switched << allowed; });
     navigator->setNewRowAllowed(false);
     navigator->setNewRowAllowed(false);
-    EXPECT_FALSE(navigator->isNewRowAllowed());
     EXPECT_EQ(switched, QList<bool>{false});
-    EXPECT_TRUE(navigator->isAvailable(NavigatorKey::New));
-    refuse << NavigatorKey::New;
+    EXPECT_FALSE(navigator->isAvailable(NavigatorKey::New));
     EXPECT_FALSE(navigator->press(NavigatorKey::New));
+    refuse << NavigatorKey::New;
+    EXPECT_FALSE(navigator->pressFromCode(NavigatorKey::New));
     EXPECT_TRUE(navigator->press(NavigatorKey::Confirm));
 
     navigator->setButtonEnabled(NavigatorKey::Confirm, false);

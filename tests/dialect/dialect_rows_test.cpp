@@ -1,4 +1,5 @@
 #include "platform/db/connection.h"
+#include "platform/db/demodata.h"
 #include "platform/db/runtimeerror.h"
 #include "support/testdatabase.h"
 
@@ -249,6 +250,28 @@ TEST_P(DialectRows, ComputedDatesCompareWithStoredOnes)
     if (QDate::currentDate() != today)
         GTEST_SKIP() << "the day changed while the test ran";
     EXPECT_EQ(sameDay, QStringList{"VERDI"});
+}
+
+// SQLite given SQL Server's meanings by the connection's own engine; the SQLite ODBC driver
+// cannot be given them, so this runs on the direct engine only.
+TEST(TsqlMeanings, TextsJoinCompareAndChangeCaseAsOnSqlServer)
+{
+    test::TestDatabase database(test::DatabaseTarget{QStringLiteral("sqlite"), false});
+    Connection& db = database.connection();
+    createSchema(db);
+    db.executeNonQuery(QStringLiteral(
+        "INSERT INTO CG18_DITTE (CG18_DITTA, CG18_RAGSOC) VALUES (1, N'DITTA'), (2, N'ALTRA  ')"));
+    const auto first = [&db](const char* tsql) {
+        return db.query(QString::fromUtf8(tsql)).rows.value(0);
+    };
+
+    EXPECT_EQ(first("SELECT A + B, C + D FROM (SELECT 'x' AS A, 'y' AS B, 1 AS C, 2 AS D) T"),
+              (ValueList{"xy", 3}));
+    EXPECT_EQ(first("SELECT COUNT(*) FROM CG18_DITTE WHERE CG18_RAGSOC = 'DITTA  '"), ValueList{1});
+    EXPECT_EQ(first("SELECT CG18_DITTA FROM CG18_DITTE WHERE CG18_RAGSOC = N'altra'"),
+              ValueList{2});
+    EXPECT_EQ(first("SELECT UPPER(N'àb'), LOWER(N'ÀÉ'), UPPER(NULL)"),
+              (ValueList{"ÀB", "àé", Value::null()}));
 }
 
 INSTANTIATE_TEST_SUITE_P(Targets, DialectRows, ::testing::ValuesIn(test::databaseTargets()),

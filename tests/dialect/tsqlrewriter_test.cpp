@@ -7,15 +7,18 @@ namespace tarvello::db {
 namespace {
 
 // The lookup a connection would give over the host schema: these columns hold text.
+bool isHostTextColumn(QStringView column)
+{
+    static const QSet<QString> textColumns{
+        QStringLiteral("MG17_AGENTE"), QStringLiteral("CG16_RAGSOANAG"),
+        QStringLiteral("MG1I_CODDEST_MG22"), QStringLiteral("MG1I_GIRO_MG1H"),
+        QStringLiteral("MG1H_DESCRIZIONE")};
+    return textColumns.contains(column.toString().toUpper());
+}
+
 TsqlRewriter hostRewriter()
 {
-    return TsqlRewriter([](QStringView column) {
-        static const QSet<QString> textColumns{
-            QStringLiteral("MG17_AGENTE"), QStringLiteral("CG16_RAGSOANAG"),
-            QStringLiteral("MG1I_CODDEST_MG22"), QStringLiteral("MG1I_GIRO_MG1H"),
-            QStringLiteral("MG1H_DESCRIZIONE")};
-        return textColumns.contains(column.toString().toUpper());
-    });
+    return TsqlRewriter(isHostTextColumn);
 }
 
 QString single(const QString& tsql)
@@ -241,6 +244,18 @@ TEST(TsqlRewriter, splitsBatchesIntoStatements)
                    "MG18_AGENTISOCI WHERE 1 = 0",
                    "SELECT ROW_NUMBER() OVER (ORDER BY MG18_DITTA_CG18) AS ID, * FROM "
                    "MG18_AGENTISOCI WHERE 1 = 0");
+}
+
+TEST(TsqlRewriter, leavesAnUndecidedPlusToTheValuesWhereTheEngineCan)
+{
+    const TsqlRewriter deciding(isHostTextColumn, TsqlRewriter::UndecidedPlus::CallTsqlAdd);
+    EXPECT_EQ(deciding.rewrite(QStringLiteral(
+                  "SELECT A + B, A + B + C, A + B + 'x', 1 + A, A - B + C, MG17_AGENTE + A "
+                  "FROM (SELECT 'x' AS A, 'y' AS B, 'z' AS C) T")),
+              QStringList{QStringLiteral(
+                  "SELECT tsql_add(A, B), tsql_add(tsql_add(A, B), C), tsql_add(A, B) || 'x', "
+                  "1 + A, A - B + C, MG17_AGENTE || A FROM (SELECT 'x' AS A, 'y' AS B, 'z' AS "
+                  "C) T")});
 }
 
 TEST(TsqlRewriter, withoutLookupTreatsOnlyKnownTextsAsText)

@@ -119,7 +119,7 @@ TEST_P(DetailFrameTest, UndoTakesANewRowBackToItsStartAndAnExistingOneToItsLastC
     codSocio->typeText(QStringLiteral("7"));
     ASSERT_TRUE(navSoci->press(Cancel));
     EXPECT_EQ(partnerEvents.take(),
-              (QStringList{QStringLiteral("ChangeStatus(2,7)"), QStringLiteral("AfterUndo(-1)")}));
+              (QStringList{QStringLiteral("ChangeStatus(2,9)"), QStringLiteral("AfterUndo(-1)")}));
     EXPECT_EQ(partners.status(), FrameStatus::New) << "still entering a new row";
     EXPECT_EQ(codSocio->text(), QString());
     EXPECT_EQ(partners.recordset()->recordCount(), 2) << "the new row is kept, emptied";

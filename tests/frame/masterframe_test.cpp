@@ -51,7 +51,7 @@ TEST_P(FrameTest, AnAgentGoesFromNewToSavedChangedUndoneAndDeleted)
     EXPECT_EQ(agentEvents.take(), events({"IsRecordChanged(true)"}));
 
     ASSERT_TRUE(agents.undo());
-    EXPECT_EQ(agentEvents.take(), events({"ChangeStatus(0,7)", "AfterUndo(-1)"}));
+    EXPECT_EQ(agentEvents.take(), events({"ChangeStatus(0,9)", "AfterUndo(-1)"}));
     EXPECT_EQ(percentuale->text(), QStringLiteral("0"));
     EXPECT_EQ(agents.recordset()->pendingCount(), 0) << "nothing is left to write";
     EXPECT_EQ(count(QStringLiteral("SELECT COUNT(*) FROM MG17_AGENTI WHERE MG17_PERPROV = 0")), 1);
@@ -145,19 +145,34 @@ TEST_P(FrameTest, ASaveIsRefusedOnAFieldThePersonCanFixNamingItAndFocusingIt)
     EXPECT_EQ(count(QStringLiteral("SELECT COUNT(*) FROM MG17_AGENTI")), 1);
 }
 
-TEST_P(FrameTest, ANumericFieldHoldingTextIsRefusedAndNeverWritten)
+// Values the column cannot hold used to reach the module's handlers (which failed on "-")
+// and the database (999999 in a DECIMAL(6,3), "2,5" rounded into a SMALLINT).
+TEST_P(FrameTest, AValueItsColumnCannotHoldIsRefusedBeforeTheModuleHearsOfIt)
 {
     insertAgent(QStringLiteral("A001"));
     openAgents();
+    int validations = 0;
+    QObject::connect(percentuale, &controls::Control::validate,
+                     [&](controls::CancelArgs&) { ++validations; });
     percentuale->setFocus();
-    percentuale->setText(QStringLiteral("12x"));
+    const auto refusedOnLeaving = [&](const QString& typed) {
+        percentuale->setText(typed);
+        const qsizetype before = promptCount();
+        const bool left = form.focus().leave();
+        return !left && promptCount() == before + 1 ? lastPrompt().text : QString();
+    };
+
+    EXPECT_EQ(
+        refusedOnLeaving(QStringLiteral("-")),
+        QStringLiteral("Il campo \"Percentuale di provvigione\" richiede un valore numerico."));
+    EXPECT_EQ(refusedOnLeaving(QStringLiteral("999999")),
+              QStringLiteral("Il valore del campo \"Percentuale di provvigione\" è fuori dai "
+                             "limiti ammessi (da -999,999 a 999,999)."));
+    EXPECT_EQ(refusedOnLeaving(QStringLiteral("1,2345")),
+              QStringLiteral("Il campo \"Percentuale di provvigione\" ammette al massimo 3 "
+                             "decimali."));
+    EXPECT_EQ(validations, 0) << "the module's validation never saw a value that does not fit";
     EXPECT_EQ(agents.recordset()->value(u"MG17_PERPROV"), db::Value(0));
-
-    const qsizetype before = promptCount();
-    EXPECT_FALSE(form.focus().leave()) << "the field keeps the focus";
-    EXPECT_EQ(promptCount(), before + 1);
-    EXPECT_TRUE(lastPrompt().text.contains(QStringLiteral("numerico")));
-
     EXPECT_FALSE(agents.save());
     EXPECT_EQ(form.activeControl(), percentuale);
 
@@ -167,6 +182,32 @@ TEST_P(FrameTest, ANumericFieldHoldingTextIsRefusedAndNeverWritten)
     EXPECT_TRUE(agents.save());
     EXPECT_EQ(cell(QStringLiteral("SELECT MG17_PERPROV FROM MG17_AGENTI")).toDecimal(),
               db::Decimal::fromParts(125, 1));
+}
+
+TEST_P(FrameTest, IntegersTextsAndBlankCodesAreHeldToTheirColumns)
+{
+    const qint64 agent = insertAgent(QStringLiteral("A001"));
+    openAgents();
+    agente->setText(QStringLiteral("   "));
+    EXPECT_FALSE(agents.save()) << "a code of blanks is no code";
+    EXPECT_EQ(lastPrompt().text, QStringLiteral("Il campo \"Codice agente\" è obbligatorio."));
+    agente->setText(QStringLiteral("A001"));
+
+    openPartners();
+    partners.refresh(partnersSql(agent));
+    EXPECT_EQ(nomeSocio->maxLength(), 30) << "the NVARCHAR(30) column limits the typing";
+    nomeSocio->typeText(QString(51, u'x'));
+    EXPECT_EQ(nomeSocio->text().size(), 30);
+
+    ASSERT_EQ(partners.status(), frame::FrameStatus::New);
+    codSocio->setFocus();
+    codSocio->setText(QStringLiteral("2,5"));
+    EXPECT_FALSE(form.focus().leave());
+    EXPECT_EQ(lastPrompt().text,
+              QStringLiteral("Il campo \"Codice socio\" richiede un numero intero."));
+    codSocio->setText(QStringLiteral("40000"));
+    EXPECT_FALSE(form.focus().leave());
+    EXPECT_TRUE(lastPrompt().text.contains(QStringLiteral("(da -32768 a 32767)")));
 }
 
 TEST_P(FrameTest, ASearchByKeyLandsOnTheRowFoundOrStaysWhereItWas)

@@ -1,18 +1,18 @@
 #include "platform/gui/italiantranslations.h"
+#include "platform/gui/shellapplication.h"
 
-#include <QApplication>
 #include <QSettings>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 
-// Views and dialogs need a widget application; the tests run it offscreen, with Qt's own
-// texts in Italian as the shell has them. What the windows remember goes to a folder of the
-// run's own, never to the user's settings.
+// Views and dialogs need a widget application, the shell's own; the tests run it offscreen,
+// with Qt's own texts in Italian as the shell has them. What the windows remember goes to a
+// folder of the run's own, never to the user's settings.
 int main(int argc, char** argv)
 {
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication app(argc, argv);
+    tarvello::gui::ShellApplication app(argc, argv);
     const tarvello::gui::ItalianTranslations italian;
     const QTemporaryDir settings;
     QSettings::setDefaultFormat(QSettings::IniFormat);

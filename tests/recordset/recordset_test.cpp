@@ -76,6 +76,13 @@ TEST_P(RecordsetTest, FilterCloneFindAndBookmarksWorkTogether)
     ASSERT_TRUE(clone->find(QStringLiteral("D_CODE LIKE 'A*'"), 0, false));
     EXPECT_EQ(clone->absolutePosition(), 1);
     EXPECT_THROW(rs->setBookmark(clone->bookmark()), RuntimeError); // A is filtered out of rs
+
+    // Texts compare as on SQL Server: case and trailing blanks do not count, on either side.
+    clone->setValue(u"D_CODE", "dd  "); // A becomes D's twin
+    rs->setFilter(QStringLiteral("D_CODE = 'DD'"));
+    EXPECT_EQ(codes(*rs), (QStringList{"dd  ", "DD"}));
+    ASSERT_TRUE(clone->find(QStringLiteral("D_CODE = 'b   '")));
+    EXPECT_EQ(clone->value(u"D_CODE"), Value("B"));
 }
 
 TEST_P(RecordsetTest, BatchSaveWritesRowsHiddenByTheFilterAndKeepsComputedColumnsOut)
@@ -127,9 +134,12 @@ TEST_P(RecordsetTest, AConflictLeavesTheRowPendingWithItsValuesAndSavesTheOthers
     rs->setValue(u"D_SHARE", 2);
     rs->find(QStringLiteral("D_CODE = 'C'"));
     rs->deleteRow();
-    // Someone else changes A's share and removes C after we read them.
+    rs->find(QStringLiteral("D_CODE = 'D'"));
+    rs->deleteRow();
+    // Someone else changes A's share, removes C and changes D after we read them.
     db().executeNonQuery(QStringLiteral("UPDATE D SET D_SHARE = 99 WHERE D_CODE = 'A'"));
     db().executeNonQuery(QStringLiteral("DELETE FROM D WHERE D_CODE = 'C'"));
+    db().executeNonQuery(QStringLiteral("UPDATE D SET D_FLAG = 1 WHERE D_CODE = 'D'"));
 
     try {
         rs->updateBatch();
@@ -141,9 +151,12 @@ TEST_P(RecordsetTest, AConflictLeavesTheRowPendingWithItsValuesAndSavesTheOthers
               QStringLiteral("2"));
     EXPECT_EQ(cell(QStringLiteral("SELECT D_SHARE FROM D WHERE D_CODE = 'A'")),
               QStringLiteral("99"));
-    EXPECT_EQ(rs->pendingCount(), 2);
+    EXPECT_EQ(cell(QStringLiteral("SELECT COUNT(*) FROM D WHERE D_CODE = 'D'")),
+              QStringLiteral("1"));
+    EXPECT_EQ(rs->pendingCount(), 3);
     rs->setFilter(Recordset::FilterGroup::ConflictingRecords);
-    ASSERT_EQ(rs->recordCount(), 2); // A, and the deletion of C that found nothing to delete
+    // A, the deletion of C that found nothing to delete, and that of D, changed since read.
+    ASSERT_EQ(rs->recordCount(), 3);
     ASSERT_TRUE(rs->find(QStringLiteral("D_CODE = 'A'")));
     EXPECT_EQ(rs->value(u"D_SHARE"), Value(1));
     EXPECT_EQ(rs->originalValue(u"D_SHARE").toString(), QStringLiteral("10.5"));
@@ -165,6 +178,67 @@ TEST_P(RecordsetTest, ARefusedRowStaysPendingWhileTheOthersAreWritten)
     rs->updateBatch();
     EXPECT_EQ(cell(QStringLiteral("SELECT COUNT(*) FROM D WHERE D_OWNER = 3")),
               QStringLiteral("2"));
+}
+
+// A RAISE(ROLLBACK) in a trigger (as a deadlock or a full disk would) drops the whole batch
+// part way: the rows written before it went with the transaction.
+TEST_P(RecordsetTest, ABatchTheDatabaseDropsPartWayWritesNothingAndARetryWritesEachRowOnce)
+{
+    db().run(QStringLiteral("CREATE TRIGGER D_NO BEFORE INSERT ON D WHEN NEW.D_CODE = 'NO' "
+                            "BEGIN SELECT RAISE(ROLLBACK, 'refused'); END"));
+    const RecordsetPtr rs = openAll(QStringLiteral(" WHERE 1 = 0"));
+    for (const char* code : {"R1", "NO", "R3"}) {
+        rs->addNew();
+        rs->setValue(u"D_OWNER", 5);
+        rs->setValue(u"D_CODE", code);
+    }
+    try {
+        rs->updateBatch();
+        FAIL() << "the dropped batch was not reported";
+    } catch (const RuntimeError& e) {
+        EXPECT_EQ(e.number(), RuntimeError::TransactionAborted);
+        EXPECT_TRUE(e.description().contains(QStringLiteral("riga 1, riga 2, riga 3")))
+            << e.description().toStdString();
+    }
+    EXPECT_EQ(cell(QStringLiteral("SELECT COUNT(*) FROM D WHERE D_OWNER = 5")),
+              QStringLiteral("0"));
+    EXPECT_EQ(rs->pendingCount(), 3);
+
+    db().run(QStringLiteral("DROP TRIGGER D_NO"));
+    rs->updateBatch();
+    EXPECT_EQ(cell(QStringLiteral("SELECT COUNT(*) FROM D WHERE D_OWNER = 5")),
+              QStringLiteral("3"));
+    EXPECT_EQ(cell(QStringLiteral("SELECT COUNT(DISTINCT D_CODE) FROM D WHERE D_OWNER = 5")),
+              QStringLiteral("3"));
+    EXPECT_EQ(rs->pendingCount(), 0);
+}
+
+// Inside a transaction of the caller's, rows are saved only when it commits: rolled back,
+// they are still to be written, once.
+TEST_P(RecordsetTest, RowsWrittenInsideAnOpenTransactionAreSavedWhenItCommits)
+{
+    const RecordsetPtr rs = openAll(QStringLiteral(" WHERE 1 = 0"));
+    rs->addNew();
+    rs->setValue(u"D_OWNER", 6);
+    rs->setValue(u"D_CODE", "N");
+    {
+        TransactionGuard abandoned(db());
+        rs->updateBatch();
+        EXPECT_EQ(rs->pendingCount(), 1);
+        rs->updateBatch(); // not written a second time inside the same transaction
+    }
+    EXPECT_EQ(cell(QStringLiteral("SELECT COUNT(*) FROM D WHERE D_OWNER = 6")),
+              QStringLiteral("0"));
+    {
+        TransactionGuard committed(db());
+        rs->updateBatch();
+        committed.commit();
+    }
+    EXPECT_EQ(cell(QStringLiteral("SELECT COUNT(*) FROM D WHERE D_OWNER = 6")),
+              QStringLiteral("1"));
+    EXPECT_EQ(rs->pendingCount(), 0);
+    EXPECT_EQ(rs->value(u"D_ID").toString(),
+              cell(QStringLiteral("SELECT D_ID FROM D WHERE D_OWNER = 6")));
 }
 
 TEST_P(RecordsetTest, CancelDropsANewRowAndRestoresAnEditedOne)

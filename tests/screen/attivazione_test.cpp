@@ -116,22 +116,6 @@ TEST_F(AttivazioneSchermata, CalledByIdShowsTheAgentWithThatId)
     EXPECT_EQ(agenteDellAlbero(), QStringLiteral("A002"));
 }
 
-// ProgramMode 2 keeps the frame where the search left it, so the outcome can be seen.
-TEST_F(AttivazioneSchermata, CalledByAnIdThatDoesNotExistFindsNothingAndLeavesTheTreeAlone)
-{
-    inserisciAgente(QStringLiteral("A001"));
-    inserisciAgente(QStringLiteral("A002"));
-    Apertura apertura;
-    apertura.idChiamato = 999;
-    apertura.programMode = frame::FrameStatus::New;
-    apri(apertura);
-
-    EXPECT_EQ(agenteMostrato(), QString());
-    EXPECT_EQ(statoAgenti(), frame::FrameStatus::New);
-    EXPECT_EQ(agenteDellAlbero(), QStringLiteral("A001"));
-    EXPECT_EQ(schermata().albero().Grst_AlberoAgenti()->absolutePosition(), 1);
-}
-
 TEST_F(AttivazioneSchermata, ProgramModeOutsideZeroToTwoLeavesTheFrameAsItIs)
 {
     inserisciAgente(QStringLiteral("A001"));

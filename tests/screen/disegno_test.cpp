@@ -30,6 +30,7 @@ struct Widget {
     QString classe;
     QString nome;
     QString buddy;
+    QString testo;
 };
 
 // The widgets of the screen's designer file, in document order, and how many pages the tab
@@ -54,7 +55,7 @@ Disegno leggiDisegno(const QString& nomeFile)
             if (!genitori.isEmpty())
                 ++disegno.pagine[genitori.last()];
             disegno.widget.append(
-                {xml.attributes().value(QLatin1String("class")).toString(), nome, {}});
+                {xml.attributes().value(QLatin1String("class")).toString(), nome, {}, {}});
             genitori.append(nome);
         } else if (xml.isEndElement() && xml.name() == u"widget") {
             genitori.removeLast();
@@ -62,6 +63,11 @@ Disegno leggiDisegno(const QString& nomeFile)
                    xml.attributes().value(QLatin1String("name")) == u"buddy") {
             xml.readNextStartElement();
             disegno.widget.last().buddy = xml.readElementText();
+        } else if (xml.isStartElement() && xml.name() == u"property" &&
+                   xml.attributes().value(QLatin1String("name")) == u"text" &&
+                   !disegno.widget.isEmpty()) {
+            xml.readNextStartElement();
+            disegno.widget.last().testo = xml.readElementText();
         }
     }
     if (xml.hasError())
@@ -163,6 +169,20 @@ TEST_P(DisegnoAgenti, EveryCaptionIsTheBuddyOfAPlacedWidget)
     for (const Widget& widget : disegno.widget) {
         if (!widget.buddy.isEmpty()) {
             EXPECT_TRUE(nomi.contains(widget.buddy)) << widget.nome.toStdString();
+        }
+    }
+}
+
+// The label beside a field reads the field's own caption, the one its messages name: not an
+// abbreviation of it.
+TEST_P(DisegnoAgenti, EveryCaptionReadsItsControlsCaption)
+{
+    for (const Widget& widget : disegno.widget) {
+        const controls::Control* controllo =
+            widget.buddy.isEmpty() ? nullptr : schermata.control(widget.buddy);
+        if (widget.classe == u"QLabel" && controllo && !controllo->caption().isEmpty()) {
+            EXPECT_EQ(widget.testo.toStdString(), controllo->caption().toStdString())
+                << widget.nome.toStdString();
         }
     }
 }

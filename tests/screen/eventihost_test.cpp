@@ -55,27 +55,6 @@ protected:
     }
 };
 
-TEST_F(EventiHost, ACompanyChangeIsRefusedWhileThePersonKeepsPendingChanges)
-{
-    inserisciAgente(QStringLiteral("A001"));
-    inserisciAgente(QStringLiteral("A001"), dittaSemplice);
-    apri();
-    agenti().notifyChange(true);
-    rispondi(host::Cancel);
-
-    EXPECT_FALSE(cambiaDitta(dittaSemplice));
-    EXPECT_EQ(host->company().code, dittaDivisionale);
-    EXPECT_EQ(schermata().Codice_Ditta(), dittaDivisionale);
-    EXPECT_EQ(righeAgenti().value(u"MG17_DITTA_CG18"), db::Value(dittaDivisionale));
-    ASSERT_FALSE(prompts.history().isEmpty());
-    EXPECT_EQ(prompts.history().last().answer, QStringLiteral("cancel"));
-
-    // Dropping them lets the company change.
-    rispondi(host::No);
-    EXPECT_TRUE(cambiaDitta(dittaSemplice));
-    EXPECT_EQ(schermata().Codice_Ditta(), dittaSemplice);
-}
-
 TEST_F(EventiHost, InACompanyWithoutTheCodeOnViewTheAgentRecordsetIsEmpty)
 {
     inserisciAgente(QStringLiteral("A001"));

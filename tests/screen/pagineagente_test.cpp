@@ -7,7 +7,6 @@
 #include "platform/controls/navigatorbar.h"
 #include "schermatafixture.h"
 #include "src/detail/dettagliagente.h"
-#include "src/detail/sociagente.h"
 #include "src/detail/tentatavendita.h"
 
 namespace tarvello::test {
@@ -53,12 +52,6 @@ protected:
     }
 
     Field& campo(QStringView nome) const { return controllo<Field>(nome); }
-    agenti::SociAgente& soci() const { return schermata().dettagli().soci(); }
-    void numeroSoci(const QString& numero)
-    {
-        campo(u"TXT_NUMSOCI").setText(numero);
-        soci().AggiornaNumeroSoci();
-    }
     controls::GridNavigator& navigatoreSoci() const
     {
         return controllo<controls::GridNavigator>(u"GRIDNAV_AGENTISOCI");
@@ -79,49 +72,6 @@ protected:
     qint64 agente = 0;
     QStringList premuti;
 };
-
-TEST_F(PagineAgenteTest, TheDeclaredNumberOfPartnersBoundsTheNewRowSwitch)
-{
-    socio(1, QStringLiteral("ROSSI MARIO"));
-    socio(2, QStringLiteral("BIANCHI LUCA"));
-    apriSuAgente();
-    auto& avviso = controllo<controls::Control>(u"LBL_MANCANUMSOCI");
-
-    numeroSoci(QString());
-    EXPECT_TRUE(avviso.isVisible());
-
-    numeroSoci(QStringLiteral("3"));
-    EXPECT_FALSE(avviso.isVisible());
-    EXPECT_TRUE(schermata().dettagli().SociAggiungibili());
-    EXPECT_TRUE(navigatoreSoci().isNewRowAllowed());
-
-    // The rows reach the number: the switch goes off, while a new partner still counts as
-    // addable until the navigator's own check refuses it.
-    numeroSoci(QStringLiteral("2"));
-    EXPECT_TRUE(schermata().dettagli().SociAggiungibili());
-    EXPECT_FALSE(navigatoreSoci().isNewRowAllowed());
-
-    numeroSoci(QStringLiteral("0"));
-    EXPECT_FALSE(schermata().dettagli().SociAggiungibili());
-    EXPECT_FALSE(navigatoreSoci().isNewRowAllowed());
-
-    // Emptied, the number only brings the warning back: the switch stays as it was.
-    numeroSoci(QStringLiteral("  "));
-    EXPECT_TRUE(avviso.isVisible());
-    EXPECT_FALSE(navigatoreSoci().isNewRowAllowed());
-}
-
-TEST_F(PagineAgenteTest, LeavingTheNumberOfPartnersRunsTheRefresh)
-{
-    socio(1, QStringLiteral("ROSSI MARIO"));
-    apriSuAgente();
-    schermata().SelezionaTab(0);
-    ASSERT_TRUE(campo(u"TXT_NUMSOCI").setFocus());
-    campo(u"TXT_NUMSOCI").typeText(QStringLiteral("1"));
-    ASSERT_TRUE(controllo<controls::Control>(u"TAB_AGENTI").setFocus());
-    EXPECT_FALSE(navigatoreSoci().isNewRowAllowed());
-    EXPECT_FALSE(controllo<controls::Control>(u"LBL_MANCANUMSOCI").isVisible());
-}
 
 TEST_F(PagineAgenteTest, ATaxCodeIsUpperCasedAndAWrongOneWarnsWithoutStoppingTheRow)
 {

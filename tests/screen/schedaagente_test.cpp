@@ -1,5 +1,6 @@
 #include "platform/controls/combobox.h"
 #include "platform/controls/field.h"
+#include "platform/controls/gridnavigator.h"
 #include "platform/db/runtimeerror.h"
 #include "schermatafixture.h"
 #include "src/detail/dettagliagente.h"
@@ -208,14 +209,15 @@ TEST_F(SchedaAgenteTest, UndoRecountsWhetherAPartnerMayBeAdded)
     ASSERT_EQ(gestione(FRMMG_AGENTI::Soci).recordset()->recordCount(), 1);
 
     cambiaProvvigione(QStringLiteral("7"));
+    auto& navigatore = controllo<controls::GridNavigator>(u"GRIDNAV_AGENTISOCI");
     ASSERT_TRUE(agente().undo());
-    EXPECT_FALSE(schermata().dettagli().SociAggiungibili());
+    EXPECT_FALSE(navigatore.isAvailable(controls::NavigatorKey::New));
 
     campo(u"TXT_NUMSOCI").setText(QStringLiteral("2"));
     ASSERT_TRUE(agente().save());
     cambiaProvvigione(QStringLiteral("8"));
     ASSERT_TRUE(agente().undo());
-    EXPECT_TRUE(schermata().dettagli().SociAggiungibili());
+    EXPECT_TRUE(navigatore.isAvailable(controls::NavigatorKey::New));
 }
 
 // A new agent has no id until its row is written: the detail rows held for it, the route

@@ -1,3 +1,7 @@
+#include "platform/controls/field.h"
+#include "platform/controls/form.h"
+#include "platform/controls/handlererrors.h"
+#include "platform/db/runtimeerror.h"
 #include "platform/services/hostcontext.h"
 #include "platform/services/hostnavigator.h"
 #include "platform/services/scriptedprompts.h"
@@ -205,4 +209,62 @@ TEST_F(Toolbar, AModuleUnsubscribedDuringAnEventGetsNoMore)
     toolbar.events().subscribe(&second);
     toolbar.press(HostNavigator::Next);
     EXPECT_TRUE(second.seen.isEmpty());
+}
+
+// A module whose screen is a form: its toolbar handler fails, as a company-change handler of
+// the agents module can, which used to take the whole shell down with it.
+class FailingModule final : public host::ModuleContract, public host::NavigatorEvents {
+public:
+    explicit FailingModule(controls::Form& screen)
+        : m_frame(&screen)
+    {
+        setActiveFrame(&m_frame);
+    }
+    db::Value ShowForm() override { return {}; }
+    db::Value TransferData(const db::Value&) override { return {}; }
+    void ButtonPressed(bool&, qint32) override
+    {
+        throw db::RuntimeError(db::RuntimeError::TypeMismatch, QStringLiteral("Type mismatch"));
+    }
+
+private:
+    QObject m_frame;
+};
+
+struct RecordedErrors final : controls::HandlerErrors {
+    QStringList reports;
+    bool handlerFailed(const QString& procedure, const db::RuntimeError&) override
+    {
+        reports << procedure;
+        return true;
+    }
+};
+
+TEST_F(Toolbar, AFailingModuleIsReportedAndAFieldThatWillNotLetGoHoldsThePress)
+{
+    controls::Form screen(QStringLiteral("FRM"));
+    RecordedErrors errors;
+    screen.setHandlerErrors(&errors);
+    FailingModule failing(screen);
+    HostNavigator toolbar(context);
+    toolbar.events().subscribe(&failing);
+    toolbar.events().subscribe(&second);
+
+    EXPECT_EQ(toolbar.press(HostNavigator::Next), HostNavigator::Press::Refused);
+    EXPECT_EQ(errors.reports, QStringList{"ActiveNavigator_ButtonPressed"});
+    EXPECT_EQ(second.seen, QStringList({"second button 15 cancel 0"}));
+    EXPECT_TRUE(frame.actions.isEmpty());
+
+    toolbar.events().unsubscribe(&failing);
+    screen.load();
+    frame.setParent(&screen);
+    auto* field = screen.add<controls::Field>(QStringLiteral("TXT_NUMSOCI"));
+    ASSERT_TRUE(field->setFocus());
+    QObject::connect(field, &controls::Control::leaveRequested,
+                     [](controls::CancelArgs& args) { args.cancel = true; });
+    EXPECT_EQ(toolbar.press(HostNavigator::Save), HostNavigator::Press::Refused);
+    EXPECT_EQ(toolbar.press(HostNavigator::Undo), HostNavigator::Press::Done)
+        << "undo drops what the field holds";
+    EXPECT_EQ(frame.actions, QStringList{"undo"});
+    frame.setParent(nullptr);
 }

@@ -35,11 +35,19 @@ std::string targetName(const DatabaseTarget& target)
 }
 
 TestDatabase::TestDatabase(const DatabaseTarget& target)
+    : m_viaOdbc(target.viaOdbc)
 {
     const QString file = m_dir.filePath(QStringLiteral("test.db"));
     m_connectionString = target.viaOdbc ? QStringLiteral("DRIVER={SQLite3};Database=%1;").arg(file)
                                         : QStringLiteral("Data Source=%1").arg(file);
     m_connection.open(m_connectionString);
+}
+
+QString TestDatabase::connectionStringWaiting(int milliseconds) const
+{
+    return m_connectionString +
+           (m_viaOdbc ? QStringLiteral("Timeout=%1;") : QStringLiteral(";Busy Timeout=%1"))
+               .arg(milliseconds);
 }
 
 QString TestDatabase::path() const

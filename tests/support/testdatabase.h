@@ -28,10 +28,13 @@ public:
     db::Connection& connection() { return m_connection; }
     QString path() const;
     QString connectionString() const { return m_connectionString; }
+    // The same database for a second user who gives up on a lock after this long.
+    QString connectionStringWaiting(int milliseconds) const;
     // Runs every statement of a script split on ';' at line ends (schema files, set-up).
     void runScript(const QString& script);
 
 private:
+    bool m_viaOdbc;
     QTemporaryDir m_dir;
     QString m_connectionString;
     db::Connection m_connection;
