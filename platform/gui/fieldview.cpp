@@ -68,6 +68,10 @@ FieldView::FieldView(controls::Field& field, QLineEdit& edit)
         calendar->setToolTip(
             tr("Calendario (%1)").arg(lookupKey().toString(QKeySequence::NativeText)));
         connect(calendar, &QAction::triggered, this, &FieldView::openCalendar);
+        // Room for a whole date beside the button.
+        constexpr int buttonAndFrame = 30;
+        const int date = edit.fontMetrics().horizontalAdvance(QStringLiteral("00/00/0000"));
+        edit.setMinimumWidth(qMax(edit.minimumWidth(), date + buttonAndFrame));
     }
     edit.setContextMenuPolicy(Qt::CustomContextMenu);
     connect(&edit, &QWidget::customContextMenuRequested, this, &FieldView::showContextMenu);

@@ -28,7 +28,7 @@ const QString formStyleSheet = QStringLiteral(
     " { border: 1px solid #c62828; border-radius: 2px; padding: 1px; }"
     "QCheckBox[tarvelloInvalid=\"true\"] { color: #c62828; }"
     "QLineEdit[tarvelloSearching=\"true\"]"
-    " { background-color: #dcebff; border: 1px solid #2f6db5; border-radius: 2px; padding: 1px; }");
+    " { background-color: #cfe2ff; border: 2px solid #2f6db5; border-radius: 2px; }");
 
 } // namespace
 

@@ -13,6 +13,8 @@ namespace tarvello::script {
 
 namespace {
 
+constexpr int InformationOk = 64;
+
 bool holds(const QStringList& row, const QString& text)
 {
     return text.isEmpty() || std::any_of(row.begin(), row.end(), [&text](const QString& cell) {
@@ -47,6 +49,12 @@ std::optional<db::ValueList> PromptLookups::chooseFromLookup(controls::Field& fi
         request.narrowedTo.isEmpty()
             ? request.title
             : QStringLiteral("%1 - \"%2\"").arg(request.title, request.narrowedTo);
+    if (rows.isEmpty() && !request.narrowedTo.isEmpty()) {
+        m_prompts.messageBox(
+            QStringLiteral("Nessuna riga dell'elenco contiene \"%1\".").arg(request.narrowedTo),
+            InformationOk, request.title);
+        return std::nullopt;
+    }
     const std::optional<int> chosen = m_prompts.lookupList(title, request.columns, rows);
     if (!chosen)
         return std::nullopt;

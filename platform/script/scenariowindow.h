@@ -97,7 +97,7 @@ private:
     std::unique_ptr<PromptLookups> m_lookups;                // Owned.
     std::unique_ptr<controls::ConnectionPool> m_connections; // Owned.
     std::vector<std::unique_ptr<frame::RecordTree>> m_trees;
-    std::unique_ptr<services::ModuleErrorReport> m_errors;   // Owned.
+    std::unique_ptr<services::ModuleErrorReport> m_errors; // Owned.
     QString m_identifier;
     qsizetype m_statementsMatched = 0;
     std::optional<db::Value> m_transfer;

@@ -47,11 +47,19 @@ TEST_F(AgentsShellTest, AnAgentIsFoundByNameInTheTreeAndInSearchEntry)
     keyClick(&filter, Qt::Key_Escape);
     EXPECT_EQ(shownRows(*tree.model()).size(), 10);
 
-    // Search entry shows itself, takes a name, and opens the agents list narrowed to it.
+    // Search entry shows itself, takes a name, and opens the agents list narrowed to it; a
+    // name no agent has is told, not shown as an empty list.
     shell->pressButton(services::HostNavigator::Search);
     auto& code = widget<QLineEdit>(window, "TXT_AGENTE");
     EXPECT_TRUE(code.property("tarvelloSearching").toBool());
     EXPECT_TRUE(window.windowTitle().endsWith(QStringLiteral("Ricerca[*]")));
+    keyClicks(&code, QStringLiteral("nessuno"));
+    keyClick(&code, Qt::Key_Return);
+    ASSERT_FALSE(prompts.history().isEmpty());
+    EXPECT_EQ(prompts.history().last().kind, services::PromptKind::MessageBox);
+    EXPECT_EQ(prompts.history().last().text,
+              QStringLiteral("Nessuna riga dell'elenco contiene \"NESSUNO\"."));
+    code.selectAll();
     keyClicks(&code, QStringLiteral("marino"));
     prompts.queue(services::PromptAnswer::pickRow(1));
     keyClick(&code, Qt::Key_Return);
