@@ -4,6 +4,7 @@
 #include "platform/db/runtimeerror.h"
 #include "platform/gui/dialogprompts.h"
 #include "platform/gui/italiantranslations.h"
+#include "platform/gui/managementdialogs.h"
 #include "platform/gui/shellapplication.h"
 #include "platform/gui/shellhost.h"
 #include "platform/gui/shellwindow.h"
@@ -90,6 +91,8 @@ int main(int argc, char** argv)
     gui::ShellWindow window(*host, &lookups);
     prompts.setParent(&window);
     application.setPrompts(&prompts);
+    gui::ManagementDialogs managements(host->navigator(), prompts, &window);
+    host->context().managements().setPresenter(&managements);
     app::assembleShell(window);
     window.show();
     if (!arguments.screenshotFile.isEmpty())

@@ -6,7 +6,7 @@ namespace tarvello::controls {
 
 // One column of a grid's layout. Widths are in twips. A numeric column is right-aligned.
 // A picture column shows, instead of text, the picture of its image list whose key is the
-// cell's value.
+// cell's value; a check-box column shows a box, ticked when the cell's value is not 0.
 struct GridColumn {
     QString key;
     QString field;
@@ -16,6 +16,7 @@ struct GridColumn {
     bool numeric = false;
     bool visible = true;
     QString imageList;
+    bool checkBox = false;
 
     bool isPicture() const { return !imageList.isEmpty(); }
 };

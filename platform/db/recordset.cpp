@@ -879,8 +879,13 @@ QStringList Recordset::duplicatedUniqueKey() const
     if (!m_store->connection || m_store->baseTable.isEmpty())
         return {};
     Connection& connection = *m_store->connection;
+    const TableInfo& table = connection.tableInfo(m_store->baseTable);
+    QList<QStringList> keys = table.uniqueKeys;
+    // A primary key the person types (a code, not an identity) is taken the same way.
+    if (table.identityColumn().isEmpty() && !table.primaryKey().isEmpty())
+        keys << table.primaryKey();
     RowWriter writer(connection, m_store->baseTable, m_store->columns);
-    for (const QStringList& key : connection.tableInfo(m_store->baseTable).uniqueKeys) {
+    for (const QStringList& key : std::as_const(keys)) {
         if (writer.anotherRowHolds(row, key))
             return key;
     }

@@ -144,8 +144,9 @@ public:
     // by someone else since); the recordset's own pending changes do not count. False for a
     // recordset built in memory.
     bool changedInDatabase() const;
-    // The columns of a unique key of the base table (the primary key aside) whose values the
-    // current row shares with another row of the table; empty when none does.
+    // The columns of a unique key of the base table (its primary key too, unless an identity
+    // makes it) whose values the current row shares with another row of the table; empty when
+    // none does.
     QStringList duplicatedUniqueKey() const;
 
 Q_SIGNALS:

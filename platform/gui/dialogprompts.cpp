@@ -5,14 +5,11 @@
 #include "platform/gui/questiondialog.h"
 #include "platform/services/messageboxstyle.h"
 #include "src/host/errorlog.h"
-#include "src/host/registrysearch.h"
 
 #include <QApplication>
 #include <QDesktopServices>
 #include <QFileDialog>
-#include <QInputDialog>
 #include <QPushButton>
-#include <QRegularExpression>
 #include <QUrl>
 
 namespace tarvello::gui {
@@ -76,9 +73,9 @@ std::optional<PromptAnswer> DialogPrompts::ask(const services::Prompt& prompt)
     case PromptKind::LookupList:
         return askLookup(prompt);
     case PromptKind::RegistrySearch:
-        return askRegistry(prompt);
     case PromptKind::Management:
-        return askManagement(prompt);
+        // The person works in the management's own window.
+        return PromptAnswer::window();
     case PromptKind::FileChoice:
         return askFile(prompt);
     }
@@ -117,35 +114,6 @@ PromptAnswer DialogPrompts::askLookup(const services::Prompt& prompt) const
     dialog.exec();
     const auto row = dialog.chosenRow();
     return row ? PromptAnswer::pickRow(*row + 1) : PromptAnswer::nothing();
-}
-
-PromptAnswer DialogPrompts::askRegistry(const services::Prompt& prompt) const
-{
-    const bool agents = prompt.searchKind == host::GeneralRegistrySearch::AgentsAndFreeEntries;
-    const QString label =
-        agents ? QObject::tr("Codice dell'agente, o numero dell'anagrafica generale:")
-               : QObject::tr("Numero dell'anagrafica generale:");
-    bool ok = false;
-    const QString typed = QInputDialog::getText(parentWidget(), prompt.title, label,
-                                                QLineEdit::Normal, prompt.details, &ok)
-                              .trimmed();
-    if (!ok || typed.isEmpty())
-        return PromptAnswer::nothing();
-    static const QRegularExpression number(QStringLiteral("^\\d{1,9}$"));
-    if (number.match(typed).hasMatch())
-        return PromptAnswer::registry(typed.toLongLong());
-    return agents ? PromptAnswer::agent(typed) : PromptAnswer::nothing();
-}
-
-PromptAnswer DialogPrompts::askManagement(const services::Prompt& prompt) const
-{
-    QString text = QObject::tr("\"%1\" è una gestione di un altro modulo, che questa "
-                               "installazione non ha: non restituisce dati.")
-                       .arg(prompt.text);
-    if (!prompt.details.isEmpty())
-        text += QStringLiteral("\n\n") + prompt.details;
-    QMessageBox::information(parentWidget(), prompt.title, text);
-    return PromptAnswer::nothing();
 }
 
 PromptAnswer DialogPrompts::askFile(const services::Prompt& prompt) const

@@ -11,9 +11,9 @@ namespace tarvello::gui {
 
 // The user prompts of the shell: real modal dialogs. A message box and an error report are
 // QMessageBoxes with the buttons, icon and default button of their standard style number;
-// the question dialog, the lookup list, the registry search and the other managements get
-// dialogs of their own. What the person answers goes back as the prompt's answer; a dialog
-// closed without one (Esc on a list) answers nothing.
+// the question dialog and the lookup list get dialogs of their own; the registry search and
+// the host's managements are answered by working in their own windows. What the person answers goes
+// back as the prompt's answer; a dialog closed without one (Esc on a list) answers nothing.
 class DialogPrompts final : public services::UserPrompts {
 public:
     // Dialogs open over parent (which may be nullptr: over the active window).
@@ -40,8 +40,6 @@ private:
     services::PromptAnswer askButton(const services::Prompt& prompt) const;
     services::PromptAnswer askQuestion(const services::Prompt& prompt) const;
     services::PromptAnswer askLookup(const services::Prompt& prompt) const;
-    services::PromptAnswer askRegistry(const services::Prompt& prompt) const;
-    services::PromptAnswer askManagement(const services::Prompt& prompt) const;
     services::PromptAnswer askFile(const services::Prompt& prompt) const;
 
     QPointer<QWidget> m_parent; // Not owned.

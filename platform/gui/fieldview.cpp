@@ -183,10 +183,12 @@ void FieldView::showMaxLength()
 
 void FieldView::takeTyping(const QString& typed)
 {
+    const int cursor = m_edit.cursorPosition();
     if (auto* field = model<controls::Field>())
         field->typeText(typed);
-    // The model may have refused or changed what was typed.
+    // The model may have refused or changed what was typed; the typing goes on where it was.
     showText();
+    m_edit.setCursorPosition(qMin(cursor, int(m_edit.text().size())));
 }
 
 void FieldView::openLookup()

@@ -35,7 +35,14 @@ QVariant GridCells::data(int row, int shownColumn, int role) const
     const controls::GridColumn& layout = m_grid.columns().at(column);
     switch (role) {
     case Qt::DisplayRole:
-        return layout.isPicture() ? QVariant() : QVariant(m_grid.cellText(row, column));
+        return layout.isPicture() || layout.checkBox ? QVariant()
+                                                     : QVariant(m_grid.cellText(row, column));
+    case Qt::CheckStateRole: {
+        if (!layout.checkBox)
+            return {};
+        const db::Value ticked = m_grid.cellValue(row, column);
+        return !ticked.isBlank() && ticked.toInt() != 0 ? Qt::Checked : Qt::Unchecked;
+    }
     case Qt::DecorationRole:
         if (layout.isPicture()) {
             const QPixmap picture =

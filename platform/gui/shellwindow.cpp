@@ -8,6 +8,7 @@
 #include "platform/gui/formbinder.h"
 #include "platform/gui/formview.h"
 #include "platform/gui/gridexport.h"
+#include "platform/gui/hosttoolbar.h"
 #include "platform/gui/navigatoricons.h"
 #include "platform/gui/recordcaption.h"
 #include "platform/gui/screenwindow.h"
@@ -35,43 +36,6 @@
 #include <algorithm>
 
 namespace tarvello::gui {
-
-namespace {
-
-using Button = services::HostNavigator::Button;
-
-struct ToolbarButton {
-    qint32 number;
-    const char* key; // the navigator key text its icon is found by
-    const char* caption;
-    QKeySequence shortcut;
-};
-
-// The toolbar's buttons in their order; 0 stands for a separator.
-const QList<ToolbarButton>& toolbarButtons()
-{
-    static const QList<ToolbarButton> buttons = {
-        {Button::First, "Primo", "Primo", QKeySequence(Qt::CTRL | Qt::Key_Home)},
-        {Button::PreviousBranch, "Ramo precedente", "Ramo precedente",
-         QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_PageUp)},
-        {Button::Previous, "Precedente", "Precedente", QKeySequence(Qt::CTRL | Qt::Key_PageUp)},
-        {Button::Next, "Successivo", "Successivo", QKeySequence(Qt::CTRL | Qt::Key_PageDown)},
-        {Button::NextBranch, "Ramo successivo", "Ramo successivo",
-         QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_PageDown)},
-        {Button::Last, "Ultimo", "Ultimo", QKeySequence(Qt::CTRL | Qt::Key_End)},
-        {0, "", "", {}},
-        {Button::New, "Nuovo", "Nuovo", QKeySequence(Qt::CTRL | Qt::Key_N)},
-        {Button::Save, "Salva", "Salva", QKeySequence(Qt::CTRL | Qt::Key_S)},
-        {Button::Undo, "Annulla", "Annulla modifiche", QKeySequence(Qt::CTRL | Qt::Key_R)},
-        {Button::Delete, "Elimina", "Elimina", QKeySequence(Qt::CTRL | Qt::Key_Delete)},
-        {Button::Search, "Cerca", "Ricerca", QKeySequence(Qt::CTRL | Qt::Key_F)},
-        {0, "", "", {}},
-        {Button::Multimedia, "Multimedia", "Multimedia", QKeySequence(Qt::CTRL | Qt::Key_M)},
-    };
-    return buttons;
-}
-
-} // namespace
 
 ShellWindow::ShellWindow(ShellHost& host, controls::LookupPresenter* lookups, QWidget* parent)
     : QMainWindow(parent)
@@ -134,23 +98,14 @@ void ShellWindow::buildToolbar()
     bar->setObjectName(QStringLiteral("navigator"));
     bar->setMovable(false);
     bar->setIconSize(QSize(20, 20));
+    m_toolbar = std::make_unique<HostToolbar>(*bar, m_host.navigator(), m_host.prompts(),
+                                              HostToolbar::allButtons());
     // The record menu lists the toolbar's actions, with their shortcuts.
-    for (const ToolbarButton& button : toolbarButtons()) {
-        if (button.number == 0) {
-            bar->addSeparator();
+    for (const qint32 button : HostToolbar::allButtons()) {
+        if (QAction* action = m_toolbar->action(button))
+            m_recordMenu->addAction(action);
+        else
             m_recordMenu->addSeparator();
-            continue;
-        }
-        const QString caption = QString::fromUtf8(button.caption);
-        QAction* action =
-            bar->addAction(navigatorIcon(QString::fromUtf8(button.key), *style()), caption);
-        action->setShortcut(button.shortcut);
-        action->setToolTip(QStringLiteral("%1 (%2)").arg(
-            caption, button.shortcut.toString(QKeySequence::NativeText)));
-        connect(action, &QAction::triggered, this,
-                [this, number = button.number] { pressButton(number); });
-        m_buttons.insert(button.number, action);
-        m_recordMenu->addAction(action);
     }
     m_export = bar->addAction(navigatorIcon(QStringLiteral("Esporta"), *style()), tr("Esporta"));
     m_export->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_E));
@@ -229,6 +184,11 @@ ScreenWindow* ShellWindow::openModule(const ModuleEntry& entry)
     return nullptr;
 }
 
+QAction* ShellWindow::toolbarAction(qint32 button) const
+{
+    return m_toolbar->action(button);
+}
+
 ScreenWindow* ShellWindow::activeScreen() const
 {
     return qobject_cast<ScreenWindow*>(m_screens->activeSubWindow());
@@ -268,10 +228,7 @@ void ShellWindow::screenActivated(QMdiSubWindow* window)
 
 void ShellWindow::showFrameState()
 {
-    services::HostNavigator& navigator = m_host.navigator();
-    navigator.update();
-    for (auto it = m_buttons.cbegin(); it != m_buttons.cend(); ++it)
-        it.value()->setEnabled(activeScreen() && navigator.isEnabled(it.key()));
+    m_toolbar->showFrameState(activeScreen() != nullptr);
     m_export->setEnabled(activeScreen() != nullptr);
     const auto* record = qobject_cast<const frame::GestAnagrafica*>(activeFrame());
     m_printRecord->setEnabled(record && record->status() == frame::FrameStatus::Browse);
@@ -281,13 +238,7 @@ void ShellWindow::pressButton(qint32 button)
 {
     if (!activeScreen())
         return;
-    try {
-        m_host.navigator().press(button);
-    } catch (const db::RuntimeError& error) {
-        complain(tr("Navigatore"), error.description());
-    } catch (const services::PromptError& error) {
-        complain(tr("Navigatore"), error.message());
-    }
+    m_toolbar->press(button);
     showFrameState();
 }
 

@@ -18,6 +18,7 @@ class LookupPresenter;
 
 namespace tarvello::gui {
 
+class HostToolbar;
 class ScreenWindow;
 class ShellHost;
 
@@ -54,7 +55,7 @@ public:
     ScreenWindow* openModule(const ModuleEntry& entry);
     // Presses a toolbar button by number, as its button does.
     void pressButton(qint32 button);
-    QAction* toolbarAction(qint32 button) const { return m_buttons.value(button); }
+    QAction* toolbarAction(qint32 button) const;
     QAction* exportAction() const { return m_export; }
     QAction* printRecordAction() const { return m_printRecord; }
     QMenu& recordMenu() const { return *m_recordMenu; }
@@ -80,16 +81,16 @@ private:
     void showStatus();
     void complain(const QString& title, const QString& text);
 
-    ShellHost& m_host;                    // Not owned.
-    controls::LookupPresenter* m_lookups; // Not owned.
-    QMdiArea* m_screens;                  // Owned (central widget).
-    QMenu* m_modulesMenu = nullptr;       // Owned by the menu bar.
-    QMenu* m_recordMenu = nullptr;        // Owned by the menu bar.
-    QComboBox* m_companies = nullptr;     // Owned by the toolbar.
-    QLabel* m_statusText = nullptr;       // Owned by the status bar.
-    QHash<qint32, QAction*> m_buttons;    // Owned by the toolbar.
-    QAction* m_export = nullptr;          // Owned by the toolbar.
-    QAction* m_printRecord = nullptr;     // Owned by the record menu.
+    ShellHost& m_host;                      // Not owned.
+    controls::LookupPresenter* m_lookups;   // Not owned.
+    QMdiArea* m_screens;                    // Owned (central widget).
+    QMenu* m_modulesMenu = nullptr;         // Owned by the menu bar.
+    QMenu* m_recordMenu = nullptr;          // Owned by the menu bar.
+    QComboBox* m_companies = nullptr;       // Owned by the toolbar.
+    QLabel* m_statusText = nullptr;         // Owned by the status bar.
+    std::unique_ptr<HostToolbar> m_toolbar; // Owned; its buttons are the tool bar's.
+    QAction* m_export = nullptr;            // Owned by the toolbar.
+    QAction* m_printRecord = nullptr;       // Owned by the record menu.
     QHash<QString, ScreenLayout> m_layouts;
     QMetaObject::Connection m_frameConnection;
     int m_companyIndex = -1;

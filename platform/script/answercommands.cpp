@@ -89,6 +89,8 @@ Action answer(Arguments& args)
         given = codes(args);
     else if (kind == u"transfer")
         given = transfer(args);
+    else if (kind == u"window")
+        given = PromptAnswer::window();
     else if (kind == u"file")
         given = PromptAnswer::file(args.text(QStringLiteral("the file's path")));
     else

@@ -13,9 +13,11 @@
 #include "platform/services/frameactions.h"
 #include "platform/services/hostcontext.h"
 #include "platform/services/hostnavigator.h"
+#include "platform/services/management/tablemanagement.h"
 #include "src/host/cinterface.h"
 #include "src/host/menuentry.h"
 
+#include <QEventLoop>
 #include <QScopeGuard>
 #include <QUuid>
 #include <algorithm>
@@ -41,6 +43,7 @@ Scenario::Scenario(const ShellOptions& options, StepQueue& steps, Notes notes)
         std::make_unique<services::HostContext>(m_prompts, m_database.connectionString(), company);
     m_toolbar = std::make_unique<services::HostNavigator>(*m_host);
     m_host->setNavigator(m_toolbar.get());
+    m_host->managements().setPresenter(this);
     if (options.registerModules)
         options.registerModules(*m_host);
 }
@@ -49,6 +52,7 @@ Scenario::~Scenario()
 {
     // A screen going away with its module must not call back into a host being dismantled.
     m_signals.reset();
+    m_host->managements().setPresenter(nullptr);
     while (!m_windows.empty()) {
         m_host->deregisterModule(&m_windows.back()->module());
         m_windows.pop_back();
@@ -158,8 +162,10 @@ void Scenario::open(const OpenRequest& request)
     module.ShowForm();
 }
 
-bool Scenario::isOpening() const
+bool Scenario::isSettling() const
 {
+    if (m_managementClosed)
+        return true;
     if (!m_opening)
         return false;
     const controls::Form* form = m_opening->findForm();
@@ -232,8 +238,32 @@ bool Scenario::anyWindowOpen() const
                        [](const auto& window) { return window->isOpen(); });
 }
 
+void Scenario::present(services::TableManagement& management, host::Cinterface& module)
+{
+    controls::Form& form = management.form();
+    form.show(true);
+    m_managementWindows.push_back(std::make_unique<ScenarioWindow>(module, form));
+    QEventLoop waiting;
+    QObject::connect(&form, &controls::Form::unloaded, &waiting, [this, &waiting] {
+        m_managementClosed = true;
+        waiting.quit();
+    });
+    const auto closed = qScopeGuard([this] {
+        m_managementWindows.pop_back();
+        m_managementClosed = false;
+    });
+    m_steps.runFirst([] {});
+    if (form.isLoaded())
+        waiting.exec();
+}
+
 void Scenario::closeAll()
 {
+    for (auto window = m_managementWindows.rbegin(); window != m_managementWindows.rend();
+         ++window) {
+        if ((*window)->isOpen())
+            (*window)->form()->unload();
+    }
     for (auto window = m_windows.rbegin(); window != m_windows.rend(); ++window) {
         if (!(*window)->isOpen())
             continue;
@@ -248,6 +278,8 @@ void Scenario::closeAll()
 
 ScenarioWindow& Scenario::window() const
 {
+    if (!m_managementWindows.empty())
+        return *m_managementWindows.back();
     if (m_windows.empty())
         throw ScriptFailure(QStringLiteral("no window was opened"));
     return *m_windows.back();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/db/connection.h"
+#include "platform/services/management/managementpresenter.h"
 #include "platform/services/scriptedprompts.h"
 #include "src/host/globalcontext.h"
 
@@ -34,15 +35,16 @@ protected:
 
 // The host a scenario runs in: its database, the prompts answered from the scenario, the
 // global context with the current company, the navigator toolbar, and the windows of the
-// modules opened. Commands act on the last window opened.
-class Scenario final {
+// modules opened. Commands act on the last window opened, or, while one of the host's
+// managements shows its window (answered `window`), on that window until it closes.
+class Scenario final : public services::ManagementPresenter {
 public:
     using Notes = std::function<void(const QString& note)>;
 
     // Opens the database the options name (a fresh in-memory one with the whole schema when
     // they name none) and raises db::RuntimeError when it cannot.
     Scenario(const ShellOptions& options, StepQueue& steps, Notes notes);
-    ~Scenario();
+    ~Scenario() override;
     Scenario(const Scenario&) = delete;
     Scenario& operator=(const Scenario&) = delete;
 
@@ -72,11 +74,19 @@ public:
     void close();
     void pressToolbar(qint32 button);
 
-    // The last window opened; raises ScriptFailure when none was.
+    // The management's window takes the commands that follow until it closes; the command
+    // that opened it goes on once it has.
+    void present(services::TableManagement& management, host::Cinterface& module) override;
+
+    // The management window open, else the last window opened; raises ScriptFailure when
+    // none was.
     ScenarioWindow& window() const;
-    // A screen is being shown and has not yet started waiting as a modal one.
-    bool isOpening() const;
-    // Unloads every open screen, without asking them (the end of a run).
+    // The next command must wait: a screen is being shown and has not yet started waiting as
+    // a modal one, or a management's window has closed and the command that opened it has
+    // not yet gone on.
+    bool isSettling() const;
+    // Unloads every open screen and management window, without asking them (the end of a
+    // run).
     void closeAll();
 
     // Writes a note for every prompt that took its default since the last call.
@@ -110,6 +120,9 @@ private:
     // Last: the modules go before the host they were opened in.
     std::vector<std::unique_ptr<ScenarioWindow>> m_windows; // Owned.
     ScenarioWindow* m_opening = nullptr;                    // Not owned: one of m_windows.
+    // The managements' windows open, the innermost last.
+    std::vector<std::unique_ptr<ScenarioWindow>> m_managementWindows; // Owned.
+    bool m_managementClosed = false;
     qsizetype m_promptsMatched = 0;
     qsizetype m_promptsNoted = 0;
 };

@@ -25,14 +25,21 @@ QString kindName(const QMetaObject& kind)
 ScenarioWindow::ScenarioWindow(std::unique_ptr<host::CalledModule> module,
                                QString programmaticIdentifier)
     : m_module(std::move(module))
+    , m_contract(&m_module->contract())
     , m_identifier(std::move(programmaticIdentifier))
 {
     m_module->dataTransfer().subscribe(this);
 }
 
+ScenarioWindow::ScenarioWindow(host::Cinterface& module, controls::Form& form)
+    : m_contract(&module)
+    , m_form(&form)
+{}
+
 ScenarioWindow::~ScenarioWindow()
 {
-    m_module->dataTransfer().unsubscribe(this);
+    if (m_module)
+        m_module->dataTransfer().unsubscribe(this);
     if (m_form && m_form->lookupPresenter() == m_lookups.get())
         m_form->setLookupPresenter(nullptr);
     if (m_form && m_form->connectionSource() == m_connections.get())

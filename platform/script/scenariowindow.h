@@ -49,11 +49,13 @@ class PromptLookups;
 class ScenarioWindow final : public host::DataTransferEvents {
 public:
     ScenarioWindow(std::unique_ptr<host::CalledModule> module, QString programmaticIdentifier);
+    // The window of one of the host's managements, shown for a module; neither is owned.
+    ScenarioWindow(host::Cinterface& module, controls::Form& form);
     ~ScenarioWindow();
     ScenarioWindow(const ScenarioWindow&) = delete;
     ScenarioWindow& operator=(const ScenarioWindow&) = delete;
 
-    host::Cinterface& module() const { return m_module->contract(); }
+    host::Cinterface& module() const { return *m_contract; }
 
     // The form the module's ActiveFrame sits on; nullptr when it has none.
     controls::Form* findForm() const;
@@ -92,7 +94,8 @@ public:
 private:
     [[noreturn]] static void failNotA(const controls::Control& control, const QMetaObject& kind);
 
-    std::unique_ptr<host::CalledModule> m_module;            // Owned.
+    std::unique_ptr<host::CalledModule> m_module;            // Owned; none for a management.
+    host::Cinterface* m_contract;                            // Not owned: m_module's, or given.
     QPointer<controls::Form> m_form;                         // Not owned: the screen's.
     std::unique_ptr<PromptLookups> m_lookups;                // Owned.
     std::unique_ptr<controls::ConnectionPool> m_connections; // Owned.

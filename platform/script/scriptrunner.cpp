@@ -151,9 +151,9 @@ void ScriptRunner::step()
     m_scheduled = false;
     if (m_finished)
         return;
-    // Something let the events run while a screen was being shown: the command that shows
-    // it has not finished yet.
-    if (m_scenario->isOpening()) {
+    // Something let the events run while a screen was being shown, or after a management's
+    // window closed: the command that shows it has not finished yet.
+    if (m_scenario->isSettling()) {
         m_scheduled = true;
         QTimer::singleShot(1, &m_events, [this] { step(); });
         return;

@@ -4,14 +4,15 @@
 
 namespace tarvello::services {
 
-class UserPrompts;
+class HostManagements;
 
-// The divisional-data management as this host has it: a prompt naming the entity it was
-// opened on ("3, A001"); nothing comes back from it.
+// The divisional-data management: the rows an agent keeps for each division (CO1G_DETTAGENTE)
+// under the agent's divisional entity (CO1C_ENTITADIV, kind 3), which the first row saved
+// creates, in the same transaction. Nothing comes back from it.
 class DivisionalDataManagement final : public host::DivisionalData {
 public:
-    explicit DivisionalDataManagement(UserPrompts& prompts)
-        : m_prompts(prompts)
+    explicit DivisionalDataManagement(const HostManagements& managements)
+        : m_managements(managements)
     {}
 
     void initialise(host::Cinterface* module, QObject* other, qint32 entityKind,
@@ -22,7 +23,9 @@ public:
     host::Cinterface* module() const { return m_module; }
 
 private:
-    UserPrompts& m_prompts;               // Not owned.
+    void workOnRows() const;
+
+    const HostManagements& m_managements; // Not owned.
     host::Cinterface* m_module = nullptr; // Not owned.
     qint32 m_entityKind = 0;
     db::Value m_entityCode;

@@ -2,7 +2,7 @@
 
 #include "platform/services/agentsprintout.h"
 #include "platform/services/hostlauncher.h"
-#include "platform/services/siblingmodule.h"
+#include "platform/services/managementmodule.h"
 #include "src/host/calledmodule.h"
 #include "src/host/cinterface.h"
 
@@ -13,18 +13,14 @@ HostContext::HostContext(UserPrompts& prompts, const QString& connectionString,
     : m_prompts(prompts)
     , m_connectionString(connectionString)
     , m_company(company)
+    , m_managements(prompts, *this)
     , m_lookups(LookupCatalogue::standard())
-    , m_objects(prompts, m_lookups, *this)
+    , m_objects(prompts, m_lookups, *this, m_managements)
 {
-    const std::pair<const char*, const char*> siblings[] = {
-        {"Dorvanti.CLSCO_TABANAGGEN", "Anagrafiche generali"},
-        {"Caspello.CLSPA_PROVVSCONTI", "Tabelle provvigioni su sconti"},
-    };
-    for (const auto& [identifier, name] : siblings) {
-        m_modules.add(QString::fromLatin1(identifier), [this, title = QString::fromUtf8(name)] {
-            return std::make_unique<SiblingModule>(title, m_prompts);
-        });
-    }
+    m_modules.add(QStringLiteral("Dorvanti.CLSCO_TABANAGGEN"),
+                  [this] { return ManagementModule::registry(m_managements); });
+    m_modules.add(QStringLiteral("Caspello.CLSPA_PROVVSCONTI"),
+                  [this] { return ManagementModule::discountTables(m_managements); });
     m_modules.add(QStringLiteral("Brendolo.CLSMG_STAGENTI"),
                   [this] { return std::make_unique<AgentsPrintoutModule>(m_prompts); });
 }
@@ -79,7 +75,7 @@ db::Value HostContext::startModule(host::Cinterface* reference,
 
 std::unique_ptr<host::ManagementLauncher> HostContext::newManagementLauncher()
 {
-    return std::make_unique<HostLauncher>(m_prompts);
+    return std::make_unique<HostLauncher>(m_managements);
 }
 
 } // namespace tarvello::services

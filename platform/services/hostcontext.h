@@ -3,6 +3,7 @@
 #include "platform/services/hostmessages.h"
 #include "platform/services/hostobjectfactory.h"
 #include "platform/services/lookupcatalogue.h"
+#include "platform/services/management/hostmanagements.h"
 #include "platform/services/moduleregistry.h"
 #include "src/host/globalcontext.h"
 
@@ -18,7 +19,7 @@ class UserPrompts;
 
 // The host's global context. It knows the other modules of the host by identifier: the
 // agents' printouts are there from the start, and so are the general registry and the
-// commission-on-discount tables, as managements the person answers through the prompts.
+// commission-on-discount tables, whose screens are managements of the host.
 class HostContext final : public host::GlobalContext {
 public:
     // A module the host ran by identifier.
@@ -39,6 +40,9 @@ public:
     void setParentWindowModule(host::Cinterface* module) { m_parentWindowModule = module; }
     // The navigator the modules the host starts work with.
     void setNavigator(host::Navigator* navigator) { m_navigator = navigator; }
+    host::Navigator* navigator() const { return m_navigator; }
+    // The host's own managements (routes, depots, the general registry, ...).
+    HostManagements& managements() { return m_managements; }
 
     ModuleRegistry& modules() { return m_modules; }
     UserPrompts& prompts() const { return m_prompts; }
@@ -76,6 +80,7 @@ private:
     std::optional<host::ApplicationInfo> m_application;
     ModuleRegistry m_modules;
     HostMessages m_messages;
+    HostManagements m_managements;
     LookupCatalogue m_lookups;
     HostObjectFactory m_objects;
     QList<ModuleStart> m_starts;

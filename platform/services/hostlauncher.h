@@ -4,18 +4,18 @@
 
 namespace tarvello::services {
 
-class UserPrompts;
+class HostManagements;
 
-// The host's management launcher. Its programs are managements a person works in: each run
-// is a prompt answered with the codes the program hands back.
+// The host's management launcher. Its programs are managements a person works in, each
+// handing back the codes chosen there. The host has one: the classification tables of agents.
 class HostLauncher final : public host::ManagementLauncher {
 public:
     // The management of the classification tables of agents; its parameter "CalledRamo"
     // names the table, the others the codes on screen, highest level first.
     static constexpr int ClassificationTables = 2847;
 
-    explicit HostLauncher(UserPrompts& prompts)
-        : m_prompts(prompts)
+    explicit HostLauncher(const HostManagements& managements)
+        : m_managements(managements)
     {}
 
     QString addParameter(const QString& parameters, const QString& name,
@@ -23,7 +23,7 @@ public:
     db::Value runProgram(int program, const QString& parameters, bool modal) override;
 
 private:
-    UserPrompts& m_prompts; // Not owned.
+    const HostManagements& m_managements; // Not owned.
 };
 
 } // namespace tarvello::services

@@ -30,7 +30,7 @@ std::unique_ptr<host::LookupDecoder> HostObjectFactory::newLookupDecoder()
 
 std::unique_ptr<host::GeneralRegistrySearch> HostObjectFactory::newRegistrySearch()
 {
-    return std::make_unique<RegistrySearch>(m_prompts);
+    return std::make_unique<RegistrySearch>(m_managements);
 }
 
 std::unique_ptr<host::HyperMedia> HostObjectFactory::newHyperMedia()
@@ -45,12 +45,12 @@ std::unique_ptr<host::DocumentPrintModes> HostObjectFactory::newDocumentPrintMod
 
 std::unique_ptr<host::TypologyManagement> HostObjectFactory::newTypologyManagement()
 {
-    return std::make_unique<TypologyTable>(m_prompts);
+    return std::make_unique<TypologyTable>(m_managements);
 }
 
 std::unique_ptr<host::DivisionalData> HostObjectFactory::newDivisionalData()
 {
-    return std::make_unique<DivisionalDataManagement>(m_prompts);
+    return std::make_unique<DivisionalDataManagement>(m_managements);
 }
 
 std::unique_ptr<host::TaxCodeChecker> HostObjectFactory::newTaxCodeChecker()
@@ -60,12 +60,12 @@ std::unique_ptr<host::TaxCodeChecker> HostObjectFactory::newTaxCodeChecker()
 
 std::unique_ptr<host::RegisterManagement> HostObjectFactory::newRegisterManagement()
 {
-    return std::make_unique<RegisterTable>(m_prompts);
+    return std::make_unique<RegisterTable>(m_managements);
 }
 
 std::unique_ptr<host::WarehouseConnection> HostObjectFactory::newWarehouseConnection()
 {
-    return std::make_unique<WarehouseLink>(m_prompts);
+    return std::make_unique<WarehouseLink>(m_managements);
 }
 
 void HostObjectFactory::showQuestionDialog(controls::Form& dialog)

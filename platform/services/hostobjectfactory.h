@@ -8,17 +8,20 @@ class GlobalContext;
 
 namespace tarvello::services {
 
+class HostManagements;
 class LookupCatalogue;
 class UserPrompts;
 
-// Makes the host's objects, all of them reaching the person through the same prompts.
+// Makes the host's objects, all of them reaching the person through the same prompts, the
+// host's managements through their windows.
 class HostObjectFactory final : public host::HostObjects {
 public:
     HostObjectFactory(UserPrompts& prompts, const LookupCatalogue& lookups,
-                      const host::GlobalContext& context)
+                      const host::GlobalContext& context, const HostManagements& managements)
         : m_prompts(prompts)
         , m_lookups(lookups)
         , m_context(context)
+        , m_managements(managements)
     {}
 
     std::unique_ptr<host::ErrorLog> newErrorLog() override;
@@ -40,6 +43,7 @@ private:
     UserPrompts& m_prompts;               // Not owned.
     const LookupCatalogue& m_lookups;     // Not owned.
     const host::GlobalContext& m_context; // Not owned.
+    const HostManagements& m_managements; // Not owned.
 };
 
 } // namespace tarvello::services

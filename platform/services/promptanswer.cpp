@@ -112,6 +112,11 @@ PromptAnswer PromptAnswer::file(const QString& path)
     return a;
 }
 
+PromptAnswer PromptAnswer::window()
+{
+    return PromptAnswer(Kind::Window);
+}
+
 QString PromptAnswer::describe() const
 {
     switch (m_kind) {
@@ -147,6 +152,8 @@ QString PromptAnswer::describe() const
         return QStringLiteral("transfer ") + m_value.debugText();
     case Kind::File:
         return QStringLiteral("file ") + quotedWord(m_text);
+    case Kind::Window:
+        return QStringLiteral("window");
     }
     return {};
 }

@@ -35,6 +35,7 @@ public:
         Codes,     // an array of codes handed back by a management (element 0 first)
         Transfer,  // a value a management hands back through its data transfer
         File,      // the path of a file chosen to read or to write
+        Window,    // the person works in the management's window
     };
 
     static PromptAnswer button(int standardAnswer);
@@ -49,6 +50,7 @@ public:
     static PromptAnswer codes(const QStringList& codes);
     static PromptAnswer transfer(const db::Value& value);
     static PromptAnswer file(const QString& path);
+    static PromptAnswer window();
 
     Kind kind() const { return m_kind; }
     // The standard answer, the question answer, the row, or the registry code.

@@ -4,14 +4,14 @@
 
 namespace tarvello::services {
 
-class UserPrompts;
+class HostManagements;
 
-// The document-register management as this host has it: a prompt named "Sezionali"; a
-// register chosen there goes back into the field.
+// The document-register management ("Sezionali"); a register chosen there goes back into the
+// field.
 class RegisterTable final : public host::RegisterManagement {
 public:
-    explicit RegisterTable(UserPrompts& prompts)
-        : m_prompts(prompts)
+    explicit RegisterTable(const HostManagements& managements)
+        : m_managements(managements)
     {}
 
     void setModule(host::Cinterface* module) override { m_module = module; }
@@ -21,7 +21,7 @@ public:
     host::Cinterface* module() const { return m_module; }
 
 private:
-    UserPrompts& m_prompts;               // Not owned.
+    const HostManagements& m_managements; // Not owned.
     host::Cinterface* m_module = nullptr; // Not owned.
     controls::Field* m_field = nullptr;   // Not owned.
 };

@@ -2,12 +2,14 @@
 
 #include "platform/db/connection.h"
 #include "platform/db/recordset.h"
+#include "platform/services/management/hostmanagements.h"
+#include "platform/services/management/managementcatalogue.h"
 #include "platform/services/userprompts.h"
 
 namespace tarvello::services {
 
-RegistrySearch::RegistrySearch(UserPrompts& prompts)
-    : m_prompts(prompts)
+RegistrySearch::RegistrySearch(const HostManagements& managements)
+    : m_managements(managements)
 {}
 
 RegistrySearch::~RegistrySearch() = default;
@@ -50,11 +52,29 @@ bool RegistrySearch::listed(const PromptAnswer& answer)
     return connection().execute(sql)->recordCount() > 0;
 }
 
+PromptAnswer RegistrySearch::searchWindow() const
+{
+    ManagementOpening opening;
+    opening.connectionString = m_connectionString;
+    opening.company = m_company;
+    opening.searchText = m_startText;
+    const QList<db::ValueList> chosen =
+        m_managements.runWindow(managements::registrySearch(m_kind, m_title), opening);
+    if (chosen.isEmpty())
+        return PromptAnswer::nothing();
+    const db::ValueList& row = chosen.first();
+    if (m_kind == AgentsAndFreeEntries && !row.first().toString().trimmed().isEmpty())
+        return PromptAnswer::agent(row.first().toString().trimmed());
+    return PromptAnswer::registry(row.last().toInt64());
+}
+
 void RegistrySearch::run()
 {
     m_agent.clear();
     m_registryCode = db::Value();
-    const PromptAnswer answer = m_prompts.registrySearch(m_title, m_kind, m_startText);
+    PromptAnswer answer = m_managements.prompts().registrySearch(m_title, m_kind, m_startText);
+    if (answer.kind() == PromptAnswer::Kind::Window)
+        answer = searchWindow();
     if (!listed(answer))
         throw PromptError(
             QStringLiteral("The registry search \"%1\" lists no row for the answer %2")

@@ -6,14 +6,15 @@
 
 namespace tarvello::services {
 
-class UserPrompts;
+class HostManagements;
 class PromptAnswer;
 
-// The host's general-registry search. The person's choice is checked against the database:
-// a row that the list would not show cannot be picked.
+// The host's general-registry search: a window listing the entries of its kind, searched by
+// name, tax code or code. The person's choice is checked against the database: a row that
+// the list would not show cannot be picked.
 class RegistrySearch final : public host::GeneralRegistrySearch {
 public:
-    explicit RegistrySearch(UserPrompts& prompts);
+    explicit RegistrySearch(const HostManagements& managements);
     ~RegistrySearch() override;
 
     void setContext(host::GlobalContext* context) override { m_context = context; }
@@ -30,8 +31,9 @@ public:
 private:
     db::Connection& connection();
     bool listed(const PromptAnswer& answer);
+    PromptAnswer searchWindow() const;
 
-    UserPrompts& m_prompts;                          // Not owned.
+    const HostManagements& m_managements;            // Not owned.
     host::GlobalContext* m_context = nullptr;        // Not owned.
     db::Connection* m_connection = nullptr;          // Not owned.
     std::unique_ptr<db::Connection> m_ownConnection; // Owned.

@@ -142,6 +142,7 @@ PromptAnswer UserPrompts::registrySearch(const QString& title, int kind, const Q
     prompt.details = startText;
     return answer(prompt, PromptAnswer::nothing(), [kind](const PromptAnswer& a) {
         return a.kind() == Kind::Nothing || a.kind() == Kind::Registry ||
+               a.kind() == Kind::Window ||
                (a.kind() == Kind::Agent &&
                 kind == host::GeneralRegistrySearch::AgentsAndFreeEntries);
     });

@@ -97,7 +97,8 @@ public:
     // A lookup list; returns the index of the row picked, none when closed.
     std::optional<int> lookupList(const QString& title, const QStringList& headings,
                                   const QList<QStringList>& rows);
-    // The general-registry search: an agent (kind 3 only), a registry code, or nothing.
+    // The general-registry search: an agent (kind 3 only), a registry code, nothing, or its
+    // window, where the person searches.
     PromptAnswer registrySearch(const QString& title, int kind, const QString& startText);
     // Another management of the host: one of the answers it can hand back, or nothing.
     PromptAnswer management(const QString& name, const QString& details,

@@ -4,16 +4,17 @@
 
 namespace tarvello::services {
 
-class UserPrompts;
+class HostManagements;
 
-// The warehouse connection as this host has it: each management is a prompt naming what it
-// was opened on ("Giri" with the route, "Elenco clienti" with the agent); a route or the
-// customers the person chooses there are handed to the module's data-transfer handler
-// before the opening returns. Opened for no module, a management has no window to belong to.
+// The warehouse connection as this host has it: the managements of routes ("Giri", opened on
+// the route), of the customer list ("Elenco clienti", opened for the agent) and of depots
+// ("Depositi", opened on the depot). A route or the customers the person chooses there are
+// handed to the module's data-transfer handler before the opening returns; a depot goes
+// into the field. Opened for no module, a management has no window to belong to.
 class WarehouseLink final : public host::WarehouseConnection {
 public:
-    explicit WarehouseLink(UserPrompts& prompts)
-        : m_prompts(prompts)
+    explicit WarehouseLink(const HostManagements& managements)
+        : m_managements(managements)
     {}
 
     void setModule(host::Cinterface* module) override { m_module = module; }
@@ -31,10 +32,9 @@ public:
     qint32 top() const { return m_top; }
 
 private:
-    void requireModule() const;
     void transfer(const host::WarehouseTransfer& data) const;
 
-    UserPrompts& m_prompts;               // Not owned.
+    const HostManagements& m_managements; // Not owned.
     host::Cinterface* m_module = nullptr; // Not owned.
     controls::Field* m_field = nullptr;   // Not owned.
     qint32 m_left = 0;

@@ -70,6 +70,19 @@ inline void mouseClick(QWidget* widget, QPoint at = {})
     QApplication::sendEvent(widget, &release);
 }
 
+// A double click with the left button at a point of the widget, as the mouse sends it.
+inline void mouseDoubleClick(QWidget* widget, QPoint at)
+{
+    mouseClick(widget, at);
+    const QPointF local(at);
+    const QPointF global(widget->mapToGlobal(at));
+    QMouseEvent doubled(QEvent::MouseButtonDblClick, local, global, Qt::LeftButton, Qt::LeftButton,
+                        {});
+    QApplication::sendEvent(widget, &doubled);
+    QMouseEvent release(QEvent::MouseButtonRelease, local, global, Qt::LeftButton, {}, {});
+    QApplication::sendEvent(widget, &release);
+}
+
 // Once a modal dialog is up (the code under test is blocked in it), runs act on it.
 inline void whenModalShown(std::function<void(QWidget&)> act)
 {

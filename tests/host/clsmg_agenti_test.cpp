@@ -2,8 +2,8 @@
 #include "platform/services/hostcontext.h"
 #include "platform/services/hostnavigator.h"
 #include "platform/services/scriptedprompts.h"
-#include "platform/services/siblingmodule.h"
 #include "src/host/clsmg_agenti.h"
+#include "support/plainmodule.h"
 #include "testscreen.h"
 
 #include <QTimer>
@@ -189,7 +189,7 @@ TEST_F(ModuleObject, AFailingStepOfShowFormDoesNotStopTheLaterSteps)
 TEST_F(ModuleObject, ShowFormSkipsActiveClassForAModuleOfAnotherKind)
 {
     services::ScriptedPrompts prompts;
-    services::SiblingModule other(QStringLiteral("Stampa agenti"), prompts);
+    test::PlainModule other;
     module.setActiveDll(&other);
     module.ShowForm();
     TestScreen& screen = *screens.front();

@@ -2,7 +2,7 @@
 #include "platform/services/divisionaldatamanagement.h"
 #include "platform/services/hostcontext.h"
 #include "platform/services/scriptedprompts.h"
-#include "platform/services/siblingmodule.h"
+#include "support/plainmodule.h"
 
 #include <gtest/gtest.h>
 
@@ -16,7 +16,7 @@ protected:
     ScriptedPrompts prompts;
     HostContext context{prompts, QString(), host::Company{1, QStringLiteral("DITTA"), true}};
     // Any module of the host will do as the one the management is opened for.
-    SiblingModule opener{QStringLiteral("Agenti"), prompts};
+    test::PlainModule opener;
 };
 
 TEST_F(DivisionalDataManagementTest, ShowsTheEntityItWasOpenedOnAndHandsNothingBack)
@@ -39,7 +39,7 @@ TEST_F(DivisionalDataManagementTest, ShowsTheEntityItWasOpenedOnAndHandsNothingB
 
 TEST_F(DivisionalDataManagementTest, OpenedForNoModuleItDoesNotOpen)
 {
-    DivisionalDataManagement management(prompts);
+    DivisionalDataManagement management(context.managements());
     management.initialise(&opener, nullptr, host::DivisionalData::AgentEntity,
                           QStringLiteral("A001"));
     management.setModule(nullptr);

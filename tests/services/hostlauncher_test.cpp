@@ -1,3 +1,4 @@
+#include "platform/services/hostcontext.h"
 #include "platform/services/hostlauncher.h"
 #include "platform/services/parametertext.h"
 #include "platform/services/scriptedprompts.h"
@@ -33,7 +34,8 @@ protected:
     }
 
     ScriptedPrompts prompts;
-    HostLauncher launcher{prompts};
+    HostContext context{prompts, QString(), host::Company{1, QStringLiteral("DITTA"), false}};
+    HostLauncher launcher{context.managements()};
 };
 
 TEST_F(Launcher, TheClassificationTablesHandBackTheCodesChosen)

@@ -5,7 +5,7 @@
 #include "platform/services/hostcontext.h"
 #include "platform/services/hostnavigator.h"
 #include "platform/services/scriptedprompts.h"
-#include "platform/services/siblingmodule.h"
+#include "support/plainmodule.h"
 
 #include <QObject>
 #include <gtest/gtest.h>
@@ -104,7 +104,7 @@ protected:
     Listener first{QStringLiteral("first")};
     Listener second{QStringLiteral("second")};
     Frame frame;
-    SiblingModule module{QStringLiteral("Anagrafica agenti"), prompts};
+    test::PlainModule module;
 };
 
 } // namespace

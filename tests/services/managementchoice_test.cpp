@@ -1,10 +1,11 @@
 #include "platform/controls/field.h"
 #include "platform/controls/form.h"
 #include "platform/db/runtimeerror.h"
+#include "platform/services/hostcontext.h"
 #include "platform/services/registertable.h"
 #include "platform/services/scriptedprompts.h"
-#include "platform/services/siblingmodule.h"
 #include "platform/services/warehouselink.h"
+#include "support/plainmodule.h"
 
 #include <gtest/gtest.h>
 
@@ -27,13 +28,14 @@ protected:
     }
 
     ScriptedPrompts prompts;
+    HostContext context{prompts, QString(), host::Company{1, QStringLiteral("DITTA"), false}};
     // Any module of the host will do as the one the managements open for.
-    SiblingModule opener{QStringLiteral("Agenti"), prompts};
+    test::PlainModule opener;
     controls::Form form{QStringLiteral("FRMMG_AGENTI")};
     controls::Field* depot = form.add<controls::Field>(QStringLiteral("TXT_TVDEP"));
     controls::Field* registerField = form.add<controls::Field>(QStringLiteral("TXT_TVSEZ"));
-    WarehouseLink link{prompts};
-    RegisterTable registers{prompts};
+    WarehouseLink link{context.managements()};
+    RegisterTable registers{context.managements()};
     QStringList decoded;
 };
 

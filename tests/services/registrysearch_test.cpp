@@ -1,5 +1,6 @@
 #include "platform/db/demodata.h"
 #include "platform/db/recordset.h"
+#include "platform/services/hostcontext.h"
 #include "platform/services/mediaarchive.h"
 #include "platform/services/registrysearch.h"
 #include "platform/services/scriptedprompts.h"
@@ -34,7 +35,8 @@ protected:
 
     test::TestDatabase database;
     ScriptedPrompts prompts;
-    RegistrySearch search{prompts};
+    HostContext context{prompts, QString(), host::Company{1, QStringLiteral("DITTA"), false}};
+    RegistrySearch search{context.managements()};
 };
 
 class MediaCreated final : public host::HyperMediaEvents {

@@ -25,7 +25,7 @@ protected:
     HostContext context{prompts, QString(), host::Company{1, QStringLiteral("DITTA"), false}};
     controls::Form form{QStringLiteral("FRMMG_AGENTI")};
     controls::Field* field = form.add<controls::Field>(QStringLiteral("TXT_TIPOLOGIAAGENTE"));
-    TypologyTable table{prompts};
+    TypologyTable table{context.managements()};
     int decodings = 0;
 };
 

@@ -4,9 +4,9 @@
 #include "platform/db/runtimeerror.h"
 #include "platform/services/hostcontext.h"
 #include "platform/services/scriptedprompts.h"
-#include "platform/services/siblingmodule.h"
 #include "platform/services/warehouselink.h"
 #include "src/host/hostobjects.h"
+#include "support/plainmodule.h"
 
 #include <gtest/gtest.h>
 
@@ -28,7 +28,7 @@ protected:
 
     ScriptedPrompts prompts;
     HostContext context{prompts, QString(), host::Company{1, QStringLiteral("DITTA"), false}};
-    SiblingModule opener{QStringLiteral("Agenti"), prompts};
+    test::PlainModule opener;
     std::unique_ptr<host::WarehouseConnection> link;
     QList<host::WarehouseTransfer> transfers;
 };
