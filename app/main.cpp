@@ -1,17 +1,15 @@
-#include "databasesetup.h"
+#include "app/databasesetup.h"
+#include "app/shellarguments.h"
+#include "app/shellassembly.h"
 #include "platform/db/runtimeerror.h"
 #include "platform/gui/dialogprompts.h"
+#include "platform/gui/italiantranslations.h"
 #include "platform/gui/managementdialogs.h"
 #include "platform/gui/shellapplication.h"
 #include "platform/gui/shellhost.h"
 #include "platform/gui/shellwindow.h"
-#include "platform/script/agentsmodule.h"
 #include "platform/script/promptlookups.h"
 #include "platform/script/scriptrunner.h"
-#include "platform/services/hostcontext.h"
-#include "shellarguments.h"
-#include "src/screen/frmmg_agenti.h"
-#include "ui_frmmg_agenti.h"
 
 #include <QApplication>
 #include <QGuiApplication>
@@ -22,20 +20,6 @@
 namespace {
 
 using namespace tarvello;
-
-// The host's modules: the agents module with its screen FRMMG_AGENTI.
-void registerModules(services::HostContext& context)
-{
-    script::registerAgentsModule(context.modules(), agenti::FRMMG_AGENTI::fabbrica());
-}
-
-std::unique_ptr<QWidget> agentsLayout()
-{
-    auto widget = std::make_unique<QWidget>();
-    Ui::FrmMgAgenti layout;
-    layout.setupUi(widget.get());
-    return widget;
-}
 
 int runScenario(const app::ShellArguments& arguments, int argc, char** argv)
 {
@@ -49,7 +33,7 @@ int runScenario(const app::ShellArguments& arguments, int argc, char** argv)
     options.connectionString = arguments.connectionString;
     options.company = arguments.company;
     options.demo = arguments.demo;
-    options.registerModules = registerModules;
+    options.registerModules = app::registerModules;
     return script::runScript(arguments.scriptFile, options);
 }
 
@@ -90,6 +74,7 @@ int main(int argc, char** argv)
     gui::ShellApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("tarvello"));
     QApplication::setOrganizationName(QStringLiteral("Tarvello"));
+    const gui::ItalianTranslations italian;
     gui::DialogPrompts prompts;
     std::unique_ptr<gui::ShellHost> host;
     try {
@@ -101,22 +86,17 @@ int main(int argc, char** argv)
             QStringLiteral("Il database non si apre:\n%1").arg(error.description()));
         return 1;
     }
-    registerModules(host->context());
+    app::registerModules(host->context());
     script::PromptLookups lookups(prompts);
     gui::ShellWindow window(*host, &lookups);
     prompts.setParent(&window);
     application.setPrompts(&prompts);
     gui::ManagementDialogs managements(host->navigator(), prompts, &window);
     host->context().managements().setPresenter(&managements);
-    const gui::ShellWindow::ModuleEntry agents{QStringLiteral("Anagrafica agenti"),
-                                               script::agentsModuleIdentifier()};
-    window.addModule(agents);
-    window.addModule(
-        {QStringLiteral("Stampa agenti"), QStringLiteral("Brendolo.CLSMG_STAGENTI"), true});
-    window.addScreenLayout(QStringLiteral("FRMMG_AGENTI"), agentsLayout);
+    app::assembleShell(window);
     window.show();
     if (!arguments.screenshotFile.isEmpty())
-        takeScreenshot(window, agents, arguments.screenshotFile);
+        takeScreenshot(window, app::agentsEntry(), arguments.screenshotFile);
     const int result = QApplication::exec();
     application.setPrompts(nullptr);
     return result;

@@ -18,11 +18,13 @@ void DataControl::setRequired(bool required)
     Q_EMIT requiredChanged(required);
 }
 
-void DataControl::setValid(bool valid)
+void DataControl::setValid(bool valid, const QString& reason)
 {
-    if (m_valid == valid)
+    const QString why = valid ? QString() : reason;
+    if (m_valid == valid && m_invalidReason == why)
         return;
     m_valid = valid;
+    m_invalidReason = why;
     Q_EMIT validChanged(valid);
 }
 

@@ -17,9 +17,11 @@ public:
     void setDataField(const QString& column);
     bool isRequired() const { return m_required; }
     void setRequired(bool required);
-    // False when the value was found wrong (a code that decodes to nothing).
+    // False when the value was found wrong (a code that decodes to nothing), with why when
+    // whoever found it said so.
     bool isValid() const { return m_valid; }
-    void setValid(bool valid);
+    QString invalidReason() const { return m_valid ? QString() : m_invalidReason; }
+    void setValid(bool valid, const QString& reason = {});
 
     virtual db::Value value() const = 0;
     virtual void setValue(const db::Value& value) = 0;
@@ -37,6 +39,7 @@ private:
     QString m_dataField;
     bool m_required = false;
     bool m_valid = true;
+    QString m_invalidReason;
 };
 
 } // namespace tarvello::controls

@@ -86,7 +86,7 @@ QString formatDate(const QDateTime& when)
     if (!when.isValid())
         return {};
     if (when.time() == QTime(0, 0))
-        return when.date().toString(QStringLiteral("dd/MM/yyyy"));
+        return dateText(when.date());
     return when.toString(QStringLiteral("dd/MM/yyyy HH:mm:ss"));
 }
 
@@ -119,6 +119,31 @@ QString formatForDisplay(const db::Value& value, QStringView format)
         break;
     }
     return value.toString();
+}
+
+QDate readDate(const QString& text)
+{
+    const QString typed = text.trimmed();
+    for (const char* format : {"dd/MM/yyyy", "d/M/yyyy", "ddMMyyyy", "yyyy-MM-dd"}) {
+        if (const QDate date = QDate::fromString(typed, QString::fromLatin1(format));
+            date.isValid())
+            return date;
+    }
+    for (const char* format : {"d/M/yy", "ddMMyy"}) {
+        // Qt reads "yy" as 19yy.
+        QDate date = QDate::fromString(typed, QString::fromLatin1(format));
+        if (!date.isValid())
+            continue;
+        if (date.year() < QDate::currentDate().year() - 80)
+            date = date.addYears(100);
+        return date;
+    }
+    return {};
+}
+
+QString dateText(const QDate& date)
+{
+    return date.toString(QStringLiteral("dd/MM/yyyy"));
 }
 
 } // namespace tarvello::controls

@@ -2,6 +2,7 @@
 
 #include "platform/db/value.h"
 
+#include <QDate>
 #include <QString>
 #include <QStringView>
 
@@ -22,5 +23,13 @@ namespace tarvello::controls {
 // Texts that read as numbers are formatted like numbers; other texts show as they are;
 // Empty and Null show nothing.
 QString formatForDisplay(const db::Value& value, QStringView format = {});
+
+// A date as a person types it: dd/MM/yyyy, with one-digit days and months, with two-digit
+// years ("1/3/25"), as bare digits ("010325", "01032025"), or in ISO form. A two-digit year
+// is the one nearest today within the past 80 and the next 20 years. Invalid when the text
+// is no date.
+QDate readDate(const QString& text);
+// The date as a field shows it: dd/MM/yyyy.
+QString dateText(const QDate& date);
 
 } // namespace tarvello::controls

@@ -43,12 +43,14 @@ struct DecodeArgs {
 };
 
 // A field asks what list to open: statement, column headings, title, connection string.
+// narrowedTo is the host's: when not empty, only the rows holding that text are offered.
 struct LookupArgs {
     bool cancel = false;
     QString sql;
     QStringList columns;
     QString title;
     QString connectionString;
+    QString narrowedTo;
 };
 
 enum class CloseMode { User = 0, Code = 1, Host = 2 };

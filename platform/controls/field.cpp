@@ -8,6 +8,8 @@
 #include "platform/db/connection.h"
 #include "platform/db/runtimeerror.h"
 
+#include <QMetaMethod>
+
 namespace tarvello::controls {
 
 namespace {
@@ -20,16 +22,6 @@ QString rightTrimmed(QString text)
     while (!text.isEmpty() && text.back().isSpace())
         text.chop(1);
     return text;
-}
-
-QDate parseDate(const QString& text)
-{
-    for (const char* format : {"dd/MM/yyyy", "d/M/yyyy", "ddMMyyyy", "yyyy-MM-dd"}) {
-        const QDate date = QDate::fromString(text, QString::fromLatin1(format));
-        if (date.isValid())
-            return date;
-    }
-    return {};
 }
 
 // Digits, a minus in front and one decimal separator.
@@ -129,7 +121,7 @@ db::Value Field::value() const
         if (const auto number = db::Decimal::parse(m_text))
             return *number;
     } else if (m_kind == Kind::Date) {
-        const QDate date = parseDate(m_text.trimmed());
+        const QDate date = readDate(m_text);
         if (date.isValid())
             return date;
     }
@@ -244,11 +236,11 @@ Field::DecodeOutcome Field::runDecoding()
         const db::ResultSet result = source->connectionFor(args.connectionString).query(args.sql);
         fillTargets(args.targets, result);
         const bool found = !result.rows.isEmpty();
-        setValid(found);
+        setValid(found, tr("nessun dato con questo codice"));
         return found ? DecodeOutcome::Found : DecodeOutcome::NotFound;
     } catch (const db::RuntimeError& error) {
         m_lastError = error.description();
-        setValid(false);
+        setValid(false, m_lastError);
         return DecodeOutcome::Failed;
     }
 }
@@ -287,7 +279,12 @@ void Field::fillTargets(const QList<DecodeTarget>& targets, const db::ResultSet&
     }
 }
 
-bool Field::openLookup()
+bool Field::hasLookup() const
+{
+    return isSignalConnected(QMetaMethod::fromSignal(&Field::lookupRequested));
+}
+
+bool Field::openLookup(const QString& narrowedTo)
 {
     if (!canReceiveFocus())
         return false;
@@ -295,6 +292,7 @@ bool Field::openLookup()
     if (raise("StartLookup", [&] { Q_EMIT lookupRequested(args); }) != Raised::Completed ||
         args.cancel)
         return false;
+    args.narrowedTo = narrowedTo;
     m_lastLookup = args;
     const Form* owner = form();
     LookupPresenter* presenter = owner ? owner->lookupPresenter() : nullptr;
@@ -368,6 +366,11 @@ bool Field::chooseMenuItem(const QString& key)
 
 void Field::aboutToLeave()
 {
+    // A date typed short ("1/3/25") is shown whole once it is left.
+    if (m_kind == Kind::Date) {
+        if (const QDate date = readDate(m_text); date.isValid())
+            setText(dateText(date));
+    }
     if (m_decodePending)
         decode();
 }
@@ -376,7 +379,12 @@ void Field::defaultKeyAction(int keyCode, int shift)
 {
     if (m_multiLine && keyCode == Key::Enter)
         return;
-    DataControl::defaultKeyAction(keyCode, shift);
+    if (keyCode == Key::LookupList && shift == 0 && hasLookup())
+        openLookup();
+    else if (keyCode == Key::Management && shift == 0 && hasManagementKey())
+        pressManagementKey();
+    else
+        DataControl::defaultKeyAction(keyCode, shift);
 }
 
 } // namespace tarvello::controls

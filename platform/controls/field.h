@@ -30,6 +30,9 @@ namespace tarvello::controls {
 //
 // Management key: pressManagementKey() raises managementKeyPressed("Kgestione"); an extra
 // menu item with key K raises it with "Kpers" + K.
+//
+// Keys a handler leaves alone: F3 (Key::LookupList) opens the lookup of a field that has one, F4
+// (Key::Management) presses the management key of a field that has one.
 class Field : public DataControl {
     Q_OBJECT
 public:
@@ -87,7 +90,10 @@ public:
     // Why the last decoding failed; empty after one that did not.
     QString lastError() const { return m_lastError; }
 
-    bool openLookup();
+    // Whether the field opens a list: its form answers its lookup requests.
+    bool hasLookup() const;
+    // narrowedTo: only the rows holding this text (in any column, any case) are offered.
+    bool openLookup(const QString& narrowedTo = {});
     // The request of the last lookup that got past its handlers.
     std::optional<LookupArgs> lastLookupRequest() const { return m_lastLookup; }
     // Takes a chosen lookup row: its first column becomes the text, then decodes.

@@ -217,6 +217,38 @@ void Grid::selectCurrentRow()
     raise("Click", [this] { Q_EMIT clicked(); });
 }
 
+std::optional<db::Recordset::Bookmark> Grid::bookmarkOfKey(const db::Value& key) const
+{
+    if (key.isBlank() || m_keyColumn.isEmpty())
+        return std::nullopt;
+    // Read afresh: the grid's own rows may still be those of a source just replaced.
+    const db::RecordsetPtr rows = m_source->clone();
+    rows->setFilter(m_source->filter());
+    for (rows->moveFirst(); !rows->eof(); rows->moveNext()) {
+        if (rows->value(m_keyColumn) == key)
+            return rows->bookmark();
+    }
+    return std::nullopt;
+}
+
+bool Grid::showKey(const std::optional<db::Value>& key)
+{
+    if (!m_source || !m_source->isOpen())
+        return false;
+    try {
+        const std::optional<db::Recordset::Bookmark> row = key ? bookmarkOfKey(*key) : std::nullopt;
+        if (row && sourceBookmark() != row)
+            m_source->setBookmark(*row);
+        else if (!row && sourceBookmark()) {
+            m_source->moveFirst();
+            m_source->movePrevious();
+        }
+        return row.has_value();
+    } catch (const db::RuntimeError&) {
+        return false;
+    }
+}
+
 void Grid::refresh()
 {
     reload();

@@ -65,8 +65,13 @@ public:
     // Brings the selection to the recordset's current row and raises clicked(), as a click
     // on that row would.
     void selectCurrentRow();
+    // Moves the recordset to the row whose key column holds the key, or before its first row
+    // when none does (or the key is none), without a click; true when the row was found.
+    bool showKey(const std::optional<db::Value>& key);
     // Reads the rows again.
     void refresh();
+    // The host asks whoever fills the grid for its rows again (refreshRequested).
+    void requestRefresh() { Q_EMIT refreshRequested(); }
 
 Q_SIGNALS:
     void dataSourceChanged();
@@ -76,6 +81,7 @@ Q_SIGNALS:
     void rowChanged(int row);
     void selectedRowChanged(int row);
     void clicked();
+    void refreshRequested();
     void cellTextRequested(tarvello::controls::CellTextArgs& args);
 
 protected:
@@ -94,6 +100,7 @@ private:
     void updateSelection();
     void onRowChanged(db::Recordset::Bookmark bookmark);
     std::optional<db::Recordset::Bookmark> sourceBookmark() const;
+    std::optional<db::Recordset::Bookmark> bookmarkOfKey(const db::Value& key) const;
     template <class Change>
     void changeColumn(const QString& keyOrField, Change change);
 

@@ -7,7 +7,6 @@
 
 namespace tarvello::controls {
 
-
 // The navigator under a detail grid: "Nuovo", "Conferma", "Annulla", "Elimina", the moves
 // "Primo", "Precedente", "Successivo", "Ultimo", and "Apri", "Indietro", "Avanti".
 // A move its target leaves alone moves the grid's recordset.

@@ -10,6 +10,10 @@ inline constexpr int Enter = 13;
 inline constexpr int Escape = 27;
 inline constexpr int F1 = 112;
 inline constexpr int F12 = 123;
+// A field's list opens on F3 and the management behind it on F4, as in most Italian
+// desktop management programs.
+inline constexpr int LookupList = F1 + 2;
+inline constexpr int Management = F1 + 3;
 } // namespace Key
 
 namespace KeyModifier {

@@ -101,6 +101,11 @@ bool Navigator::pressFromCode(const QString& key)
     return act(key);
 }
 
+bool Navigator::command(const QString& key)
+{
+    return isEnabled() && act(key);
+}
+
 bool Navigator::act(const QString& key)
 {
     if (Form* owner = form(); owner && !owner->focus().checkCurrent())

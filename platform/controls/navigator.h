@@ -77,6 +77,9 @@ public:
     // the same (a screen may leave a button off its bar and press it from a key shortcut);
     // a disabled button or navigator does nothing.
     bool pressFromCode(const QString& key);
+    // A command of the host's own (its "Stampa agente") reaches the bar as a click with that
+    // key, whether or not one of its buttons shows the key now. False while the bar is off.
+    bool command(const QString& key);
 
 Q_SIGNALS:
     void buttonsChanged();

@@ -1,5 +1,6 @@
 #include "platform/frame/columnvalue.h"
 
+#include "platform/controls/displayformat.h"
 #include "platform/db/runtimeerror.h"
 
 #include <QDate>
@@ -121,12 +122,8 @@ ColumnValue toDate(const Value& value)
 {
     if (value.kind() == Value::Kind::Date)
         return fitting(value);
-    const QString text = value.toString().trimmed();
-    for (const char* format : {"dd/MM/yyyy", "d/M/yyyy", "yyyy-MM-dd"}) {
-        const QDate date = QDate::fromString(text, QString::fromLatin1(format));
-        if (date.isValid())
-            return fitting(Value(date));
-    }
+    if (const QDate date = controls::readDate(value.toString()); date.isValid())
+        return fitting(Value(date));
     return refused(Refusal::NotADate);
 }
 

@@ -28,10 +28,12 @@ void FrameMessages::warn(const QString& text) const
     m_prompts.messageBox(text, WarningOk, warningTitle);
 }
 
-bool FrameMessages::confirmDelete() const
+bool FrameMessages::confirmDelete(const QString& record) const
 {
+    const QString what =
+        record.isEmpty() ? QStringLiteral("dei dati visualizzati") : QStringLiteral("di ") + record;
     return m_prompts.messageBox(
-               QStringLiteral("Confermi l'eliminazione dei dati visualizzati%1?").arg(forWhat()),
+               QStringLiteral("Confermi l'eliminazione %1%2?").arg(what, forWhat()),
                QuestionYesNoDefaultNo, QStringLiteral("Conferma eliminazione")) == Yes;
 }
 

@@ -28,7 +28,9 @@ public:
     const QString& description() const { return m_description; }
 
     // Yes / No, No by default.
-    bool confirmDelete() const;
+    // record: what the person is asked to delete ("A001 RICCI FRANCESCA"); when empty, the
+    // data on view.
+    bool confirmDelete(const QString& record) const;
     bool confirmDeleteAll() const;
     bool confirmDropChanges() const;
     // Yes / No / Cancel: the standard answer given.

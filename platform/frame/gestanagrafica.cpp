@@ -1,8 +1,11 @@
 #include "platform/frame/gestanagrafica.h"
 
 #include "platform/controls/datacontrol.h"
+#include "platform/controls/field.h"
+#include "platform/controls/form.h"
 #include "platform/controls/grid.h"
 #include "platform/controls/handlererrors.h"
+#include "platform/controls/keycodes.h"
 #include "platform/controls/navigator.h"
 #include "platform/db/connection.h"
 #include "platform/db/runtimeerror.h"
@@ -119,7 +122,18 @@ QList<DataControl*> GestAnagrafica::fields() const
 void GestAnagrafica::setKeyField(DataControl* control)
 {
     registerField(control);
+    if (m_keyField)
+        disconnect(m_keyField, &controls::Control::keyDown, this, nullptr);
     m_keyField = control;
+    if (!control)
+        return;
+    connect(control, &controls::Control::keyDown, this, [this](controls::KeyArgs& args) {
+        if (m_status != FrameStatus::Search || args.keyCode != controls::Key::Enter ||
+            args.shift != 0)
+            return;
+        args.keyCode = controls::Key::None;
+        searchCommand();
+    });
 }
 
 DataControl* GestAnagrafica::keyField() const
@@ -469,6 +483,21 @@ Value GestAnagrafica::shownValue(const QString& column) const
     }
 }
 
+std::optional<Value> GestAnagrafica::shownRowValue(const QString& column) const
+{
+    if (m_status != FrameStatus::Browse || !m_shown || !isOpen())
+        return std::nullopt;
+    try {
+        if (cursorBookmark() == m_shown)
+            return m_recordset->value(column);
+        const db::RecordsetPtr row = m_recordset->clone();
+        row->setBookmark(*m_shown);
+        return row->value(column);
+    } catch (const db::RuntimeError&) {
+        return std::nullopt;
+    }
+}
+
 std::optional<GestAnagrafica::Bookmark> GestAnagrafica::currentOrFirst()
 {
     if (!isOpen())
@@ -493,11 +522,43 @@ void GestAnagrafica::goToRow(std::optional<Bookmark> row, int reason, bool raise
             raiseEvent);
 }
 
+void GestAnagrafica::clearMarks()
+{
+    QList<DataControl*> marked = m_fields.controls();
+    const controls::Form* form = m_keyField ? m_keyField->form() : nullptr;
+    if (writesAtOnce() && form) {
+        for (controls::Control* control : form->controls()) {
+            auto* data = qobject_cast<DataControl*>(control);
+            if (data && data->dataField().isEmpty())
+                marked << data;
+        }
+    }
+    for (DataControl* control : std::as_const(marked))
+        control->setValid(true);
+}
+
+QString GestAnagrafica::recordDescription() const
+{
+    const auto textOf = [](const DataControl* control) {
+        const auto* field = qobject_cast<const controls::Field*>(control);
+        return field ? field->text().trimmed() : QString();
+    };
+    const QList<DataControl*> fields = m_fields.controls();
+    const qsizetype key = fields.indexOf(m_keyField);
+    QString description = textOf(m_keyField);
+    for (qsizetype i = key + 1; key >= 0 && !description.isEmpty() && i < fields.size(); ++i) {
+        if (const QString text = textOf(fields.at(i)); !text.isEmpty())
+            return description + u' ' + text;
+    }
+    return description;
+}
+
 void GestAnagrafica::showRow(int reason, bool raiseEvent)
 {
     ++m_generation;
     if (m_shown && !placeCursor())
         m_shown.reset();
+    clearMarks();
     m_fields.show(rowReader());
     m_fields.decode([this](const db::RuntimeError& error) { reportHandlerError(error); });
     takeSnapshot();
@@ -837,7 +898,7 @@ bool GestAnagrafica::deleteRecord()
 {
     if (!isOpen() || m_terminated || m_locked || m_status != FrameStatus::Browse || !m_shown)
         return false;
-    if (!m_messages.confirmDelete())
+    if (!m_messages.confirmDelete(recordDescription()))
         return false;
     if (!deleteWithEvents(DeleteScope::ShownRow, true))
         return false;
@@ -1023,7 +1084,16 @@ bool GestAnagrafica::enterSearch()
 
 bool GestAnagrafica::searchCommand()
 {
-    return m_status == FrameStatus::Search ? search(false, false) : enterSearch();
+    if (m_status != FrameStatus::Search)
+        return enterSearch();
+    auto* keyField = qobject_cast<controls::Field*>(m_keyField.data());
+    if (!keyField || !keyField->hasLookup())
+        return search(false, false);
+    if (search(false, true))
+        return true;
+    // Not a key (a name, part of a code, nothing at all): the key field's list, narrowed to
+    // what was typed, and the row picked there is looked up.
+    return keyField->openLookup(keyField->text().trimmed()) && search(false, false);
 }
 
 bool GestAnagrafica::search(bool fromKeyColumn, bool quiet)

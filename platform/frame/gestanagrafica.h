@@ -187,6 +187,12 @@ public:
     controls::Navigator* navigator() const;
 
     int status() const { return m_status; }
+    // A column of the existing row shown; none in search entry, while a new row is being
+    // entered, or when there is no row to show.
+    std::optional<db::Value> shownRowValue(const QString& column) const;
+    // What the fields say the row shown is: its key and the first field after the key with a
+    // text ("A001 RICCI FRANCESCA"); empty without a key.
+    QString recordDescription() const;
     // 2 adds a new row at once (code may write into it), 1 starts search entry, 0 shows the
     // recordset's current row (a new row being entered stays as it is). Unconfirmed edits of
     // the row left are dropped, not asked about.
@@ -236,6 +242,8 @@ public:
     // recordset's query cannot return it, by reopening the recordset on that row.
     bool search(bool fromKeyColumn = true, bool quiet = true);
     // The host toolbar's search: enters search entry, or in search entry looks the key up.
+    // A key field with a list takes a name as well: what is not a key narrows the list, and
+    // the row picked there is looked up. Enter on the key field in search entry does the same.
     bool searchCommand();
     // Settles the unconfirmed changes; true when it is safe to go on: saved, or dropped at the
     // person's No (Cancel, or a save that fails, is not safe).
@@ -320,6 +328,10 @@ private:
     db::Connection* rowsConnection() const;
     void goToRow(std::optional<Bookmark> row, int reason, bool raiseEvent = true);
     void showRow(int reason, bool raiseEvent = true);
+    // A row shown afresh carries no marks of values found wrong in the row before: the
+    // frame's fields lose them, and on a master so do the form's fields bound to no column
+    // (a code shown beside the id it stands for). Decoding the row marks them again.
+    void clearMarks();
     // Reads the row shown, or the defaults of a new row not added yet.
     FieldBindings::ColumnReader rowReader() const;
     void syncControls(const controls::DataControl* except);

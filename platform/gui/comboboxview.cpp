@@ -1,6 +1,8 @@
 #include "platform/gui/comboboxview.h"
 
 #include "platform/controls/combobox.h"
+#include "platform/controls/keycodes.h"
+#include "platform/gui/wheelguard.h"
 
 #include <QComboBox>
 #include <QSignalBlocker>
@@ -17,6 +19,22 @@ ComboBoxView::ComboBoxView(controls::ComboBox& list, QComboBox& combo)
     connect(&list, &ComboBox::valueSet, this, &ComboBoxView::showValue);
     connect(&list, &ComboBox::valueChanged, this, &ComboBoxView::showValue);
     connect(&combo, &QComboBox::activated, this, &ComboBoxView::takeChoice);
+    WheelGuard::protect(combo);
+    showToolTip();
+}
+
+bool ComboBoxView::actOnKey(int keyCode, int shift)
+{
+    if (keyCode != controls::Key::LookupList || shift != 0)
+        return false;
+    m_combo.showPopup();
+    return true;
+}
+
+QString ComboBoxView::toolTipText() const
+{
+    return withKeyHints(ControlView::toolTipText(),
+                        {keyHint(controls::Key::LookupList, tr("elenco"))});
 }
 
 void ComboBoxView::showItems()

@@ -17,15 +17,6 @@ namespace {
 constexpr char requiredProperty[] = "tarvelloRequired";
 constexpr char invalidProperty[] = "tarvelloInvalid";
 
-void setStyleProperty(QWidget& widget, const char* name, bool on)
-{
-    if (widget.property(name).toBool() == on)
-        return;
-    widget.setProperty(name, on);
-    widget.style()->unpolish(&widget);
-    widget.style()->polish(&widget);
-}
-
 } // namespace
 
 ControlView::ControlView(controls::Control& control, QWidget& widget)
@@ -52,6 +43,15 @@ ControlView::ControlView(controls::Control& control, QWidget& widget)
 
 ControlView::~ControlView() = default;
 
+void ControlView::setStyleFlag(QWidget& widget, const char* name, bool on)
+{
+    if (widget.property(name).toBool() == on)
+        return;
+    widget.setProperty(name, on);
+    widget.style()->unpolish(&widget);
+    widget.style()->polish(&widget);
+}
+
 void ControlView::watchKeys(QWidget& widget)
 {
     widget.installEventFilter(this);
@@ -65,12 +65,28 @@ bool ControlView::keyIsModels(int keyCode, int shift) const
 
 QString ControlView::toolTipText() const
 {
+    const QString own = m_control ? m_control->toolTip() : QString();
     const auto* data = model<controls::DataControl>();
-    if (data && !data->isValid()) {
-        const QString own = data->toolTip();
-        return own.isEmpty() ? tr("Valore non valido") : tr("Valore non valido - %1").arg(own);
-    }
-    return m_control ? m_control->toolTip() : QString();
+    if (!data || data->isValid())
+        return own;
+    const QString reason = data->invalidReason();
+    const QString invalid =
+        reason.isEmpty() ? tr("Valore non valido") : tr("Valore non valido: %1").arg(reason);
+    return own.isEmpty() ? invalid : invalid + u'\n' + own;
+}
+
+QString ControlView::keyHint(int modelKeyCode, const QString& action)
+{
+    return QStringLiteral("%1: %2").arg(
+        functionKey(modelKeyCode).toString(QKeySequence::NativeText), action);
+}
+
+QString ControlView::withKeyHints(const QString& text, const QStringList& hints)
+{
+    QStringList lines = hints;
+    if (!text.isEmpty())
+        lines.prepend(text);
+    return lines.join(u'\n');
 }
 
 void ControlView::showToolTip()
@@ -84,8 +100,8 @@ void ControlView::showDataState()
     const auto* data = model<controls::DataControl>();
     if (!data || !m_widget)
         return;
-    setStyleProperty(*m_widget, requiredProperty, data->isRequired());
-    setStyleProperty(*m_widget, invalidProperty, !data->isValid());
+    setStyleFlag(*m_widget, requiredProperty, data->isRequired());
+    setStyleFlag(*m_widget, invalidProperty, !data->isValid());
     showToolTip();
 }
 
@@ -101,7 +117,7 @@ bool ControlView::eventFilter(QObject* watched, QEvent* event)
     // The model's handlers may swallow the key; otherwise its default action runs (Tab and
     // Enter move the focus through the focus manager).
     const int left = m_control->pressKey(code, shift);
-    return left == controls::Key::None || keyIsModels(left, shift);
+    return left == controls::Key::None || keyIsModels(left, shift) || actOnKey(left, shift);
 }
 
 } // namespace tarvello::gui

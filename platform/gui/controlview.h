@@ -25,10 +25,16 @@ public:
 
     controls::Control* control() const { return m_control; }
     QWidget* widget() const { return m_widget; }
+    // Sets a dynamic property the form's style sheet dresses the widget by, and dresses it.
+    static void setStyleFlag(QWidget& widget, const char* name, bool on);
+
     // The widget that holds the keyboard focus while the control has it.
     virtual QWidget* focusTarget() const { return m_widget; }
     // Called by the FormView when the control gained or lost the model focus.
     virtual void focusMoved(bool hasFocus) { Q_UNUSED(hasFocus); }
+    // The focus came by the keyboard or by code, not by a click: what is typed next replaces
+    // the value shown.
+    virtual void selectContents() {}
 
 protected:
     // The model of the view's kind; nullptr once the form went away.
@@ -42,8 +48,20 @@ protected:
     // A key the model left alone (not swallowed, no default action of its own): true when
     // the widget must not get it. Tab and Enter are the model's: it moves the focus on.
     virtual bool keyIsModels(int keyCode, int shift) const;
+    // A key the model left alone that the view acts on itself (F3 opens a list's drop-down);
+    // true when it did, and the widget must not get it.
+    virtual bool actOnKey(int keyCode, int shift)
+    {
+        Q_UNUSED(keyCode);
+        Q_UNUSED(shift);
+        return false;
+    }
     // The tool tip shown: the model's, or why the value is not valid.
     virtual QString toolTipText() const;
+    // The line of a tool tip that tells a function key: "F3: elenco".
+    static QString keyHint(int modelKeyCode, const QString& action);
+    // A tool tip text with the key lines under it.
+    static QString withKeyHints(const QString& text, const QStringList& hints);
     void showToolTip();
 
     bool eventFilter(QObject* watched, QEvent* event) override;

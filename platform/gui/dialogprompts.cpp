@@ -1,6 +1,7 @@
 #include "platform/gui/dialogprompts.h"
 
 #include "platform/gui/lookupdialog.h"
+#include "platform/gui/printpreviewdialog.h"
 #include "platform/gui/questiondialog.h"
 #include "platform/services/messageboxstyle.h"
 #include "src/host/errorlog.h"
@@ -123,6 +124,13 @@ PromptAnswer DialogPrompts::askFile(const services::Prompt& prompt) const
                              : QFileDialog::getOpenFileName(parentWidget(), prompt.title,
                                                             prompt.details, prompt.fileFilter);
     return path.isEmpty() ? PromptAnswer::nothing() : PromptAnswer::file(path);
+}
+
+bool DialogPrompts::previewPrintout(const QString& title, const QPageLayout& page,
+                                    const std::function<void(QPrinter&)>& paint)
+{
+    PrintPreviewDialog preview(title, page, paint, parentWidget());
+    return preview.exec() == QDialog::Accepted;
 }
 
 void DialogPrompts::showDocument(const QString& path)

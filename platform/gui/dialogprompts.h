@@ -29,6 +29,8 @@ public:
 
     // Opens the document in the desktop's viewer for its kind.
     void showDocument(const QString& path) override;
+    bool previewPrintout(const QString& title, const QPageLayout& page,
+                         const std::function<void(QPrinter&)>& paint) override;
 
 protected:
     std::optional<services::PromptAnswer> ask(const services::Prompt& prompt) override;

@@ -22,16 +22,21 @@ public:
     FieldView(controls::Field& field, QLineEdit& edit);
 
     void focusMoved(bool hasFocus) override;
+    void selectContents() override;
 
 protected:
     bool keyIsModels(int keyCode, int shift) const override;
+    bool actOnKey(int keyCode, int shift) override;
     QString toolTipText() const override;
 
 private:
     void showText();
     void showMaxLength();
+    void showFromStart();
     void takeTyping(const QString& typed);
     void openLookup();
+    void openCalendar();
+    bool isDate() const;
     void showContextMenu(const QPoint& position);
 
     QLineEdit& m_edit; // Not owned: the widget this view watches.

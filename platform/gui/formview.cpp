@@ -11,12 +11,24 @@ namespace tarvello::gui {
 
 namespace {
 
-const QString formStyleSheet =
-    QStringLiteral("QLineEdit[tarvelloRequired=\"true\"], QComboBox[tarvelloRequired=\"true\"]"
-                   " { background-color: #fff6d5; }"
-                   "QLineEdit[tarvelloInvalid=\"true\"], QComboBox[tarvelloInvalid=\"true\"]"
-                   " { border: 1px solid #c62828; border-radius: 2px; padding: 1px; }"
-                   "QCheckBox[tarvelloInvalid=\"true\"] { color: #c62828; }");
+// Required fields are tinted, and their drop-down lists keep the usual colours; a selected
+// row is white on a blue dark enough to read it (lists, grids, the tree); a field
+// that cannot be typed into is not tinted, and its text stays readable; a wrong value has a
+// red border; the key field in search entry is blue.
+const QString formStyleSheet = QStringLiteral(
+    "QLineEdit[tarvelloRequired=\"true\"], QComboBox[tarvelloRequired=\"true\"]"
+    " { background-color: #fff1b8; color: #1a1a1a; }"
+    "QLineEdit[tarvelloRequired=\"true\"]:disabled, QComboBox[tarvelloRequired=\"true\"]:disabled"
+    " { background-color: palette(window); }"
+    "QComboBox[tarvelloRequired=\"true\"] QAbstractItemView"
+    " { background-color: palette(base); color: palette(text); }"
+    "QAbstractItemView { selection-background-color: #1f5f99; selection-color: white; }"
+    "QLineEdit:disabled, QComboBox:disabled { color: #505050; }"
+    "QLineEdit[tarvelloInvalid=\"true\"], QComboBox[tarvelloInvalid=\"true\"]"
+    " { border: 1px solid #c62828; border-radius: 2px; padding: 1px; }"
+    "QCheckBox[tarvelloInvalid=\"true\"] { color: #c62828; }"
+    "QLineEdit[tarvelloSearching=\"true\"]"
+    " { background-color: #cfe2ff; border: 2px solid #2f6db5; border-radius: 2px; }");
 
 } // namespace
 
@@ -103,8 +115,18 @@ void FormView::showModelFocus(controls::Control* previous, controls::Control* cu
         if (ControlView* view = viewOf(control))
             view->focusMoved(control == current);
     }
-    if (!m_askingModel)
-        putWidgetFocus(current);
+    // A move the person made with the mouse leaves the cursor where they clicked.
+    if (m_askingModel)
+        return;
+    putWidgetFocus(current);
+    if (ControlView* view = viewOf(current))
+        view->selectContents();
+}
+
+void FormView::showFocus()
+{
+    if (m_form)
+        putWidgetFocus(m_form->focus().current());
 }
 
 void FormView::putWidgetFocus(controls::Control* control)

@@ -35,6 +35,9 @@ public:
     QWidget* focusWidgetOf(const controls::Control* control) const;
     // The control whose view holds the widget (or one of its ancestors below the root).
     controls::Control* controlAt(const QWidget* widget) const;
+    // Puts the keyboard focus on the widget of the control that has the form's focus (the
+    // window was shown or activated, and Qt gave the focus to a widget of its own choice).
+    void showFocus();
 
 private:
     void takeWidgetFocus(QWidget* now);

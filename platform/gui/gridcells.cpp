@@ -52,9 +52,23 @@ QVariant GridCells::data(int row, int shownColumn, int role) const
         return {};
     case Qt::TextAlignmentRole:
         return QVariant::fromValue(m_grid.alignment(column) | Qt::AlignVCenter);
+    case Qt::ToolTipRole:
+        return layout.isPicture() ? QVariant() : QVariant(m_grid.cellText(row, column));
+    case SortRole:
+        return sortKey(row, column);
     default:
         return {};
     }
+}
+
+QVariant GridCells::sortKey(int row, int column) const
+{
+    const db::Value value = m_grid.cellValue(row, column);
+    if (value.isNumeric())
+        return value.toDouble();
+    if (value.kind() == db::Value::Kind::Date)
+        return value.toDateTime();
+    return m_grid.cellText(row, column);
 }
 
 QVariant GridCells::heading(int shownColumn, int role) const

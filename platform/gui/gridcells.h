@@ -14,6 +14,9 @@ namespace tarvello::gui {
 // column captions and widths.
 class GridCells {
 public:
+    // The role a cell's value is sorted by: numbers and dates as such, the rest as shown.
+    static constexpr int SortRole = Qt::UserRole + 1;
+
     explicit GridCells(controls::Grid& grid);
 
     // Reads the column layout again: the visible columns in their order.
@@ -29,6 +32,8 @@ public:
     int width(int shownColumn) const;
 
 private:
+    QVariant sortKey(int row, int column) const;
+
     controls::Grid& m_grid; // Not owned: the model's owner outlives it.
     QList<int> m_columns;
 };

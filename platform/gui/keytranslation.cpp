@@ -51,6 +51,13 @@ int modelKeyCode(const QKeyEvent& event)
     return controls::Key::None;
 }
 
+QKeySequence functionKey(int modelKeyCode)
+{
+    if (modelKeyCode < controls::Key::F1 || modelKeyCode > controls::Key::F12)
+        return {};
+    return QKeySequence(Qt::Key_F1 + (modelKeyCode - controls::Key::F1));
+}
+
 int modelShift(const QKeyEvent& event)
 {
     const Qt::KeyboardModifiers modifiers = event.modifiers();

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QKeySequence>
+
 class QKeyEvent;
 
 namespace tarvello::gui {
@@ -9,5 +11,8 @@ namespace tarvello::gui {
 int modelKeyCode(const QKeyEvent& event);
 // The models' modifier bits (Shift 1, Ctrl 2, Alt 4) of the event.
 int modelShift(const QKeyEvent& event);
+// The key a person presses for a model's function key (F1 to F12), to show in menus and
+// tool tips; empty for any other code.
+QKeySequence functionKey(int modelKeyCode);
 
 } // namespace tarvello::gui

@@ -1,9 +1,11 @@
 #include "platform/gui/rowsview.h"
 
 #include "platform/controls/grid.h"
+#include "platform/gui/gridcells.h"
 
 #include <QAbstractItemView>
 #include <QHeaderView>
+#include <QScopedValueRollback>
 
 namespace tarvello::gui {
 
@@ -29,18 +31,63 @@ void RowsView::connectModel(QHeaderView& header)
     });
     connect(m_view.selectionModel(), &QItemSelectionModel::currentRowChanged, this,
             &RowsView::takePick);
+    connect(&header, &QHeaderView::sectionResized, this,
+            [this](int logical, int, int width) { takeWidth(logical, width); });
     showColumnWidths();
     showSelection();
+}
+
+QString RowsView::columnKey(int shownColumn) const
+{
+    const auto* grid = model<controls::Grid>();
+    const int column = cells().gridColumn(shownColumn);
+    return grid && column >= 0 && column < grid->columnCount() ? grid->columns().at(column).key
+                                                               : QString();
+}
+
+QVariantMap RowsView::columnWidths() const
+{
+    QVariantMap widths;
+    for (auto it = m_chosenWidths.cbegin(); it != m_chosenWidths.cend(); ++it)
+        widths.insert(it.key(), it.value());
+    return widths;
+}
+
+void RowsView::setColumnWidths(const QVariantMap& widths)
+{
+    for (auto it = widths.cbegin(); it != widths.cend(); ++it) {
+        if (const int width = it.value().toInt(); width > 0)
+            m_chosenWidths.insert(it.key(), width);
+    }
+    showColumnWidths();
 }
 
 void RowsView::showColumnWidths()
 {
     if (!m_header)
         return;
-    for (int column = 0; column < shownColumnCount(); ++column) {
-        if (const int width = columnWidth(column); width > 0)
+    const QScopedValueRollback sizing(m_sizing, true);
+    for (int column = 0; column < cells().columnCount(); ++column) {
+        const QString key = columnKey(column);
+        const int layout = cells().width(column);
+        // A new width in the layout is the module's: it wins over the person's.
+        if (m_layoutWidths.value(key, layout) != layout)
+            m_chosenWidths.remove(key);
+        m_layoutWidths.insert(key, layout);
+        if (const int width = m_chosenWidths.value(key, layout); width > 0)
             m_header->resizeSection(column, width);
     }
+}
+
+void RowsView::takeWidth(int shownColumn, int width)
+{
+    // The stretched last column follows the view's width, not the person.
+    const bool stretched =
+        m_header->stretchLastSection() && shownColumn == cells().columnCount() - 1;
+    if (m_sizing || width <= 0 || stretched)
+        return;
+    if (const QString key = columnKey(shownColumn); !key.isEmpty())
+        m_chosenWidths.insert(key, width);
 }
 
 void RowsView::showSelection()

@@ -2,19 +2,25 @@
 
 #include "platform/controls/control.h"
 #include "platform/controls/form.h"
-#include "platform/controls/grid.h"
+#include "platform/controls/navigatorbar.h"
 #include "platform/db/runtimeerror.h"
 #include "platform/frame/gestanagrafica.h"
 #include "platform/gui/formbinder.h"
+#include "platform/gui/formview.h"
+#include "platform/gui/gridexport.h"
 #include "platform/gui/hosttoolbar.h"
 #include "platform/gui/navigatoricons.h"
+#include "platform/gui/recordcaption.h"
 #include "platform/gui/screenwindow.h"
 #include "platform/gui/shellhost.h"
+#include "platform/gui/wheelguard.h"
+#include "platform/gui/windowmemory.h"
 #include "platform/services/moduleerrorreport.h"
 #include "platform/services/userprompts.h"
 #include "src/host/calledmodule.h"
 #include "src/host/cinterface.h"
 
+#include <QAbstractItemView>
 #include <QAction>
 #include <QApplication>
 #include <QCloseEvent>
@@ -26,32 +32,10 @@
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QStatusBar>
-#include <QStringConverter>
-#include <QTextStream>
 #include <QToolBar>
 #include <algorithm>
 
 namespace tarvello::gui {
-
-namespace {
-
-QString csvField(const QString& text)
-{
-    QString quotedText = text;
-    quotedText.replace(u'"', QStringLiteral("\"\""));
-    return u'"' + quotedText + u'"';
-}
-
-controls::Grid* firstGrid(const controls::Form& form)
-{
-    for (controls::Control* control : form.controls()) {
-        if (auto* grid = qobject_cast<controls::Grid*>(control); grid && grid->isVisible())
-            return grid;
-    }
-    return nullptr;
-}
-
-} // namespace
 
 ShellWindow::ShellWindow(ShellHost& host, controls::LookupPresenter* lookups, QWidget* parent)
     : QMainWindow(parent)
@@ -59,6 +43,7 @@ ShellWindow::ShellWindow(ShellHost& host, controls::LookupPresenter* lookups, QW
     , m_lookups(lookups)
     , m_screens(new QMdiArea(this))
 {
+    setObjectName(QStringLiteral("shell"));
     setWindowTitle(tr("Tarvello"));
     m_screens->setViewMode(QMdiArea::SubWindowView);
     m_screens->setBackground(QColor(0x6b, 0x7b, 0x8c));
@@ -72,18 +57,21 @@ ShellWindow::ShellWindow(ShellHost& host, controls::LookupPresenter* lookups, QW
     showStatus();
     showFrameState();
     resize(1280, 800);
+    restoreGeometry(WindowMemory(objectName()).windowGeometry());
 }
 
 ShellWindow::~ShellWindow()
 {
-    // The screens let their modules go while the host is still there.
+    // The screens let their modules go while the host is still there: those open, and those
+    // closed but not yet deleted.
     disconnect(m_frameConnection);
-    for (QMdiSubWindow* window : m_screens->subWindowList())
+    for (ScreenWindow* window : m_screens->findChildren<ScreenWindow*>())
         delete window;
 }
 
 void ShellWindow::closeEvent(QCloseEvent* event)
 {
+    WindowMemory(objectName()).setWindowGeometry(saveGeometry());
     m_screens->closeAllSubWindows();
     const QList<QMdiSubWindow*> left = m_screens->subWindowList();
     if (std::any_of(left.begin(), left.end(), [](const QWidget* w) { return w->isVisible(); }))
@@ -97,6 +85,7 @@ void ShellWindow::buildMenus()
     QMenu* file = menuBar()->addMenu(tr("&File"));
     file->addAction(tr("&Esci"), QKeySequence::Quit, this, &QWidget::close);
     m_modulesMenu = menuBar()->addMenu(tr("&Gestioni"));
+    m_recordMenu = menuBar()->addMenu(tr("&Agente"));
     QMenu* windows = menuBar()->addMenu(tr("F&inestre"));
     windows->addAction(tr("Affianca"), m_screens, &QMdiArea::tileSubWindows);
     windows->addAction(tr("Sovrapponi"), m_screens, &QMdiArea::cascadeSubWindows);
@@ -111,18 +100,32 @@ void ShellWindow::buildToolbar()
     bar->setIconSize(QSize(20, 20));
     m_toolbar = std::make_unique<HostToolbar>(*bar, m_host.navigator(), m_host.prompts(),
                                               HostToolbar::allButtons());
+    // The record menu lists the toolbar's actions, with their shortcuts.
+    for (const qint32 button : HostToolbar::allButtons()) {
+        if (QAction* action = m_toolbar->action(button))
+            m_recordMenu->addAction(action);
+        else
+            m_recordMenu->addSeparator();
+    }
     m_export = bar->addAction(navigatorIcon(QStringLiteral("Esporta"), *style()), tr("Esporta"));
     m_export->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_E));
     m_export->setToolTip(
         tr("Esporta la griglia (%1)").arg(m_export->shortcut().toString(QKeySequence::NativeText)));
     connect(m_export, &QAction::triggered, this, &ShellWindow::exportActiveGrid);
+    m_recordMenu->addAction(m_export);
+    m_recordMenu->addSeparator();
+    m_printRecord = m_recordMenu->addAction(tr("Stampa agente..."), QKeySequence::Print, this,
+                                            &ShellWindow::printRecord);
 
     bar->addSeparator();
     bar->addWidget(new QLabel(tr(" Ditta: "), bar));
     m_companies = new QComboBox(bar);
     m_companies->setObjectName(QStringLiteral("companies"));
     m_companies->setMinimumContentsLength(24);
-    m_companies->setFocusPolicy(Qt::ClickFocus);
+    // The list never holds the keyboard: what the person types next goes to the screen,
+    // and the company changes only by a choice made in the open list.
+    m_companies->setFocusPolicy(Qt::NoFocus);
+    WheelGuard::protect(*m_companies);
     bar->addWidget(m_companies);
     connect(m_companies, &QComboBox::activated, this, &ShellWindow::switchCompany);
 }
@@ -160,14 +163,15 @@ ScreenWindow* ShellWindow::openModule(const ModuleEntry& entry)
                              std::make_unique<services::ModuleErrorReport>(
                                  m_host.prompts(), module->contract(), entry.identifier));
         content.release();
+        connect(&window->caption(), &RecordCaption::statusMessage, statusBar(),
+                [this](const QString& text) { statusBar()->showMessage(text); });
         connect(window, &QObject::destroyed, this, [this, module] {
             m_host.releaseModule(*module);
             showFrameState();
         });
         m_screens->addSubWindow(window);
         window->show();
-        // The size laid out in the designer, with the window's frame around it.
-        window->resize(designed + window->size() - window->widget()->size());
+        window->place(designed);
         m_screens->setActiveSubWindow(window);
         return window;
     } catch (const db::RuntimeError& error) {
@@ -213,6 +217,7 @@ void ShellWindow::screenActivated(QMdiSubWindow* window)
         screen->module().contract().setIsActive(true);
         if (controls::Form* form = screen->form())
             form->activate();
+        screen->formView()->showFocus();
     }
     disconnect(m_frameConnection);
     if (auto* frame = qobject_cast<frame::GestAnagrafica*>(activeFrame()))
@@ -225,6 +230,8 @@ void ShellWindow::showFrameState()
 {
     m_toolbar->showFrameState(activeScreen() != nullptr);
     m_export->setEnabled(activeScreen() != nullptr);
+    const auto* record = qobject_cast<const frame::GestAnagrafica*>(activeFrame());
+    m_printRecord->setEnabled(record && record->status() == frame::FrameStatus::Browse);
 }
 
 void ShellWindow::pressButton(qint32 button)
@@ -266,47 +273,50 @@ void ShellWindow::switchCompany(int index)
     m_companyIndex = index;
     showStatus();
     showFrameState();
+    if (const ScreenWindow* screen = activeScreen())
+        screen->formView()->showFocus();
+}
+
+void ShellWindow::printRecord()
+{
+    const ScreenWindow* screen = activeScreen();
+    const controls::Form* form = screen ? screen->form() : nullptr;
+    if (!form)
+        return;
+    // The screen's own printout, as its navigator's "Stampa" starts it.
+    try {
+        for (controls::Control* control : form->controls()) {
+            if (auto* bar = qobject_cast<controls::NavigatorBar*>(control))
+                bar->command(controls::NavigatorKey::Print);
+        }
+    } catch (const db::RuntimeError& error) {
+        complain(tr("Stampa agente"), error.description());
+    }
+    showFrameState();
 }
 
 void ShellWindow::exportActiveGrid()
 {
     const ScreenWindow* screen = activeScreen();
-    controls::Grid* grid = screen && screen->form() ? firstGrid(*screen->form()) : nullptr;
-    if (!grid) {
+    const QAbstractItemView* grid = screen ? screen->gridOnView() : nullptr;
+    if (!grid || !grid->model()) {
         complain(tr("Esporta"), tr("La finestra attiva non ha una griglia da esportare."));
         return;
     }
     QString title = m_host.navigator().exportToOffice();
     if (title.isEmpty())
-        title = screen->windowTitle();
+        title = screen->form() ? screen->form()->caption() : screen->windowTitle();
     const QString path = QFileDialog::getSaveFileName(
         this, tr("Esporta"), title + QStringLiteral(".csv"), tr("Testo separato (*.csv)"));
     if (path.isEmpty())
         return;
     QFile file(path);
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Text)) {
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Text) ||
+        file.write(exportedRows(*grid->model(), title).toUtf8()) < 0) {
         complain(tr("Esporta"), file.errorString());
         return;
     }
-    QTextStream out(&file);
-    out.setEncoding(QStringConverter::Utf8);
-    out << csvField(title) << '\n';
-    QStringList headings;
-    for (const controls::GridColumn& column : grid->columns()) {
-        if (column.visible && !column.isPicture())
-            headings << csvField(column.caption);
-    }
-    out << headings.join(u';') << '\n';
-    for (int row = 0; row < grid->rowCount(); ++row) {
-        QStringList cells;
-        for (int column = 0; column < grid->columnCount(); ++column) {
-            const controls::GridColumn& layout = grid->columns().at(column);
-            if (layout.visible && !layout.isPicture())
-                cells << csvField(grid->cellText(row, column));
-        }
-        out << cells.join(u';') << '\n';
-    }
-    statusBar()->showMessage(tr("Esportate %1 righe in %2").arg(grid->rowCount()).arg(path), 5000);
+    statusBar()->showMessage(tr("Esportata la griglia in %1").arg(path));
 }
 
 void ShellWindow::showStatus()

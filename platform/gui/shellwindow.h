@@ -23,7 +23,8 @@ class ScreenWindow;
 class ShellHost;
 
 // The shell's main window: a menu of the modules it can open, the host's navigator toolbar
-// (moves, new, save, undo, delete, search, multimedia, export) with its shortcuts, a company
+// (moves, new, save, undo, delete, search, multimedia, export) with its shortcuts, the same
+// actions in the record menu "Agente" with the printout of the agent on view, a company
 // switcher, and the modules' screens as MDI windows.
 //
 // A toolbar button reaches every module as ButtonPressed with the toolbar's button number;
@@ -56,6 +57,8 @@ public:
     void pressButton(qint32 button);
     QAction* toolbarAction(qint32 button) const;
     QAction* exportAction() const { return m_export; }
+    QAction* printRecordAction() const { return m_printRecord; }
+    QMenu& recordMenu() const { return *m_recordMenu; }
     QComboBox& companySwitcher() const { return *m_companies; }
     QMdiArea& screens() const { return *m_screens; }
     ScreenWindow* activeScreen() const;
@@ -72,6 +75,8 @@ private:
     void screenActivated(QMdiSubWindow* window);
     void showFrameState();
     void exportActiveGrid();
+    // The printout of the record on view: the module's own, through its screen's navigator.
+    void printRecord();
     QObject* activeFrame() const;
     void showStatus();
     void complain(const QString& title, const QString& text);
@@ -80,10 +85,12 @@ private:
     controls::LookupPresenter* m_lookups;   // Not owned.
     QMdiArea* m_screens;                    // Owned (central widget).
     QMenu* m_modulesMenu = nullptr;         // Owned by the menu bar.
+    QMenu* m_recordMenu = nullptr;          // Owned by the menu bar.
     QComboBox* m_companies = nullptr;       // Owned by the toolbar.
     QLabel* m_statusText = nullptr;         // Owned by the status bar.
     std::unique_ptr<HostToolbar> m_toolbar; // Owned; its buttons are the tool bar's.
     QAction* m_export = nullptr;            // Owned by the toolbar.
+    QAction* m_printRecord = nullptr;       // Owned by the record menu.
     QHash<QString, ScreenLayout> m_layouts;
     QMetaObject::Connection m_frameConnection;
     int m_companyIndex = -1;

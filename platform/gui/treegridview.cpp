@@ -4,7 +4,11 @@
 #include "platform/gui/imagelibrary.h"
 #include "platform/gui/treegridmodel.h"
 
+#include <QBoxLayout>
 #include <QHeaderView>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QSortFilterProxyModel>
 #include <QTimer>
 #include <QTreeView>
 
@@ -14,9 +18,17 @@ TreeGridView::TreeGridView(controls::TreeGrid& tree, QTreeView& view)
     : RowsView(tree, view)
     , m_view(view)
     , m_model(new TreeGridModel(tree, this))
+    , m_shown(new QSortFilterProxyModel(this))
 {
-    view.setModel(m_model);
+    m_shown->setSourceModel(m_model);
+    m_shown->setFilterKeyColumn(-1);
+    m_shown->setFilterCaseSensitivity(Qt::CaseInsensitive);
+    m_shown->setRecursiveFilteringEnabled(true);
+    m_shown->setAutoAcceptChildRows(true);
+    view.setModel(m_shown);
     view.setUniformRowHeights(true);
+    // A narrower step keeps more of a deep name in sight.
+    view.setIndentation(view.fontMetrics().averageCharWidth() * 2);
     view.setIconSize(QSize(ImageLibrary::pictureSize, ImageLibrary::pictureSize));
     view.header()->setStretchLastSection(false);
     view.header()->setHighlightSections(false);
@@ -26,26 +38,102 @@ TreeGridView::TreeGridView(controls::TreeGrid& tree, QTreeView& view)
             [this](const QModelIndex& index) { takeExpansion(index, false); });
     connectModel(*view.header());
     modelRebuilt();
+    addFilterBox();
+}
+
+QKeySequence TreeGridView::filterKey()
+{
+    return QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_F);
+}
+
+void TreeGridView::addFilterBox()
+{
+    QWidget* parent = m_view.parentWidget();
+    auto* column = qobject_cast<QVBoxLayout*>(parent ? parent->layout() : nullptr);
+    const int at = column ? column->indexOf(&m_view) : -1;
+    if (at < 0)
+        return;
+    m_filterBox = new QLineEdit(parent);
+    m_filterBox->setObjectName(QStringLiteral("filtroAlbero"));
+    m_filterBox->setPlaceholderText(
+        tr("Filtra per codice o nome (%1)").arg(filterKey().toString(QKeySequence::NativeText)));
+    m_filterBox->setClearButtonEnabled(true);
+    m_filterBox->installEventFilter(this);
+    column->insertWidget(at, m_filterBox);
+    connect(m_filterBox, &QLineEdit::textChanged, this, &TreeGridView::narrow);
+}
+
+void TreeGridView::narrow(const QString& text)
+{
+    // Rows under collapsed nodes are not in the tree's rows until their nodes open.
+    if (auto* tree = model<controls::TreeGrid>(); tree && !text.isEmpty())
+        tree->expandAll();
+    m_shown->setFilterFixedString(text);
+    if (!text.isEmpty()) {
+        m_expanding = true;
+        m_view.expandAll();
+        m_expanding = false;
+    }
+    showSelection();
+}
+
+void TreeGridView::goToFirstMatch()
+{
+    const QString text = m_filterBox->text();
+    const auto holds = [this, &text](const QModelIndex& shown) {
+        for (int column = 0; column < m_shown->columnCount(shown.parent()); ++column) {
+            if (shown.siblingAtColumn(column).data().toString().contains(text, Qt::CaseInsensitive))
+                return true;
+        }
+        return false;
+    };
+    // Depth first, the order the rows are drawn in.
+    QList<QModelIndex> pending;
+    for (int row = m_shown->rowCount() - 1; row >= 0; --row)
+        pending << m_shown->index(row, 0);
+    while (!pending.isEmpty()) {
+        const QModelIndex shown = pending.takeLast();
+        if (holds(shown)) {
+            m_view.setFocus(Qt::ShortcutFocusReason);
+            m_view.setCurrentIndex(shown);
+            return;
+        }
+        for (int row = m_shown->rowCount(shown) - 1; row >= 0; --row)
+            pending << m_shown->index(row, 0, shown);
+    }
+}
+
+bool TreeGridView::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched != m_filterBox || event->type() != QEvent::KeyPress)
+        return RowsView::eventFilter(watched, event);
+    switch (static_cast<QKeyEvent*>(event)->key()) {
+    case Qt::Key_Down:
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        goToFirstMatch();
+        return true;
+    case Qt::Key_Escape:
+        m_filterBox->clear();
+        return true;
+    default:
+        return false;
+    }
 }
 
 int TreeGridView::gridRow(const QModelIndex& index) const
 {
-    return m_model->gridRow(index);
+    return m_model->gridRow(index.model() == m_shown ? m_shown->mapToSource(index) : index);
 }
 
 QModelIndex TreeGridView::indexOfRow(int gridRow) const
 {
-    return m_model->indexOfRow(gridRow);
+    return m_shown->mapFromSource(m_model->indexOfRow(gridRow));
 }
 
-int TreeGridView::shownColumnCount() const
+const GridCells& TreeGridView::cells() const
 {
-    return m_model->columnCount();
-}
-
-int TreeGridView::columnWidth(int shownColumn) const
-{
-    return m_model->cells().width(shownColumn);
+    return m_model->cells();
 }
 
 void TreeGridView::modelRebuilt()
@@ -58,6 +146,8 @@ void TreeGridView::modelRebuilt()
         if (tree->hasChildren(row))
             m_view.setExpanded(indexOfRow(row), tree->isExpanded(row));
     }
+    if (m_filterBox && !m_filterBox->text().isEmpty())
+        m_view.expandAll();
     m_expanding = false;
 }
 

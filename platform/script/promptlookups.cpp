@@ -7,7 +7,22 @@
 #include "platform/db/runtimeerror.h"
 #include "platform/services/userprompts.h"
 
+#include <algorithm>
+
 namespace tarvello::script {
+
+namespace {
+
+constexpr int InformationOk = 64;
+
+bool holds(const QStringList& row, const QString& text)
+{
+    return text.isEmpty() || std::any_of(row.begin(), row.end(), [&text](const QString& cell) {
+               return cell.contains(text, Qt::CaseInsensitive);
+           });
+}
+
+} // namespace
 
 std::optional<db::ValueList> PromptLookups::chooseFromLookup(controls::Field& field,
                                                              const controls::LookupArgs& request)
@@ -20,17 +35,30 @@ std::optional<db::ValueList> PromptLookups::chooseFromLookup(controls::Field& fi
     const db::ResultSet result =
         connections->connectionFor(request.connectionString).query(request.sql);
     QList<QStringList> rows;
-    rows.reserve(result.rows.size());
-    for (const db::ValueList& row : result.rows) {
+    QList<qsizetype> offered; // the result's row of each row offered
+    for (qsizetype i = 0; i < result.rows.size(); ++i) {
         QStringList texts;
-        for (const db::Value& value : row)
+        for (const db::Value& value : result.rows.at(i))
             texts << (value.kind() == db::Value::Kind::Array ? QString() : value.toString());
-        rows << texts;
+        if (holds(texts, request.narrowedTo)) {
+            rows << texts;
+            offered << i;
+        }
     }
-    const std::optional<int> chosen = m_prompts.lookupList(request.title, request.columns, rows);
+    const QString title =
+        request.narrowedTo.isEmpty()
+            ? request.title
+            : QStringLiteral("%1 - \"%2\"").arg(request.title, request.narrowedTo);
+    if (rows.isEmpty() && !request.narrowedTo.isEmpty()) {
+        m_prompts.messageBox(
+            QStringLiteral("Nessuna riga dell'elenco contiene \"%1\".").arg(request.narrowedTo),
+            InformationOk, request.title);
+        return std::nullopt;
+    }
+    const std::optional<int> chosen = m_prompts.lookupList(title, request.columns, rows);
     if (!chosen)
         return std::nullopt;
-    return result.rows.at(*chosen);
+    return result.rows.at(offered.at(*chosen));
 }
 
 } // namespace tarvello::script

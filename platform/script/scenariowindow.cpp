@@ -8,6 +8,7 @@
 #include "platform/controls/navigator.h"
 #include "platform/db/connection.h"
 #include "platform/frame/gestanagrafica.h"
+#include "platform/frame/recordtree.h"
 #include "platform/script/promptlookups.h"
 #include "platform/script/scripterror.h"
 #include "platform/services/moduleerrorreport.h"
@@ -66,6 +67,7 @@ bool ScenarioWindow::adopt(services::UserPrompts& prompts)
         m_connections->add(*module().Connection());
         m_form->setConnectionSource(m_connections.get());
     }
+    m_trees = frame::RecordTree::link(*m_form, module());
     if (!m_form->handlerErrors()) {
         m_errors = std::make_unique<services::ModuleErrorReport>(prompts, module(), m_identifier);
         m_form->setHandlerErrors(m_errors.get());

@@ -8,6 +8,7 @@
 #include <QStringView>
 #include <memory>
 #include <optional>
+#include <vector>
 
 namespace tarvello::controls {
 class ConnectionPool;
@@ -20,7 +21,8 @@ class Connection;
 
 namespace tarvello::frame {
 class GestAnagrafica;
-}
+class RecordTree;
+} // namespace tarvello::frame
 
 namespace tarvello::host {
 class Cinterface;
@@ -41,8 +43,9 @@ class PromptLookups;
 // ActiveFrame at load: the frame sits on the screen's form (it is a descendant of the form
 // object), and so does every other record frame of the screen, found by its object name.
 // The host gives the form what the screen did not set up itself: the lookup lists (through
-// the prompts), the connections its fields decode on (the module's own Connection) and the
-// report of the run-time errors its handlers let escape (through the prompts too).
+// the prompts), the connections its fields decode on (the module's own Connection), the
+// report of the run-time errors its handlers let escape (through the prompts too) and trees
+// that stay with the record on view.
 class ScenarioWindow final : public host::DataTransferEvents {
 public:
     ScenarioWindow(std::unique_ptr<host::CalledModule> module, QString programmaticIdentifier);
@@ -96,7 +99,8 @@ private:
     QPointer<controls::Form> m_form;                         // Not owned: the screen's.
     std::unique_ptr<PromptLookups> m_lookups;                // Owned.
     std::unique_ptr<controls::ConnectionPool> m_connections; // Owned.
-    std::unique_ptr<services::ModuleErrorReport> m_errors;   // Owned.
+    std::vector<std::unique_ptr<frame::RecordTree>> m_trees;
+    std::unique_ptr<services::ModuleErrorReport> m_errors; // Owned.
     QString m_identifier;
     qsizetype m_statementsMatched = 0;
     std::optional<db::Value> m_transfer;

@@ -7,6 +7,7 @@
 #include "src/host/errorlog.h"
 
 #include <QDir>
+#include <QPageLayout>
 #include <QRegularExpression>
 
 namespace tarvello::services {
@@ -62,15 +63,19 @@ db::Value AgentsPrintoutModule::ShowForm()
         return {};
     }
 
+    const AgentsReport report({company.code, company.name,
+                               code.isEmpty() ? QStringLiteral("Tutti gli agenti")
+                                              : QStringLiteral("Agente %1").arg(code),
+                               QDateTime::currentDateTime()},
+                              std::move(agents));
+    const bool goOn = m_prompts.previewPrintout(
+        Title, AgentsReport::pageLayout(), [&report](QPrinter& printer) { report.print(printer); });
+    if (!goOn)
+        return {};
     const std::optional<QString> path = m_prompts.chooseFile(
         Title, FileUse::Save, suggestedFile(company.code, code), QStringLiteral("PDF (*.pdf)"));
     if (!path)
         return {};
-    AgentsReport report({company.code, company.name,
-                         code.isEmpty() ? QStringLiteral("Tutti gli agenti")
-                                        : QStringLiteral("Agente %1").arg(code),
-                         QDateTime::currentDateTime()},
-                        std::move(agents));
     try {
         report.printPdf(*path);
     } catch (const db::RuntimeError& error) {

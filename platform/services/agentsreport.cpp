@@ -74,7 +74,13 @@ AgentsReport::AgentsReport(Heading heading, QList<AgentLine> agents)
 
 AgentsReport::~AgentsReport() = default;
 
-int AgentsReport::printPdf(const QString& path)
+QPageLayout AgentsReport::pageLayout()
+{
+    return QPageLayout(QPageSize(QPageSize::A4), QPageLayout::Landscape, QMarginsF(12, 12, 12, 12),
+                       QPageLayout::Millimeter);
+}
+
+int AgentsReport::printPdf(const QString& path) const
 {
     if (!qobject_cast<QGuiApplication*>(QCoreApplication::instance()))
         throw db::RuntimeError(CannotPrint,
@@ -91,16 +97,21 @@ int AgentsReport::printPdf(const QString& path)
     QPrinter printer(QPrinter::HighResolution);
     printer.setOutputFormat(QPrinter::PdfFormat);
     printer.setOutputFileName(path);
-    printer.setPageSize(QPageSize(QPageSize::A4));
-    printer.setPageOrientation(QPageLayout::Landscape);
-    printer.setPageMargins(QMarginsF(12, 12, 12, 12), QPageLayout::Millimeter);
+    printer.setPageLayout(pageLayout());
     printer.setDocName(QStringLiteral("Stampa agenti"));
     printer.setCreator(QStringLiteral("Tarvello"));
+    return print(printer);
+}
 
+int AgentsReport::print(QPrinter& printer) const
+{
     QPainter painter;
     if (!painter.begin(&printer))
         throw db::RuntimeError(PathFileAccessError,
-                               QStringLiteral("Il file %1 non si può scrivere").arg(path));
+                               QStringLiteral("La stampa su %1 non si può fare")
+                                   .arg(printer.outputFileName().isEmpty()
+                                            ? printer.printerName()
+                                            : printer.outputFileName()));
 
     // Laid out on the printer, so that its points are the page's points.
     const std::unique_ptr<QTextDocument> pages(m_document->clone());

@@ -7,6 +7,8 @@
 #include <QString>
 #include <memory>
 
+class QPageLayout;
+class QPrinter;
 class QTextDocument;
 
 namespace tarvello::services {
@@ -31,10 +33,15 @@ public:
     // The printout as a document (its text is what the pages show).
     const QTextDocument& document() const { return *m_document; }
 
+    // Landscape A4 with 12 mm margins.
+    static QPageLayout pageLayout();
+    // Prints the pages on a printer already set up with pageLayout() (a PDF file, a preview);
+    // returns the number of pages. Raises db::RuntimeError when the printer cannot print.
+    int print(QPrinter& printer) const;
     // Writes the printout as a PDF file; returns the number of pages written. Raises
     // db::RuntimeError when the file cannot be written, or when there is no graphical
     // application to lay text out with.
-    int printPdf(const QString& path);
+    int printPdf(const QString& path) const;
 
 private:
     Heading m_heading;

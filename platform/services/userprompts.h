@@ -9,6 +9,9 @@
 #include <optional>
 #include <stdexcept>
 
+class QPageLayout;
+class QPrinter;
+
 namespace tarvello::services {
 
 enum class PromptKind {
@@ -107,6 +110,14 @@ public:
     // Shows a document written for the person (a printout) in the system's viewer. Without a
     // window system there is none to show it in: the document stays where it was written.
     virtual void showDocument(const QString& /*path*/) {}
+    // Shows a printout's pages, laid out on the page given, before it is printed: true when
+    // the person goes on to print it. Without a window system there is nothing to show it
+    // on, and the printout goes on.
+    virtual bool previewPrintout(const QString& /*title*/, const QPageLayout& /*page*/,
+                                 const std::function<void(QPrinter&)>& /*paint*/)
+    {
+        return true;
+    }
 
     const QList<PromptRecord>& history() const { return m_history; }
 

@@ -118,8 +118,8 @@ private:
 
     bool BooRicercaAvanti(qint32 id, qint32 se, QSet<qint32>& visti);
     bool BooRicercaIndietro(qint32 id, qint32 se, QSet<qint32>& visti);
-    // Marks both reference fields valid, or both not valid.
-    void segnaRiferimento(bool valido);
+    // Marks both reference fields valid, or both not valid saying why.
+    void segnaRiferimento(bool valido, const QString& motivo = {});
 
     frame::GestAnagrafica& gestione(int numero) const;
     controls::Field& campo(QStringView nome) const;

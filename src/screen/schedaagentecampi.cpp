@@ -294,10 +294,10 @@ void SchedaAgente::TXT_AGERIFVIDEO1_Validate()
     agente.refreshState();
 }
 
-void SchedaAgente::segnaRiferimento(bool valido)
+void SchedaAgente::segnaRiferimento(bool valido, const QString& motivo)
 {
-    campo(u"TXT_AGERIF").setValid(valido);
-    campo(u"TXT_AGERIFVIDEO1").setValid(valido);
+    campo(u"TXT_AGERIF").setValid(valido, motivo);
+    campo(u"TXT_AGERIFVIDEO1").setValid(valido, motivo);
 }
 
 void SchedaAgente::TXT_AGERIF_Validate()
@@ -305,13 +305,15 @@ void SchedaAgente::TXT_AGERIF_Validate()
     m_agenteRifVariato = false;
     const QString codice = RTrimN(testo(u"TXT_AGERIFVIDEO1")).toString().trimmed();
     if (!codice.isEmpty() && codice == RTrimN(testo(u"TXT_AGENTE")).toString().trimmed()) {
-        segnaRiferimento(false);
+        segnaRiferimento(false,
+                         QStringLiteral("un agente non può essere il riferimento di se stesso"));
         return;
     }
     Field& riferimento = campo(u"TXT_AGERIF");
     const std::optional<qint64> id = NumeroIntero(riferimento.text());
     if (!id) {
-        segnaRiferimento(false);
+        segnaRiferimento(
+            false, QStringLiteral("l'identificativo dell'agente di riferimento non è un numero"));
         return;
     }
     if (gestione(FRMMG_AGENTI::Agenti).status() == FrameStatus::Browse) {
@@ -326,7 +328,10 @@ void SchedaAgente::TXT_AGERIF_Validate()
             return;
         }
         if (VerificaRiferimentoCircolare()) {
-            segnaRiferimento(false);
+            segnaRiferimento(
+                false,
+                QStringLiteral("l'agente di riferimento dipende da questo agente: la gerarchia "
+                               "diventerebbe circolare"));
             return;
         }
     }

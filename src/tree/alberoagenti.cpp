@@ -120,6 +120,12 @@ void AlberoAgenti::GRD_AGENTI_Click()
     grigliaAlbero(m_schermata).setFocus();
 }
 
+void AlberoAgenti::GRD_AGENTI_Refresh()
+{
+    CaricaTabTreeview();
+    CaricaAlberoAgenti();
+}
+
 void AlberoAgenti::IMG_ESPANDI_Click()
 {
     grigliaAlbero(m_schermata).expandAll();

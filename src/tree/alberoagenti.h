@@ -26,6 +26,9 @@ public:
     // A click on the tree: the agent frame shows the agent of the tree's current row, taken
     // from the frame's rows when it has it, else looked up by its code.
     void GRD_AGENTI_Click();
+    // The host asks the tree for its rows again (it changed company): the table and the
+    // recordset are rebuilt as at every rebuild.
+    void GRD_AGENTI_Refresh();
     void IMG_ESPANDI_Click();
     void IMG_COMPRIMI_Click();
     // Rebuilds the tree after a save and brings its current row onto the agent on view.

@@ -51,6 +51,8 @@ void NavigazioneAgenti::collega()
     m_collegamenti = {
         QObject::connect(&albero, &controls::Grid::clicked, &m_schermata,
                          [this] { m_schermata.albero().GRD_AGENTI_Click(); }),
+        QObject::connect(&albero, &controls::Grid::refreshRequested, &m_schermata,
+                         [this] { m_schermata.albero().GRD_AGENTI_Refresh(); }),
         QObject::connect(&espandi, &controls::Picture::clicked, &m_schermata,
                          [this] { m_schermata.albero().IMG_ESPANDI_Click(); }),
         QObject::connect(&comprimi, &controls::Picture::clicked, &m_schermata,

@@ -1,3 +1,4 @@
+#include "app/shellassembly.h"
 #include "platform/controls/form.h"
 #include "platform/db/demodata.h"
 #include "platform/db/runtimeerror.h"
@@ -6,11 +7,8 @@
 #include "platform/gui/shellapplication.h"
 #include "platform/gui/shellhost.h"
 #include "platform/gui/shellwindow.h"
-#include "platform/script/agentsmodule.h"
 #include "platform/services/scriptedprompts.h"
-#include "src/screen/frmmg_agenti.h"
 #include "support/testdatabase.h"
-#include "ui_frmmg_agenti.h"
 #include "widgettesting.h"
 
 #include <QLineEdit>
@@ -27,26 +25,20 @@ ShellApplication* application()
 }
 
 // The shell as the person runs it: the agents screen with its designed layout, real dialogs.
-class AgentsShellTest : public ::testing::Test {
+class ShellWithRealDialogsTest : public ::testing::Test {
 protected:
     void SetUp() override
     {
         db::createSchema(database.connection());
         db::populateDemoData(database.connection());
         host = std::make_unique<ShellHost>(prompts, database.connectionString());
-        script::registerAgentsModule(host->context().modules(), agenti::FRMMG_AGENTI::fabbrica());
+        app::registerModules(host->context());
         window = std::make_unique<ShellWindow>(*host, nullptr);
         prompts.setParent(window.get());
         application()->setPrompts(&prompts);
-        window->addScreenLayout(QStringLiteral("FRMMG_AGENTI"), [] {
-            auto content = std::make_unique<QWidget>();
-            Ui::FrmMgAgenti layout;
-            layout.setupUi(content.get());
-            return content;
-        });
+        app::assembleShell(*window);
         ASSERT_TRUE(test::showActive(*window));
-        screen = window->openModule(
-            {QStringLiteral("Anagrafica agenti"), script::agentsModuleIdentifier()});
+        screen = window->openModule(app::agentsEntry());
         ASSERT_NE(screen, nullptr);
     }
 
@@ -83,7 +75,7 @@ protected:
 
 // A lone "-" in the number of partners used to let a type mismatch out of the screen, and the
 // shell closed with "Il database non si apre", taking every unsaved change with it.
-TEST_F(AgentsShellTest, ASignAloneInTheNumberOfPartnersIsRefusedAndEverythingTypedStays)
+TEST_F(ShellWithRealDialogsTest, ASignAloneInTheNumberOfPartnersIsRefusedAndEverythingTypedStays)
 {
     QLineEdit& matricola = edit("TXT_MATRENASARCO");
     QLineEdit& soci = edit("TXT_NUMSOCI");

@@ -1,10 +1,17 @@
 #include "platform/gui/dialogprompts.h"
 #include "platform/gui/lookupdialog.h"
+#include "platform/gui/printpreviewdialog.h"
+#include "platform/services/agentsreport.h"
 #include "src/host/errorlog.h"
 #include "widgettesting.h"
 
+#include <QDateTime>
+#include <QFileDialog>
+#include <QLabel>
 #include <QLineEdit>
+#include <QMenu>
 #include <QMessageBox>
+#include <QPageLayout>
 #include <QPushButton>
 #include <QTableView>
 #include <algorithm>
@@ -113,6 +120,81 @@ TEST(LookupDialogTest, ThroughThePromptsEscapeClosesWithoutAChoice)
     test::whenModalShown([](QWidget& dialog) { test::keyClick(&dialog, Qt::Key_Escape); });
     EXPECT_EQ(prompts.lookupList(QStringLiteral("Agenti"), {}, agentRows), std::nullopt);
     EXPECT_EQ(prompts.history().size(), 2);
+}
+
+} // namespace
+} // namespace tarvello::gui
+
+namespace tarvello::gui {
+namespace {
+
+QStringList buttonTexts(QWidget& dialog)
+{
+    QStringList texts;
+    for (QAbstractButton* button : dialog.findChildren<QAbstractButton*>())
+        texts << button->text();
+    return texts;
+}
+
+// Qt's own texts reach the person in Italian: the buttons of the save question, the file
+// dialog of an export, the menu of a text field.
+TEST(ItalianTextsTest, StandardButtonsFileDialogsAndTextMenusAreItalian)
+{
+    DialogPrompts prompts;
+    QStringList buttons;
+    test::whenModalShown([&](QWidget& dialog) {
+        buttons = buttonTexts(dialog);
+        dynamic_cast<QMessageBox&>(dialog).button(QMessageBox::Cancel)->click();
+    });
+    constexpr int yesNoCancel = 3;
+    prompts.messageBox(QStringLiteral("Salvare le modifiche?"), yesNoCancel,
+                       QStringLiteral("Anagrafica agenti"));
+    buttons.sort();
+    EXPECT_EQ(buttons, (QStringList{QStringLiteral("&No"), QStringLiteral("&Sì"),
+                                    QStringLiteral("Annulla")}));
+
+    QFileDialog files(nullptr, QStringLiteral("Esporta"));
+    files.setOption(QFileDialog::DontUseNativeDialog);
+    QStringList labels;
+    for (const QLabel* label : files.findChildren<QLabel*>())
+        labels << label->text();
+    EXPECT_TRUE(labels.contains(QStringLiteral("Cerca in:"))) << labels.join(u'|').toStdString();
+    files.setAcceptMode(QFileDialog::AcceptSave);
+    EXPECT_TRUE(buttonTexts(files).contains(QStringLiteral("&Salva")))
+        << buttonTexts(files).join(u'|').toStdString();
+
+    QLineEdit edit;
+    const std::unique_ptr<QMenu> menu(edit.createStandardContextMenu());
+    EXPECT_TRUE(menu->actions().first()->text().remove(u'&').startsWith(QStringLiteral("Annulla")))
+        << menu->actions().first()->text().toStdString();
+}
+
+} // namespace
+} // namespace tarvello::gui
+
+namespace tarvello::gui {
+namespace {
+
+// A printout shows its pages before it is printed; closing the preview gives the printing up.
+TEST(PrintPreviewTest, ThePagesAreShownAndClosingGivesThePrintingUp)
+{
+    services::AgentLine agent;
+    agent.code = QStringLiteral("A001");
+    agent.registryName = QStringLiteral("RICCI FRANCESCA");
+    const services::AgentsReport report(
+        {1, QStringLiteral("DITTA"), QStringLiteral("Agente A001"), QDateTime::currentDateTime()},
+        {agent});
+    DialogPrompts prompts;
+    int pages = 0;
+    test::whenModalShown([&pages](QWidget& dialog) {
+        auto& preview = dynamic_cast<PrintPreviewDialog&>(dialog);
+        pages = preview.pageCount();
+        test::buttonWithText(preview, QStringLiteral("&Chiudi"))->click();
+    });
+    EXPECT_FALSE(prompts.previewPrintout(QStringLiteral("Stampa agenti"),
+                                         services::AgentsReport::pageLayout(),
+                                         [&report](QPrinter& printer) { report.print(printer); }));
+    EXPECT_EQ(pages, 1);
 }
 
 } // namespace

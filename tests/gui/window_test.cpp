@@ -1,0 +1,96 @@
+#include "agentsshell.h"
+#include "platform/controls/field.h"
+#include "platform/controls/grid.h"
+#include "platform/services/hostnavigator.h"
+
+#include <QAction>
+#include <QFileInfo>
+#include <QHeaderView>
+#include <QMdiArea>
+#include <QMenu>
+#include <QSplitter>
+#include <QStatusBar>
+#include <QTableView>
+#include <QTemporaryDir>
+
+namespace tarvello::test {
+namespace {
+
+// The screen names the agent on view and marks its changes; a save leaves a line in the status
+// bar.
+TEST_F(AgentsShellTest, TheScreenNamesItsAgentAndReportsASave)
+{
+    ASSERT_EQ(shell->size(), QSize(1280, 800));
+    gui::ScreenWindow& window = openAgents();
+
+    EXPECT_EQ(window.windowTitle(), QStringLiteral("Anagrafica agenti - A001 RICCI FRANCESCA[*]"));
+    EXPECT_FALSE(window.isWindowModified());
+    window.form()->find<controls::Field>(u"TXT_PERPROV")->setFocus();
+    keyClicks(&widget<QLineEdit>(window, "TXT_PERPROV"), QStringLiteral("6"));
+    EXPECT_TRUE(window.isWindowModified());
+    shell->pressButton(services::HostNavigator::Save);
+    EXPECT_FALSE(window.isWindowModified());
+    EXPECT_TRUE(shell->statusBar()->currentMessage().startsWith(
+        QStringLiteral("Salvato: A001 RICCI FRANCESCA alle ")))
+        << shell->statusBar()->currentMessage().toStdString();
+}
+
+// The place and size of the window, its splitter and the widths the person gave the columns
+// of a grid are there again at the next opening, and a reload of the rows keeps them.
+TEST_F(AgentsShellTest, TheScreenOpensAsThePersonLeftIt)
+{
+    gui::ScreenWindow& first = openAgents();
+    const QRect placed(30, 20, 1100, 660);
+    first.setGeometry(placed);
+    auto& splitter = widget<QSplitter>(first, "divisore");
+    splitter.setSizes({330, 700});
+    const QList<int> sizes = splitter.sizes();
+    auto& partners = widget<QTableView>(first, "GRID_AGENTISOCI");
+    partners.horizontalHeader()->resizeSection(0, 123);
+    first.form()->find<controls::Grid>(u"GRID_AGENTISOCI")->refresh();
+    EXPECT_EQ(partners.horizontalHeader()->sectionSize(0), 123) << "a reload keeps the width";
+    first.close();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    ASSERT_EQ(shell->screens().subWindowList().size(), 0);
+
+    gui::ScreenWindow& second = openAgents();
+    EXPECT_EQ(second.geometry(), placed);
+    EXPECT_EQ(widget<QSplitter>(second, "divisore").sizes(), sizes);
+    EXPECT_EQ(widget<QTableView>(second, "GRID_AGENTISOCI").horizontalHeader()->sectionSize(0),
+              123);
+}
+
+} // namespace
+} // namespace tarvello::test
+
+namespace tarvello::test {
+namespace {
+
+// The menu "Agente" offers what the toolbar does, with the same shortcuts, and the printout
+// of the agent on view, which a new agent not yet saved does not have.
+TEST_F(AgentsShellTest, TheAgentMenuPrintsTheAgentOnView)
+{
+    openAgents();
+    const QList<QAction*> menu = shell->recordMenu().actions();
+    using Button = services::HostNavigator::Button;
+    for (const qint32 button : {Button::First, Button::Next, Button::New, Button::Save,
+                                Button::Undo, Button::Delete, Button::Search})
+        EXPECT_TRUE(menu.contains(shell->toolbarAction(button))) << button;
+    EXPECT_TRUE(menu.contains(shell->exportAction()));
+
+    const QTemporaryDir folder;
+    const QString pdf = folder.filePath(QStringLiteral("agente.pdf"));
+    prompts.queue(services::PromptAnswer::file(pdf));
+    ASSERT_TRUE(shell->printRecordAction()->isEnabled());
+    shell->printRecordAction()->trigger();
+    EXPECT_GT(QFileInfo(pdf).size(), 0);
+    ASSERT_FALSE(prompts.history().isEmpty());
+    EXPECT_TRUE(prompts.history().last().details.endsWith(QStringLiteral("-A001.pdf")))
+        << "the printout of A001 alone";
+
+    shell->pressButton(Button::New);
+    EXPECT_FALSE(shell->printRecordAction()->isEnabled());
+}
+
+} // namespace
+} // namespace tarvello::test
