@@ -29,10 +29,6 @@ enum Messaggio {
     NonTraGliAgenti = 71476,
 };
 
-using sql::clienteDellAgente;
-using sql::clienteDiAltriAgenti;
-using sql::clienteNeiGiriDellAgente;
-
 QString testo(qint64 numero)
 {
     return QString::number(numero);
@@ -99,8 +95,8 @@ bool ControlloRigaGiro::ClienteGiaPresente(qint64 cliente, const QString& /*giro
     ignoreEachStep({
         [&] {
             const db::ResultSet righe = m_schermata.connessione().query(
-                clienteNeiGiriDellAgente(m_schermata.Codice_Ditta(), cliente,
-                                         idAgenteCorrente(m_schermata), destinazione(dest)));
+                sql::clienteNeiGiriDellAgente(m_schermata.Codice_Ditta(), cliente,
+                                              idAgenteCorrente(m_schermata), destinazione(dest)));
             presente = !righe.rows.isEmpty();
         },
     });
@@ -198,8 +194,9 @@ void ControlloRigaGiro::FME_GestAnagrafica5_BeforeUpdate(frame::CancelArgs& args
             },
             [&] {
                 const bool accettato = domanda(2, [&]() -> std::optional<QString> {
-                    const db::ResultSet legato = m_schermata.connessione().query(clienteDellAgente(
-                        m_schermata.Codice_Ditta(), cliente, idAgenteCorrente(m_schermata)));
+                    const db::ResultSet legato =
+                        m_schermata.connessione().query(sql::clienteDellAgente(
+                            m_schermata.Codice_Ditta(), cliente, idAgenteCorrente(m_schermata)));
                     if (!legato.rows.isEmpty())
                         return std::nullopt;
                     return catalogo(NonTraGliAgenti, {testo(cliente), descrizioneCliente(cliente)});
@@ -209,8 +206,8 @@ void ControlloRigaGiro::FME_GestAnagrafica5_BeforeUpdate(frame::CancelArgs& args
             [&] {
                 const bool accettato = domanda(3, [&]() -> std::optional<QString> {
                     const db::ResultSet altri = m_schermata.connessione().query(
-                        clienteDiAltriAgenti(m_schermata.Codice_Ditta(), cliente,
-                                             idAgenteCorrente(m_schermata), dest));
+                        sql::clienteDiAltriAgenti(m_schermata.Codice_Ditta(), cliente,
+                                                  idAgenteCorrente(m_schermata), dest));
                     if (altri.rows.isEmpty())
                         return std::nullopt;
                     const int colonnaGiro = altri.columnIndex(u"MG1I_GIRO_MG1H");

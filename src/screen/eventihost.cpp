@@ -10,8 +10,6 @@
 
 namespace tarvello::agenti {
 
-using sql::agenteNellaDitta;
-
 // An unloaded screen has nothing pending.
 bool FRMMG_AGENTI::ConfermaCambioDitta()
 {
@@ -29,7 +27,7 @@ void FRMMG_AGENTI::CambiaDitta(qint32 ditta)
                       {
                           [&] { m_ditta = ditta; },
                           [&] {
-                              gestione(Agenti).reopen(agenteNellaDitta(
+                              gestione(Agenti).reopen(sql::agenteNellaDitta(
                                   m_ditta, controllo<controls::Field>(u"TXT_AGENTE").text()));
                           },
                       });
