@@ -106,23 +106,23 @@ void putDate(QByteArray& bytes, const QDateTime& value)
         bytes.append(char(InvalidDateTag));
         return;
     }
-    const Qt::TimeSpec spec = value.timeSpec();
+    const Qt::TimeSpec zone = value.timeSpec();
     const QDateTime at =
-        spec == Qt::TimeZone ? value.toOffsetFromUtc(value.offsetFromUtc()) : value;
-    bytes.append(char(spec == Qt::LocalTime ? LocalDateTag
-                      : spec == Qt::UTC     ? UtcDateTag
+        zone == Qt::TimeZone ? value.toOffsetFromUtc(value.offsetFromUtc()) : value;
+    bytes.append(char(zone == Qt::LocalTime ? LocalDateTag
+                      : zone == Qt::UTC     ? UtcDateTag
                                             : OffsetDateTag));
     put(bytes, qint64(at.date().toJulianDay()));
     put(bytes, qint32(at.time().msecsSinceStartOfDay()));
-    if (spec != Qt::LocalTime && spec != Qt::UTC)
+    if (zone != Qt::LocalTime && zone != Qt::UTC)
         put(bytes, qint32(at.offsetFromUtc()));
 }
 
-QDateTime getDate(const char* at, Qt::TimeSpec spec, int offset = 0)
+QDateTime getDate(const char* at, Qt::TimeSpec zone, int offset = 0)
 {
     const QDate date = QDate::fromJulianDay(get<qint64>(at));
     const QTime time = QTime::fromMSecsSinceStartOfDay(get<qint32>(at + sizeof(qint64)));
-    return QDateTime(date, time, spec, offset);
+    return QDateTime(date, time, zone, offset);
 }
 
 [[noreturn]] void outsideTheRow()
