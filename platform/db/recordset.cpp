@@ -754,7 +754,7 @@ void Recordset::writeRows(const QList<Bookmark>& bookmarks)
             pending << bookmark;
     }
     QList<Written> written;
-    QStringList refused;
+    QList<Bookmark> refused;
     std::optional<QString> dropped; // why the database dropped the whole write
     {
         TransactionGuard transaction(connection);
@@ -780,7 +780,7 @@ void Recordset::writeRows(const QList<Bookmark>& bookmarks)
                 }
             }
             if (row->conflict)
-                refused << rowName(*row) + QStringLiteral(": ") + row->error;
+                refused << bookmark;
         }
         if (!dropped) {
             try {
@@ -791,9 +791,7 @@ void Recordset::writeRows(const QList<Bookmark>& bookmarks)
         }
     }
     if (dropped) {
-        QStringList names;
-        for (const Bookmark bookmark : std::as_const(pending))
-            names << rowName(*m_store->find(bookmark));
+        const QStringList names = rowNames(pending);
         m_store->notifyRowsChanged();
         throw RuntimeError(RuntimeError::TransactionAborted,
                            QStringLiteral("Nessuna riga è stata scritta: il database ha annullato "
@@ -801,10 +799,14 @@ void Recordset::writeRows(const QList<Bookmark>& bookmarks)
                                .arg(*dropped, names.join(QStringLiteral(", "))));
     }
     settleWhenCommitted(connection, std::move(written), writer.identityIndex());
-    if (!refused.isEmpty())
-        throw RuntimeError(RuntimeError::RowConflict,
-                           QStringLiteral("Righe non scritte nel database: %1")
-                               .arg(refused.join(QStringLiteral("; "))));
+    if (refused.isEmpty())
+        return;
+    QStringList reasons = rowNames(refused);
+    for (qsizetype i = 0; i < refused.size(); ++i)
+        reasons[i] += QStringLiteral(": ") + m_store->find(refused.at(i))->error;
+    throw RuntimeError(RuntimeError::RowConflict,
+                       QStringLiteral("Righe non scritte nel database: %1")
+                           .arg(reasons.join(QStringLiteral("; "))));
 }
 
 void Recordset::settleWhenCommitted(Connection& connection, QList<Written> written,
@@ -837,18 +839,20 @@ void Recordset::settleWhenCommitted(Connection& connection, QList<Written> writt
     });
 }
 
-QString Recordset::rowName(const StoredRow& row) const
+QStringList Recordset::rowNames(const QList<Bookmark>& bookmarks) const
 {
-    if (row.status == RowStatus::Deleted)
-        return QStringLiteral("una riga eliminata");
+    // One walk over the rows gives every place, however many rows are named.
+    QHash<Bookmark, qsizetype> places;
     qsizetype place = 0;
-    for (const RowStore::Row& other : m_store->rows()) {
-        if (other.status != RowStatus::Deleted)
-            ++place;
-        if (other.bookmark == row.bookmark)
-            break;
+    for (const RowStore::Row& row : m_store->rows())
+        places.insert(row.bookmark, row.status == RowStatus::Deleted ? 0 : ++place);
+    QStringList names;
+    for (const Bookmark bookmark : bookmarks) {
+        const qsizetype at = places.value(bookmark);
+        names << (at == 0 ? QStringLiteral("una riga eliminata")
+                          : QStringLiteral("riga %1").arg(at));
     }
-    return QStringLiteral("riga %1").arg(place);
+    return names;
 }
 
 void Recordset::updateBatch()

@@ -185,8 +185,8 @@ private:
     void writeRows(const QList<Bookmark>& bookmarks);
     // Marks the rows written saved when the transaction they were written in commits.
     void settleWhenCommitted(Connection& connection, QList<Written> written, int identityIndex);
-    // How a message names a row: its place among the rows shown.
-    QString rowName(const StoredRow& row) const;
+    // How a message names rows: each by its place among the rows not deleted.
+    QStringList rowNames(const QList<Bookmark>& bookmarks) const;
 
     std::shared_ptr<RowStore> m_store;
     QList<Bookmark> m_view; // visible rows in order

@@ -230,11 +230,13 @@ void GestAnagrafica::reopen(const QString& sql)
     if (m_terminated || !m_recordset)
         return;
     db::Connection* connection = rowsConnection();
-    m_sql = sql;
-    detach();
-    m_recordset->close();
-    if (!connection)
+    if (!connection) {
+        m_sql = sql;
+        detach();
+        m_recordset->close();
         return;
+    }
+    // A query that fails leaves the rows shown as they were.
     reopenRows(*connection, sql);
     refresh();
     if (m_grid)

@@ -175,9 +175,9 @@ public:
     // The frame's rows: one recordset object for the frame's life, reopened in place on each
     // new query, so whoever holds it (a grid, the screen's code) always sees the frame's rows.
     db::RecordsetPtr recordset() const { return m_recordset; }
-    // Closes the frame's recordset and opens it again, in place, on another query, which
-    // becomes the frame's; then shows its rows, in the grid as well. A query the database
-    // refuses is passed on, the recordset left closed.
+    // Opens the frame's recordset again, in place, on another query, which becomes the
+    // frame's; then shows its rows, in the grid as well. A query the database refuses is
+    // passed on, the frame keeping the rows and the query it had.
     void reopen(const QString& sql);
     // Gives the frame a recordset (nullptr lets go of it) without showing anything: a refresh
     // follows. Given back the recordset it had, the frame's row is made current again.
