@@ -156,11 +156,6 @@ TEST_F(TreeGridViewTest, ExpandingAndCollapsingGoThroughTheGrid)
     tree->expandAll();
     EXPECT_EQ(shown.rowCount(shown.index(0, 0)), 2);
     EXPECT_TRUE(view->isExpanded(shown.index(0, 0)));
-
-    agents->moveFirst();
-    agents->find(QStringLiteral("MG17_AGENTE = 'A003'"));
-    EXPECT_EQ(tree->value(tree->selectedRow(), u"MG17_AGENTE").toString(), QStringLiteral("A003"));
-    EXPECT_EQ(view->currentIndex().data().toString(), QStringLiteral("A003"));
 }
 
 } // namespace

@@ -152,6 +152,8 @@ TEST_P(ManagementWindows, OpenedFromTheScreenSearchedAndChosenTheValueArrivesDec
     }
 }
 
+// One management per way of opening one and of choosing in its window; what each
+// management lists and decodes is walked by its own scenario.
 INSTANTIATE_TEST_SUITE_P(
     Components, ManagementWindows,
     ::testing::Values(Component{"RegistrySearch",
@@ -185,15 +187,6 @@ INSTANTIATE_TEST_SUITE_P(
                                 3,
                                 Choice::TwoTicks,
                                 {}},
-                      Component{"Classifications",
-                                [](AgentsShell& shell) { managementKey(shell, "TXT_ZONA"); },
-                                "berg",
-                                1,
-                                Choice::Enter,
-                                {{"TXT_MACROAREA", "NOR"},
-                                 {"TXT_AREA", "LOM"},
-                                 {"TXT_ZONA", "BG"},
-                                 {"TXT_DESZONA", "Bergamo e provincia"}}},
                       Component{"DivisionalData",
                                 [](AgentsShell& shell) { menuItem(shell, "Key_DatiDivisionali"); },
                                 "bev",
