@@ -1,17 +1,14 @@
 #include "platform/frame/framemessages.h"
 
 #include "platform/services/userprompts.h"
+#include "src/host/errorlog.h"
 
 namespace tarvello::frame {
 
 namespace {
 
-// Standard message-box styles.
-constexpr int WarningOk = 48;
-constexpr int InformationOk = 64;
-constexpr int CriticalOk = 16;
-constexpr int QuestionYesNoDefaultNo = 292;
-constexpr int QuestionYesNoCancel = 35;
+constexpr int QuestionYesNoDefaultNo = host::YesNo | host::Question | host::DefaultButton2;
+constexpr int QuestionYesNoCancel = host::YesNoCancel | host::Question;
 
 const QString warningTitle = QStringLiteral("Attenzione");
 const QString errorTitle = QStringLiteral("Errore");
@@ -25,7 +22,7 @@ QString FrameMessages::forWhat() const
 
 void FrameMessages::warn(const QString& text) const
 {
-    m_prompts.messageBox(text, WarningOk, warningTitle);
+    m_prompts.messageBox(text, host::Exclamation, warningTitle);
 }
 
 bool FrameMessages::confirmDelete(const QString& record) const
@@ -101,14 +98,14 @@ void FrameMessages::valueRefused(const QString& caption, const ColumnValue& refu
 void FrameMessages::keyNotFound() const
 {
     m_prompts.messageBox(QStringLiteral("Nessun dato trovato con il codice indicato."),
-                         InformationOk, QStringLiteral("Ricerca"));
+                         host::Information, QStringLiteral("Ricerca"));
 }
 
 void FrameMessages::saveFailed(const QString& reason) const
 {
     m_prompts.messageBox(
-        QStringLiteral("Impossibile salvare i dati%1.\r\n%2").arg(forWhat(), reason), CriticalOk,
-        errorTitle);
+        QStringLiteral("Impossibile salvare i dati%1.\r\n%2").arg(forWhat(), reason),
+        host::Critical, errorTitle);
 }
 
 void FrameMessages::changesNotSaved() const
@@ -136,15 +133,15 @@ QString FrameMessages::changedByOthers() const
 void FrameMessages::deleteFailed(const QString& reason) const
 {
     m_prompts.messageBox(
-        QStringLiteral("Impossibile eliminare i dati%1.\r\n%2").arg(forWhat(), reason), CriticalOk,
-        errorTitle);
+        QStringLiteral("Impossibile eliminare i dati%1.\r\n%2").arg(forWhat(), reason),
+        host::Critical, errorTitle);
 }
 
 void FrameMessages::handlerFailed(long number, const QString& description) const
 {
     m_prompts.messageBox(
-        QStringLiteral("Errore n. %1\r\nDescrizione: %2").arg(number).arg(description), CriticalOk,
-        errorTitle);
+        QStringLiteral("Errore n. %1\r\nDescrizione: %2").arg(number).arg(description),
+        host::Critical, errorTitle);
 }
 
 } // namespace tarvello::frame

@@ -2,15 +2,9 @@
 
 #include "platform/db/runtimeerror.h"
 #include "platform/services/userprompts.h"
+#include "src/host/errorlog.h"
 
 namespace tarvello::gui {
-
-namespace {
-
-// OK only, the error icon.
-constexpr int ErrorStyle = 16;
-
-} // namespace
 
 ShellApplication::ShellApplication(int& argc, char** argv)
     : QApplication(argc, argv)
@@ -27,7 +21,7 @@ bool ShellApplication::notify(QObject* receiver, QEvent* event)
                                  .arg(error.description());
         qWarning("%s", qPrintable(text));
         if (m_prompts)
-            m_prompts->messageBox(text, ErrorStyle, applicationName());
+            m_prompts->messageBox(text, host::Critical, applicationName());
         return false;
     }
 }

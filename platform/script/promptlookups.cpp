@@ -6,14 +6,13 @@
 #include "platform/db/connection.h"
 #include "platform/db/runtimeerror.h"
 #include "platform/services/userprompts.h"
+#include "src/host/errorlog.h"
 
 #include <algorithm>
 
 namespace tarvello::script {
 
 namespace {
-
-constexpr int InformationOk = 64;
 
 bool holds(const QStringList& row, const QString& text)
 {
@@ -52,7 +51,7 @@ std::optional<db::ValueList> PromptLookups::chooseFromLookup(controls::Field& fi
     if (rows.isEmpty() && !request.narrowedTo.isEmpty()) {
         m_prompts.messageBox(
             QStringLiteral("Nessuna riga dell'elenco contiene \"%1\".").arg(request.narrowedTo),
-            InformationOk, request.title);
+            host::Information, request.title);
         return std::nullopt;
     }
     const std::optional<int> chosen = m_prompts.lookupList(title, request.columns, rows);
