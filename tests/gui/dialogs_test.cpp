@@ -24,7 +24,7 @@ namespace {
 constexpr int yesNoQuestionDefaultNo = 4 + 32 + 256;
 constexpr int abortRetryIgnore = 2 + 16;
 
-TEST(DialogPromptsTest, MessageBoxShowsTheStyleAndReturnsTheButtonClicked)
+TEST(DialogPromptsTest, MessageBoxAndReportShowTheStyleAndReturnTheButtonClicked)
 {
     DialogPrompts prompts;
     QMessageBox::Icon icon = QMessageBox::NoIcon;
@@ -48,12 +48,8 @@ TEST(DialogPromptsTest, MessageBoxShowsTheStyleAndReturnsTheButtonClicked)
     ASSERT_EQ(prompts.history().size(), 1);
     EXPECT_EQ(prompts.history().first().title, QStringLiteral("Conferma"));
     EXPECT_FALSE(prompts.history().first().defaulted);
-}
 
-TEST(DialogPromptsTest, ReportOffersAbortRetryIgnore)
-{
-    DialogPrompts prompts;
-    QList<QMessageBox::StandardButton> offered;
+    offered.clear();
     test::whenModalShown([&](QWidget& dialog) {
         auto& box = dynamic_cast<QMessageBox&>(dialog);
         for (QAbstractButton* button : box.buttons())
@@ -92,7 +88,7 @@ const QList<QStringList> agentRows = {
 };
 
 // The search box narrows the rows as the person types; Enter picks among those shown.
-TEST(LookupDialogTest, SearchBoxNarrowsTheRowsAndEnterPicksTheHighlightedOne)
+TEST(LookupDialogTest, SearchBoxNarrowsTheRowsEnterPicksTheHighlightedOneEscapePicksNone)
 {
     LookupDialog dialog(QStringLiteral("Agenti"),
                         {QStringLiteral("Codice"), QStringLiteral("Nome")}, agentRows);
@@ -105,28 +101,20 @@ TEST(LookupDialogTest, SearchBoxNarrowsTheRowsAndEnterPicksTheHighlightedOne)
     ASSERT_TRUE(dialog.chosenRow().has_value());
     EXPECT_EQ(*dialog.chosenRow(), 2) << "the index among the rows given, not among those shown";
     EXPECT_EQ(dialog.result(), QDialog::Accepted);
-}
 
-TEST(LookupDialogTest, ThroughThePromptsEscapeClosesWithoutAChoice)
-{
+    // Through the prompts, Escape closes it without a choice.
     DialogPrompts prompts;
-    test::whenModalShown([](QWidget& dialog) {
-        auto* search = dialog.findChild<QLineEdit*>();
+    test::whenModalShown([](QWidget& shown) {
+        auto* search = shown.findChild<QLineEdit*>();
         test::keyClicks(search, QStringLiteral("b0"));
         test::keyClick(search, Qt::Key_Return);
     });
     EXPECT_EQ(prompts.lookupList(QStringLiteral("Agenti"), {}, agentRows), 2);
 
-    test::whenModalShown([](QWidget& dialog) { test::keyClick(&dialog, Qt::Key_Escape); });
+    test::whenModalShown([](QWidget& shown) { test::keyClick(&shown, Qt::Key_Escape); });
     EXPECT_EQ(prompts.lookupList(QStringLiteral("Agenti"), {}, agentRows), std::nullopt);
     EXPECT_EQ(prompts.history().size(), 2);
 }
-
-} // namespace
-} // namespace tarvello::gui
-
-namespace tarvello::gui {
-namespace {
 
 QStringList buttonTexts(QWidget& dialog)
 {
@@ -168,12 +156,6 @@ TEST(ItalianTextsTest, StandardButtonsFileDialogsAndTextMenusAreItalian)
     EXPECT_TRUE(menu->actions().first()->text().remove(u'&').startsWith(QStringLiteral("Annulla")))
         << menu->actions().first()->text().toStdString();
 }
-
-} // namespace
-} // namespace tarvello::gui
-
-namespace tarvello::gui {
-namespace {
 
 // A printout shows its pages before it is printed; closing the preview gives the printing up.
 TEST(PrintPreviewTest, ThePagesAreShownAndClosingGivesThePrintingUp)

@@ -141,38 +141,6 @@ TEST_F(TreeGridViewTest, RowsHangUnderTheirReferenceAgentWithTheirTypePicture)
     EXPECT_NE(areaManager.toImage(), agent.toImage()) << "each type has its own picture";
 }
 
-// The tree draws itself in the outline column; the key columns would only take room.
-TEST_F(TreeGridViewTest, TheOutlineColumnLeadsAndTheKeyColumnsAreLeftOut)
-{
-    tree->clearColumns();
-    tree->addColumn(QStringLiteral("MG17_IDAGENTE"), QStringLiteral("Chiave"), 500);
-    tree->addColumn(QStringLiteral("MG17_IDAGERIF_MG17"), QStringLiteral("Padre"), 500);
-    tree->addColumn(QStringLiteral("MG17_INDTIPOAGE"), QStringLiteral("Tipo"), 600);
-    controls::GridColumn codice;
-    codice.key = QStringLiteral("CODICE");
-    codice.field = QStringLiteral("MG17_AGENTE");
-    codice.caption = QStringLiteral("Codice Agente");
-    codice.width = 900;
-    tree->addColumn(codice);
-    controls::GridColumn figura;
-    figura.key = QStringLiteral("FIGURA");
-    figura.field = QStringLiteral("MG17_INDTIPOAGE");
-    figura.caption = QStringLiteral(" ");
-    figura.width = 600;
-    tree->addColumn(figura);
-    tree->setColumnImageList(QStringLiteral("FIGURA"), QStringLiteral("IMG_ICONETREE"));
-    tree->setOutlineColumn(QStringLiteral("CODICE"));
-
-    EXPECT_EQ(tree->columnCount(), 5) << "the grid keeps every column";
-    ASSERT_EQ(model->columnCount(), 2);
-    EXPECT_EQ(model->headerData(0, Qt::Horizontal).toString(), QStringLiteral("Codice Agente"));
-    EXPECT_EQ(model->headerData(1, Qt::Horizontal).toString(), QStringLiteral("Tipo"));
-    EXPECT_EQ(model->index(0, 0).data().toString(), QStringLiteral("A001"));
-    EXPECT_FALSE(model->index(0, 0).data(Qt::DecorationRole).isNull());
-    EXPECT_TRUE(model->index(0, 1).data(Qt::DecorationRole).isNull());
-    EXPECT_EQ(view->header()->sectionSize(0), 900 / 15);
-}
-
 TEST_F(TreeGridViewTest, ExpandingAndCollapsingGoThroughTheGrid)
 {
     const QAbstractItemModel& shown = *view->model();
@@ -188,11 +156,6 @@ TEST_F(TreeGridViewTest, ExpandingAndCollapsingGoThroughTheGrid)
     tree->expandAll();
     EXPECT_EQ(shown.rowCount(shown.index(0, 0)), 2);
     EXPECT_TRUE(view->isExpanded(shown.index(0, 0)));
-
-    agents->moveFirst();
-    agents->find(QStringLiteral("MG17_AGENTE = 'A003'"));
-    EXPECT_EQ(tree->value(tree->selectedRow(), u"MG17_AGENTE").toString(), QStringLiteral("A003"));
-    EXPECT_EQ(view->currentIndex().data().toString(), QStringLiteral("A003"));
 }
 
 } // namespace

@@ -1,21 +1,12 @@
+#include "agentsshell.h"
 #include "platform/controls/button.h"
 #include "platform/controls/field.h"
 #include "platform/controls/grid.h"
 #include "platform/controls/label.h"
 #include "platform/controls/menubutton.h"
-#include "platform/db/demodata.h"
 #include "platform/gui/managementdialogs.h"
 #include "platform/gui/managementwindow.h"
-#include "platform/gui/screenwindow.h"
-#include "platform/gui/shellhost.h"
-#include "platform/gui/shellwindow.h"
-#include "platform/script/agentsmodule.h"
 #include "platform/services/hostnavigator.h"
-#include "platform/services/scriptedprompts.h"
-#include "src/screen/frmmg_agenti.h"
-#include "support/testdatabase.h"
-#include "ui_frmmg_agenti.h"
-#include "widgettesting.h"
 
 #include <QAction>
 #include <QLineEdit>
@@ -29,32 +20,15 @@ namespace {
 
 using services::PromptAnswer;
 
-// The shell on the demo data, with the agents screen laid out as the shell lays it out,
-// showing the agent A001, and the host's managements shown as the shell's dialogs.
-struct AgentsShell : public ::testing::Test {
+// The shell as the person gets it, showing the agent A001, with the host's managements shown
+// as the shell's dialogs.
+struct AgentsShell : public test::AgentsShellTest {
     void SetUp() override
     {
-        db::createSchema(database.connection());
-        db::populateDemoData(database.connection());
-        host = std::make_unique<ShellHost>(prompts, database.connectionString());
-        window = std::make_unique<ShellWindow>(*host, nullptr);
-        dialogs = std::make_unique<ManagementDialogs>(host->navigator(), prompts, window.get());
+        AgentsShellTest::SetUp();
+        dialogs = std::make_unique<ManagementDialogs>(host->navigator(), prompts, shell.get());
         host->context().managements().setPresenter(dialogs.get());
-        script::registerAgentsModule(host->context().modules(), agenti::FRMMG_AGENTI::fabbrica());
-        const ShellWindow::ModuleEntry agents{QStringLiteral("Anagrafica agenti"),
-                                              script::agentsModuleIdentifier()};
-        window->addScreenLayout(QStringLiteral("FRMMG_AGENTI"), [] {
-            auto content = std::make_unique<QWidget>();
-            Ui::FrmMgAgenti layout;
-            layout.setupUi(content.get());
-            return content;
-        });
-        ScreenWindow* opened = window->openModule(agents);
-        ASSERT_NE(opened, nullptr);
-        screen = opened->form();
-        window->pressButton(services::HostNavigator::Search);
-        field(u"TXT_AGENTE").typeText(QStringLiteral("A001"));
-        window->pressButton(services::HostNavigator::Search);
+        screen = openAgents().form();
         ASSERT_EQ(field(u"TXT_AGENTE").text(), QStringLiteral("A001"));
     }
 
@@ -89,10 +63,8 @@ struct AgentsShell : public ::testing::Test {
         EXPECT_TRUE(shown) << "the management's window was not shown";
     }
 
-    test::TestDatabase database{test::databaseTargets().front()};
-    services::ScriptedPrompts prompts;
-    std::unique_ptr<ShellHost> host;
-    std::unique_ptr<ShellWindow> window;
+    // The components' openings press the shell's own buttons.
+    using AgentsShellTest::shell;
     std::unique_ptr<ManagementDialogs> dialogs;
     controls::Form* screen = nullptr;
 };
@@ -180,79 +152,47 @@ TEST_P(ManagementWindows, OpenedFromTheScreenSearchedAndChosenTheValueArrivesDec
     }
 }
 
+// One management per way of opening one and of choosing in its window; what each
+// management lists and decodes is walked by its own scenario.
 INSTANTIATE_TEST_SUITE_P(
     Components, ManagementWindows,
-    ::testing::Values(
-        Component{"RegistrySearch",
-                  // A new agent's name is searched among the free registry entries.
-                  [](AgentsShell& shell) {
-                      shell.window->pressButton(services::HostNavigator::New);
-                      shell.field(u"TXT_RAGSOANAG").openLookup();
-                  },
-                  "cartiera",
-                  1,
-                  Choice::Enter,
-                  {{"TXT_RAGSOANAG", "CARTIERA VENETA S.P.A."}}},
-        Component{"Registry",
-                  [](AgentsShell& shell) { menuItem(shell, "key_anagrafica"); },
-                  "farmacia",
-                  1,
-                  Choice::Button,
-                  {{"TXT_RAGSOANAG", "FARMACIA SAN MARCO"}}},
-        Component{"Routes",
-                  [](AgentsShell& shell) { managementKey(shell, "TXT_GIRO"); },
-                  "sabato",
-                  1,
-                  Choice::DoubleClick,
-                  {{"TXT_GIRO", "G06"}, {"TXT_DESCGIRO", "Giro del sabato - Torino"}}},
-        Component{"Customers",
-                  [](AgentsShell& shell) {
-                      shell.screen->find<controls::Button>(u"CMD_MULTICLI")->click();
-                  },
-                  "bottega",
-                  3,
-                  Choice::TwoTicks,
-                  {}},
-        Component{"Depots",
-                  [](AgentsShell& shell) { managementKey(shell, "TXT_TVDEP"); },
-                  "napoli",
-                  1,
-                  Choice::Enter,
-                  {{"TXT_TVDEP", "02"}, {"TXT_DESCDEP", "DEPOSITO DI NAPOLI"}}},
-        Component{"Registers",
-                  [](AgentsShell& shell) { managementKey(shell, "TXT_TVSEZ"); },
-                  "ct",
-                  1,
-                  Choice::Button,
-                  {{"TXT_TVSEZ", "B2"}, {"TXT_DESCSEZ", "DDT furgone CT-01"}}},
-        Component{"Classifications",
-                  [](AgentsShell& shell) { managementKey(shell, "TXT_ZONA"); },
-                  "berg",
-                  1,
-                  Choice::Enter,
-                  {{"TXT_MACROAREA", "NOR"},
-                   {"TXT_AREA", "LOM"},
-                   {"TXT_ZONA", "BG"},
-                   {"TXT_DESZONA", "Bergamo e provincia"}}},
-        Component{"Typologies",
-                  [](AgentsShell& shell) { managementKey(shell, "TXT_TIPOLOGIAAGENTE"); },
-                  "pluri",
-                  1,
-                  Choice::DoubleClick,
-                  {{"TXT_TIPOLOGIAAGENTE", "2"}, {"TXT_DESCTIPOLOGIA", "Agente plurimandatario"}}},
-        // The module hands the table's code in and takes nothing back.
-        Component{"DiscountTables",
-                  [](AgentsShell& shell) { managementKey(shell, "TXT_CODPROVSC"); },
-                  "20",
-                  1,
-                  Choice::Enter,
-                  {{"TXT_CODPROVSC", "SCONTI10"}}},
-        Component{"DivisionalData",
-                  [](AgentsShell& shell) { menuItem(shell, "Key_DatiDivisionali"); },
-                  "bev",
-                  1,
-                  Choice::Esc,
-                  {{"TXT_AGENTE", "A001"}}}),
+    ::testing::Values(Component{"RegistrySearch",
+                                // A new agent's name is searched among the free registry entries.
+                                [](AgentsShell& shell) {
+                                    shell.shell->pressButton(services::HostNavigator::New);
+                                    shell.field(u"TXT_RAGSOANAG").openLookup();
+                                },
+                                "cartiera",
+                                1,
+                                Choice::Enter,
+                                {{"TXT_RAGSOANAG", "CARTIERA VENETA S.P.A."}}},
+                      Component{"Registry",
+                                [](AgentsShell& shell) { menuItem(shell, "key_anagrafica"); },
+                                "farmacia",
+                                1,
+                                Choice::Button,
+                                {{"TXT_RAGSOANAG", "FARMACIA SAN MARCO"}}},
+                      Component{
+                          "Routes",
+                          [](AgentsShell& shell) { managementKey(shell, "TXT_GIRO"); },
+                          "sabato",
+                          1,
+                          Choice::DoubleClick,
+                          {{"TXT_GIRO", "G06"}, {"TXT_DESCGIRO", "Giro del sabato - Torino"}}},
+                      Component{"Customers",
+                                [](AgentsShell& shell) {
+                                    shell.screen->find<controls::Button>(u"CMD_MULTICLI")->click();
+                                },
+                                "bottega",
+                                3,
+                                Choice::TwoTicks,
+                                {}},
+                      Component{"DivisionalData",
+                                [](AgentsShell& shell) { menuItem(shell, "Key_DatiDivisionali"); },
+                                "bev",
+                                1,
+                                Choice::Esc,
+                                {{"TXT_AGENTE", "A001"}}}),
     [](const ::testing::TestParamInfo<Component>& info) { return std::string(info.param.name); });
 
 // A route added in the management's window, with the host's toolbar there, and chosen at once.

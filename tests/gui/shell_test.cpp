@@ -1,3 +1,4 @@
+#include "agentsshell.h"
 #include "platform/controls/form.h"
 #include "platform/controls/navigatorbar.h"
 #include "platform/controls/tabstrip.h"
@@ -83,32 +84,28 @@ public:
     qint32 changedTo = 0;
 };
 
-TEST(ShellWindowTest, CompanySwitcherGoesThroughTheBeforeChangeAndChangeEvents)
+using AssembledShellTest = test::AgentsShellTest;
+
+TEST_F(AssembledShellTest, CompanySwitcherGoesThroughTheBeforeChangeAndChangeEvents)
 {
-    test::TestDatabase database(test::databaseTargets().front());
-    db::createSchema(database.connection());
-    db::populateDemoData(database.connection());
-    services::ScriptedPrompts prompts;
-    ShellHost host(prompts, database.connectionString());
-    ASSERT_EQ(host.context().company().code, db::DemoCompanies::divisional);
+    ASSERT_EQ(host->context().company().code, db::DemoCompanies::divisional);
     CompanyGuard guard;
-    host.navigator().events().subscribe(&guard);
-    ShellWindow window(host, nullptr);
-    QComboBox& switcher = window.companySwitcher();
+    host->navigator().events().subscribe(&guard);
+    QComboBox& switcher = shell->companySwitcher();
     const int plain = switcher.findData(db::DemoCompanies::plain);
     ASSERT_GE(plain, 0);
 
     Q_EMIT switcher.activated(plain);
-    EXPECT_EQ(host.context().company().code, db::DemoCompanies::divisional);
+    EXPECT_EQ(host->context().company().code, db::DemoCompanies::divisional);
     EXPECT_EQ(switcher.currentData().toInt(), db::DemoCompanies::divisional);
     EXPECT_EQ(guard.changedTo, 0);
 
     guard.refuse = false;
     switcher.setCurrentIndex(plain);
     Q_EMIT switcher.activated(plain);
-    EXPECT_EQ(host.context().company().code, db::DemoCompanies::plain);
+    EXPECT_EQ(host->context().company().code, db::DemoCompanies::plain);
     EXPECT_EQ(guard.changedTo, db::DemoCompanies::plain);
-    host.navigator().events().unsubscribe(&guard);
+    host->navigator().events().unsubscribe(&guard);
 }
 
 TEST(ShellWindowTest, FrameButtonsWaitForAScreenAndAnUnknownModuleIsToldNotOpened)
@@ -129,23 +126,17 @@ TEST(ShellWindowTest, FrameButtonsWaitForAScreenAndAnUnknownModuleIsToldNotOpene
     EXPECT_EQ(host.openModuleCount(), 0);
 }
 
-TEST(ShellWindowTest, AWindowlessModuleDoesItsWorkAndIsLetGoWithoutAComplaint)
+TEST_F(AssembledShellTest, AWindowlessModuleDoesItsWorkAndIsLetGoWithoutAComplaint)
 {
-    test::TestDatabase database(test::databaseTargets().front());
-    db::createSchema(database.connection());
-    db::populateDemoData(database.connection());
-    services::ScriptedPrompts prompts;
-    ShellHost host(prompts, database.connectionString());
-    ShellWindow window(host, nullptr);
     QTemporaryDir folder;
     const QString pdf = folder.filePath(QStringLiteral("agenti.pdf"));
     prompts.queue(services::PromptAnswer::file(pdf));
 
-    EXPECT_EQ(window.openModule({QStringLiteral("Stampa agenti"),
+    EXPECT_EQ(shell->openModule({QStringLiteral("Stampa agenti"),
                                  QStringLiteral("Brendolo.CLSMG_STAGENTI"), true}),
               nullptr);
     EXPECT_TRUE(QFileInfo(pdf).size() > 0) << "every agent of the company printed";
-    EXPECT_EQ(host.openModuleCount(), 0);
+    EXPECT_EQ(host->openModuleCount(), 0);
     for (const services::PromptRecord& prompt : prompts.history())
         EXPECT_NE(prompt.style, host::Critical) << prompt.text.toStdString();
 }

@@ -110,16 +110,5 @@ TEST_F(StatesTest, DatesTakeShortFormsAndACalendar)
     EXPECT_EQ(field("DAT_FINEMAN").text(), QStringLiteral("31/12/2026"));
 }
 
-// The delete question names the agent it is about.
-TEST_F(StatesTest, TheDeleteQuestionNamesTheAgent)
-{
-    prompts.queue(services::PromptAnswer::button(host::No));
-    shell->pressButton(Button::Delete);
-    ASSERT_FALSE(prompts.history().isEmpty());
-    EXPECT_EQ(prompts.history().last().text,
-              QStringLiteral("Confermi l'eliminazione di A001 RICCI FRANCESCA per la gestione "
-                             "anagrafica agenti?"));
-}
-
 } // namespace
 } // namespace tarvello::test

@@ -101,6 +101,13 @@ TEST_F(AgentsTreeTest, TheTreeStaysWithTheAgentOnView)
     EXPECT_EQ(treeAgent(), QStringLiteral("A001"));
     EXPECT_EQ(screen->albero().Grst_AlberoAgenti()->value(u"MG17_IDAGENTE"),
               *agents().shownRowValue(QStringLiteral("MG17_IDAGENTE")));
+
+    // Walked past its last agent, the tree highlights none.
+    screen->UltimoAgente();
+    EXPECT_EQ(highlighted(), treeAgent());
+    screen->NextAgente();
+    EXPECT_EQ(treeAgent(), QString());
+    EXPECT_EQ(highlighted(), QString());
 }
 
 } // namespace

@@ -60,12 +60,6 @@ TEST_F(AgentsShellTest, TheScreenOpensAsThePersonLeftIt)
               123);
 }
 
-} // namespace
-} // namespace tarvello::test
-
-namespace tarvello::test {
-namespace {
-
 // The menu "Agente" offers what the toolbar does, with the same shortcuts, and the printout
 // of the agent on view, which a new agent not yet saved does not have.
 TEST_F(AgentsShellTest, TheAgentMenuPrintsTheAgentOnView)

@@ -35,31 +35,8 @@ public:
 
 } // namespace
 
-TEST_F(ModuleObject, ANewObjectHasTheContractDefaults)
-{
-    EXPECT_EQ(module.ActiveDll(), &module);
-    for (const bool flag :
-         {module.CanInsert(), module.CanDelete(), module.CanUpdate(), module.CanQbe(),
-          module.WindowModal(), module.IsActive(), module.IsCalled(), module.CalledById()})
-        EXPECT_FALSE(flag);
-    EXPECT_EQ(module.WindowState(), 0);
-    EXPECT_EQ(module.ProgramMode(), 0);
-    EXPECT_EQ(module.hwndParent(), 0);
-    EXPECT_EQ(module.Top(), Value(0));
-    EXPECT_EQ(module.Left(), Value(0));
-    for (const Value& variant :
-         {module.MenuModulo(), module.MenuPadre(), module.MenuProg(), module.Caption(),
-          module.Filtro(), module.CodiceAgente(), module.IDAGENTE()})
-        EXPECT_TRUE(variant.isEmpty());
-    EXPECT_EQ(module.Cwindow(), nullptr);
-    EXPECT_EQ(module.ClsGlobal(), nullptr);
-    EXPECT_EQ(module.ActiveNavigator(), nullptr);
-    EXPECT_EQ(module.ActiveFrame(), nullptr);
-    EXPECT_EQ(module.Connection(), nullptr);
-    EXPECT_EQ(module.screen(), nullptr);
-}
-
-TEST_F(ModuleObject, WindowStateAndProgramModeKeepTheirValueOutsideSixteenBits)
+// Out-of-range and unconvertible values leave the property as it was.
+TEST_F(ModuleObject, WindowStateProgramModeTopAndLeftKeepTheirValueWhenTheNewOneDoesNotFit)
 {
     module.setWindowState(2);
     module.setWindowState(70000);
@@ -71,29 +48,21 @@ TEST_F(ModuleObject, WindowStateAndProgramModeKeepTheirValueOutsideSixteenBits)
     EXPECT_EQ(module.ProgramMode(), 1);
     module.setProgramMode(32767);
     EXPECT_EQ(module.ProgramMode(), 32767);
-}
 
-TEST_F(ModuleObject, TopAndLeftConvertToThirtyTwoBitIntegers)
-{
     module.setTop(Value("120"));
     EXPECT_EQ(module.Top().kind(), Value::Kind::Integer);
     EXPECT_EQ(module.Top(), Value(120));
+    for (const Value& bad : {Value("alto"), Value::null(), Value(qint64(1) << 40)})
+        module.setTop(bad);
+    EXPECT_EQ(module.Top(), Value(120));
     module.setLeft(Value(db::Decimal::fromParts(2505, 1)));
+    EXPECT_EQ(module.Left(), Value(250));
+    module.setLeft(Value(db::ValueList{1}));
     EXPECT_EQ(module.Left(), Value(250));
 }
 
-TEST_F(ModuleObject, TopAndLeftKeepTheirValueWhenTheNewOneDoesNotConvert)
-{
-    module.setTop(Value(300));
-    for (const Value& bad : {Value("alto"), Value::null(), Value(qint64(1) << 40)})
-        module.setTop(bad);
-    EXPECT_EQ(module.Top(), Value(300));
-    module.setLeft(Value(10));
-    module.setLeft(Value(db::ValueList{1}));
-    EXPECT_EQ(module.Left(), Value(10));
-}
-
-TEST_F(ModuleObject, TransferDataRaisesDataTransferWithTheSameValue)
+// The value reaches the caller as it is; a caller's failing handler is not the module's error.
+TEST_F(ModuleObject, TransferDataRaisesDataTransferWithTheSameValueAndIgnoresTheCallersErrors)
 {
     DataTransferRecorder caller;
     module.dataTransfer().subscribe(&caller);
@@ -101,19 +70,15 @@ TEST_F(ModuleObject, TransferDataRaisesDataTransferWithTheSameValue)
     EXPECT_TRUE(module.TransferData(chosen).isEmpty());
     ASSERT_EQ(caller.received.size(), 1);
     EXPECT_EQ(caller.received.first(), chosen);
-}
 
-// A caller's failing handler is not the module's error: TransferData does not raise it.
-TEST_F(ModuleObject, TransferDataIgnoresErrorsOfTheCaller)
-{
     class FailingCaller final : public host::DataTransferEvents {
     public:
         void DataTransfer(const Value&) override
         {
             throw db::RuntimeError(db::RuntimeError::TypeMismatch, QStringLiteral("caller"));
         }
-    } caller;
-    module.dataTransfer().subscribe(&caller);
+    } failing;
+    module.dataTransfer().subscribe(&failing);
     EXPECT_NO_THROW(module.TransferData(Value("A001")));
 }
 
@@ -133,12 +98,10 @@ TEST_F(ModuleObject, ShowFormHandsTheScreenBothReferencesBeforeItLoads)
     EXPECT_EQ(screen.title, QStringLiteral("Anagrafica agenti"));
     EXPECT_EQ(screen.calls, QStringList({"ActiveInterface", "ActiveClass", "WindowState", "Title",
                                          "show", "show returned"}));
-}
-
-TEST_F(ModuleObject, ModelessShowFormReturnsWithTheScreenOpen)
-{
-    module.ShowForm();
-    EXPECT_TRUE(screens.front()->open);
+    EXPECT_TRUE(screen.open) << "a modeless ShowForm returns with the screen open";
+    EXPECT_TRUE(module.CloseForm().isEmpty());
+    EXPECT_TRUE(screen.open) << "CloseForm leaves an open screen open";
+    EXPECT_EQ(screen.calls.last(), QStringLiteral("show returned"));
 }
 
 TEST_F(ModuleObject, ModalShowFormReturnsOnlyAfterTheScreenHasClosed)
@@ -154,14 +117,6 @@ TEST_F(ModuleObject, ModalShowFormReturnsOnlyAfterTheScreenHasClosed)
     EXPECT_FALSE(screen.open);
     EXPECT_EQ(screen.calls.mid(screen.calls.indexOf("show modal")),
               QStringList({"show modal", "closed", "show returned"}));
-}
-
-TEST_F(ModuleObject, CloseFormLeavesAnOpenScreenOpen)
-{
-    module.ShowForm();
-    EXPECT_TRUE(module.CloseForm().isEmpty());
-    EXPECT_TRUE(screens.front()->open);
-    EXPECT_EQ(screens.front()->calls.last(), QStringLiteral("show returned"));
 }
 
 TEST_F(ModuleObject, ASecondShowFormOpensASecondScreen)
@@ -188,7 +143,6 @@ TEST_F(ModuleObject, AFailingStepOfShowFormDoesNotStopTheLaterSteps)
 // ActiveDll pointing at a module of another kind cannot be the screen's ActiveClass.
 TEST_F(ModuleObject, ShowFormSkipsActiveClassForAModuleOfAnotherKind)
 {
-    services::ScriptedPrompts prompts;
     test::PlainModule other;
     module.setActiveDll(&other);
     module.ShowForm();

@@ -64,7 +64,7 @@ TEST_F(NavigatorEvents, TheRecordMovesWalkTheTreeAndTakeThePressOver)
     }
 }
 
-TEST_F(NavigatorEvents, AnInactiveModuleLeavesEveryPressAndItsFlagAlone)
+TEST_F(NavigatorEvents, PressesTheModuleDoesNotHandleLeaveTheFlagAlone)
 {
     module.setIsActive(false);
     EXPECT_EQ(toolbar.press(HostNavigator::Next), HostNavigator::Press::Done);
@@ -78,10 +78,9 @@ TEST_F(NavigatorEvents, AnInactiveModuleLeavesEveryPressAndItsFlagAlone)
     module.setActiveDll(nullptr);
     EXPECT_FALSE(pressed(HostNavigator::First));
     EXPECT_TRUE(screen->calls.isEmpty());
-}
 
-TEST_F(NavigatorEvents, ButtonFourteenAndUnknownButtonsAreNeverHandled)
-{
+    // Button fourteen and unknown buttons are never handled, even by the active module.
+    module.setActiveDll(&module);
     for (const qint32 button : {14, 1, 18, 24, 26}) {
         EXPECT_FALSE(pressed(button)) << button;
         EXPECT_TRUE(pressed(button, true)) << button;
@@ -174,10 +173,9 @@ TEST_F(NavigatorEvents, ACompanyChangeIsAskedOfTheScreenWhetherActiveOrNot)
     bool cancel = true;
     module.BeforeChangeDitta(cancel);
     EXPECT_FALSE(cancel);
-}
 
-TEST_F(NavigatorEvents, TheNewCompanyIsReadFromTheHostNotFromTheEvent)
-{
+    // The new company is read from the host, not from the event.
+    screen->calls.clear();
     context.setCompany({7, QStringLiteral("Sette")});
     module.ChangeDitta(3);
     EXPECT_EQ(screen->calls, QStringList{QStringLiteral("CambiaDitta 7")});

@@ -141,7 +141,7 @@ TEST_P(AgentsPrintout, AllAgentsOfTheCompanyTakeAsManyPagesAsTheyNeed)
     EXPECT_LT(text.indexOf(QStringLiteral("Anna")), text.indexOf(QStringLiteral("Z001")));
 }
 
-TEST_P(AgentsPrintout, NoAgentsToPrintIsToldWithoutAskingForAFile)
+TEST_P(AgentsPrintout, NothingToPrintOrNowhereToPrintItIsToldAndNoFileIsLeft)
 {
     context.setCompany({2, QStringLiteral("Ditta vuota")});
     module.ShowForm();
@@ -163,48 +163,25 @@ TEST_P(AgentsPrintout, NoAgentsToPrintIsToldWithoutAskingForAFile)
         EXPECT_EQ(prompts.history().at(i).title, QStringLiteral("Stampa agenti"));
     }
     EXPECT_TRUE(module.printedFile().isEmpty());
-}
 
-TEST_P(AgentsPrintout, AFileThatCannotBeWrittenIsToldAndNothingIsShown)
-{
+    // A file that cannot be written is told.
     prompts.queue(PromptAnswer::file(output.filePath(QStringLiteral("manca/agenti.pdf"))));
     module.setCodiceAgente(QStringLiteral("A001"));
     module.ShowForm();
-    ASSERT_EQ(prompts.history().size(), 2);
-    const services::PromptRecord& message = prompts.history().at(1);
+    ASSERT_EQ(prompts.history().size(), 5);
+    const services::PromptRecord& message = prompts.history().at(4);
     EXPECT_EQ(message.kind, services::PromptKind::MessageBox);
     EXPECT_TRUE(message.text.contains(QStringLiteral("non si può scrivere")))
         << message.text.toStdString();
     EXPECT_EQ(message.style, host::Critical);
     EXPECT_TRUE(module.printedFile().isEmpty());
-}
 
-TEST_P(AgentsPrintout, LeftWithoutChoosingAFileNothingIsPrinted)
-{
-    module.setCodiceAgente(QStringLiteral("A001"));
+    // Left without choosing a file, nothing is printed.
     module.ShowForm();
-    ASSERT_EQ(prompts.history().size(), 1);
-    EXPECT_TRUE(prompts.history().first().defaulted);
+    ASSERT_EQ(prompts.history().size(), 6);
+    EXPECT_TRUE(prompts.history().last().defaulted);
     EXPECT_TRUE(module.printedFile().isEmpty());
     EXPECT_TRUE(QDir(output.path()).isEmpty());
-}
-
-TEST_P(AgentsPrintout, TheHostStartsItOnTheCodeItWasGiven)
-{
-    std::unique_ptr<host::CalledModule> created =
-        context.createModule(QStringLiteral("Brendolo.CLSMG_STAGENTI"));
-    auto* printout = dynamic_cast<host::AgentsPrintout*>(created.get());
-    ASSERT_NE(printout, nullptr);
-    printout->setCodiceAgente(QStringLiteral("A001"));
-    const QString path = output.filePath(QStringLiteral("host.pdf"));
-    prompts.queue(PromptAnswer::file(path));
-    context.setSecondModule(&created->contract());
-    context.startModule(nullptr, QStringLiteral("Brendolo.CLSMG_STAGENTI"),
-                        host::startModuleArguments());
-    const QString text = pdfText(path);
-    EXPECT_TRUE(text.contains(QStringLiteral("Mario Bianchi")));
-    EXPECT_TRUE(text.contains(QStringLiteral("Capo area")));
-    EXPECT_FALSE(text.contains(QStringLiteral("Luca Verdi")));
 }
 
 INSTANTIATE_TEST_SUITE_P(Targets, AgentsPrintout, ::testing::ValuesIn(test::databaseTargets()),
