@@ -39,6 +39,10 @@ protected:
         ASSERT_TRUE(campo(u"TXT_RAGGR3").setFocus());
     }
     agenti::Classificazioni& classificazioni() const { return schermata().classificazioni(); }
+    host::LookupDecoder& decodificatore() const
+    {
+        return *schermata().decodificatoreClassificazioni();
+    }
     // The last management opened: its parameters as name=value pairs.
     QList<std::pair<QString, QString>> parametriGestione() const
     {
@@ -63,6 +67,28 @@ protected:
 };
 
 using Parametri = QList<std::pair<QString, QString>>;
+
+// An empty parent reaches the list as two quotes and the decoding as an empty text: the host
+// quotes both, so the list filters on a code of two quotes and the decoding on an empty code.
+TEST_F(Classificazioni, AnEmptyParentIsPassedAsTwoQuotesToTheListAndEmptyToTheDecoding)
+{
+    controls::LookupArgs lista;
+    Q_EMIT campo(u"TXT_AREA").lookupRequested(lista);
+    EXPECT_TRUE(lista.sql.contains(u"MGL2_MACROAREA_MGL1 = ''''''")) << lista.sql.toStdString();
+    EXPECT_EQ(lista.title, QStringLiteral("Elenco aree agenti"));
+    EXPECT_EQ(campo(u"TXT_AREA").lookupId(), QStringLiteral("Lkp_AreeAge"));
+
+    digita(u"TXT_AREA", QStringLiteral("A1"));
+    EXPECT_TRUE(decodificatore().query().contains(u"MGL2_MACROAREA_MGL1 = ''"));
+    EXPECT_FALSE(decodificatore().query().contains(u"''''"));
+    EXPECT_FALSE(campo(u"TXT_AREA").isValid());
+
+    campo(u"TXT_MACROAREA").setText(QStringLiteral("NOR"));
+    controls::LookupArgs zone;
+    Q_EMIT campo(u"TXT_ZONA").lookupRequested(zone);
+    EXPECT_TRUE(zone.sql.contains(u"MGL3_MACROAREA_MGL1 = 'NOR'"));
+    EXPECT_TRUE(zone.sql.contains(u"MGL3_AREA_MGL2 = 'A1'"));
+}
 
 TEST_F(Classificazioni, EachFieldOpensItsOwnBranchOfTheManagement)
 {

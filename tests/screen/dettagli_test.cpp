@@ -4,6 +4,7 @@
 #include "schermatafixture.h"
 #include "src/detail/dettagliagente.h"
 #include "src/detail/girivisite.h"
+#include "src/host/errorlog.h"
 
 namespace tarvello::test {
 
@@ -354,6 +355,39 @@ TEST_F(DettagliTest, MaturationSaveWithNoRowLeftGoesBackToEntry)
 
     EXPECT_EQ(conta(QStringLiteral("SELECT COUNT(*) FROM MG16_AGENTIMAT")), 0);
     EXPECT_EQ(giorni.status(), frame::FrameStatus::New);
+}
+
+// Another user deleted the row meanwhile: the save is refused, and the person must learn it
+// while the change stays in the recordset for a later attempt.
+TEST_F(DettagliTest, AFailingDetailSaveKeepsTheRowsPendingAndTellsThePerson)
+{
+    maturazione(agente, 1, 30);
+    socio(agente, 1, QStringLiteral("ROSSI MARIO"));
+    apriSu(QStringLiteral("A001"));
+    controllo<controls::Field>(u"TXT_GGMAT").setText(QStringLiteral("45"));
+    ASSERT_TRUE(controllo<controls::GridNavigator>(u"GRIDNAV_AGENTIMAT")
+                    .press(controls::NavigatorKey::Confirm));
+    controllo<controls::Field>(u"TXT_NOMECOGN").setText(QStringLiteral("ROSSI MARIA"));
+    ASSERT_TRUE(gestione(FRMMG_AGENTI::Soci).save());
+    db().executeNonQuery(QStringLiteral("DELETE FROM MG16_AGENTIMAT"));
+    db().executeNonQuery(QStringLiteral("DELETE FROM MG18_AGENTISOCI"));
+
+    gestione(FRMMG_AGENTI::Maturazione).updateBatch();
+    gestione(FRMMG_AGENTI::Soci).updateBatch();
+
+    ASSERT_EQ(prompts.history().size(), 2);
+    EXPECT_TRUE(prompts.history().at(0).text.startsWith(
+        QStringLiteral("Impossibile salvare i giorni di maturazione dell'agente")));
+    EXPECT_TRUE(prompts.history().at(1).text.startsWith(
+        QStringLiteral("Impossibile salvare i soci dell'agente")));
+    EXPECT_EQ(prompts.history().at(0).style, host::Exclamation);
+    EXPECT_EQ(righe(FRMMG_AGENTI::Maturazione)->pendingCount(), 1);
+    EXPECT_EQ(righe(FRMMG_AGENTI::Soci)->pendingCount(), 1);
+    EXPECT_EQ(righe(FRMMG_AGENTI::Maturazione)->value(u"MG16_GGMATUR").toInt(), 45);
+    EXPECT_TRUE(gestione(FRMMG_AGENTI::Maturazione).changeFlag());
+    EXPECT_TRUE(gestione(FRMMG_AGENTI::Soci).changeFlag()) << "the next save tries again";
+    EXPECT_EQ(controllo<controls::Grid>(u"GRID_AGENTIMAT").dataSource(),
+              righe(FRMMG_AGENTI::Maturazione));
 }
 
 } // namespace

@@ -237,6 +237,22 @@ TEST_F(SchedaAgenteTest, AfterAReferenceIsValidatedEverySaveRebuildsTheTree)
     EXPECT_TRUE(alberoRicostruito());
 }
 
+TEST_F(SchedaAgenteTest, DocumentsOfAnyOfTheFiveTablesMakeTheAgentUsed)
+{
+    agenti::SchedaAgente& scheda = schermata().scheda();
+    EXPECT_FALSE(scheda.AgenteUtilizzato(qint32(id)));
+    db().run(QStringLiteral("INSERT INTO CT06_CACORPO (CT06_DITTA_CG18, CT06_IDAGENTE_MG17) "
+                            "VALUES (?, ?)"),
+             {dittaSemplice, id});
+    EXPECT_FALSE(scheda.AgenteUtilizzato(qint32(id))) << "another company's document";
+    db().run(QStringLiteral("INSERT INTO CT06_CACORPO (CT06_DITTA_CG18, CT06_IDAGENTE_MG17) "
+                            "VALUES (?, ?)"),
+             {dittaDivisionale, id});
+    EXPECT_TRUE(scheda.AgenteUtilizzato(qint32(id)));
+    db().run(QStringLiteral("DROP TABLE DO21_DOCTESTAPROV"));
+    EXPECT_TRUE(scheda.AgenteUtilizzato(qint32(id))) << "a missing table stops nothing";
+}
+
 // Grandparent reads compare the id as quoted text; an agent without one gives nothing, and an
 // error carries the procedure's trace.
 TEST_F(SchedaAgenteTest, NonnoAgenteGivesTheReferenceOfTheReference)
