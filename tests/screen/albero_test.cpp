@@ -104,19 +104,6 @@ TEST_F(AlberoAgentiTest, AnEmptyTreeIgnoresClicksAndMoves)
     EXPECT_EQ(agenteMostrato(), QString());
 }
 
-TEST_F(AlberoAgentiTest, RebuiltAfterASaveTheTreeStandsOnTheAgentOnView)
-{
-    inserisciAgente(QStringLiteral("A001"));
-    apri();
-    inserisciAgente(QStringLiteral("D'ORO"));
-    controllo<controls::Field>(u"TXT_AGENTE").setText(QStringLiteral("D'ORO"));
-
-    schermata().albero().AggiornaAlberoAgente();
-    EXPECT_EQ(controllo<controls::TreeGrid>(u"GRD_AGENTI").rowCount(), 2);
-    EXPECT_EQ(recordsetAlbero().value(u"MG17_AGENTE").toString(), QStringLiteral("D'ORO"));
-    EXPECT_EQ(selezioneAlbero(), QStringLiteral("D'ORO"));
-}
-
 // The third button is relabelled at activation, so only code presses "Stampa" now.
 TEST_F(AlberoAgentiTest, StampaStartsTheAgentsPrintouts)
 {

@@ -68,50 +68,6 @@ protected:
 
 using Parametri = QList<std::pair<QString, QString>>;
 
-TEST_F(Classificazioni, ACodeIsDecodedWithinTheParentsOnScreen)
-{
-    digita(u"TXT_MACROAREA", QStringLiteral("NOR"));
-    EXPECT_EQ(testo(u"TXT_DESMACROAREA"), QStringLiteral("Nord"));
-    digita(u"TXT_AREA", QStringLiteral("A1"));
-    EXPECT_EQ(testo(u"TXT_DESAREA"), QStringLiteral("Nord-ovest"));
-    EXPECT_TRUE(decodificatore().query().contains(u"MGL2_MACROAREA_MGL1 = 'NOR'"));
-
-    digita(u"TXT_ZONA", QStringLiteral("Z1"));
-    EXPECT_EQ(testo(u"TXT_DESZONA"), QStringLiteral("Liguria"));
-    EXPECT_TRUE(campo(u"TXT_ZONA").isValid());
-
-    // The same area code under another macroarea is another area.
-    digita(u"TXT_MACROAREA", QStringLiteral("SUD"));
-    campo(u"TXT_AREA").decode();
-    EXPECT_EQ(testo(u"TXT_DESAREA"), QStringLiteral("Isole"));
-
-    digita(u"TXT_RAGGR2", QStringLiteral("R2"));
-    EXPECT_EQ(testo(u"TXT_DESRAGGR2"), QStringLiteral("Grandi clienti"));
-}
-
-TEST_F(Classificazioni, AChangedParentLeavesItsChildrenAndTheirDescriptionsAsTheyWere)
-{
-    digita(u"TXT_MACROAREA", QStringLiteral("NOR"));
-    digita(u"TXT_AREA", QStringLiteral("A1"));
-    digita(u"TXT_ZONA", QStringLiteral("Z1"));
-
-    digita(u"TXT_MACROAREA", QStringLiteral("SUD"));
-
-    EXPECT_EQ(testo(u"TXT_DESMACROAREA"), QStringLiteral("Sud"));
-    EXPECT_EQ(testo(u"TXT_AREA"), QStringLiteral("A1"));
-    EXPECT_EQ(testo(u"TXT_DESAREA"), QStringLiteral("Nord-ovest"));
-    EXPECT_EQ(testo(u"TXT_ZONA"), QStringLiteral("Z1"));
-    EXPECT_EQ(testo(u"TXT_DESZONA"), QStringLiteral("Liguria"));
-}
-
-TEST_F(Classificazioni, AnEmptiedCodeKeepsItsDescription)
-{
-    digita(u"TXT_MACROAREA", QStringLiteral("NOR"));
-    digita(u"TXT_MACROAREA", QString());
-    EXPECT_EQ(testo(u"TXT_DESMACROAREA"), QStringLiteral("Nord"));
-    EXPECT_TRUE(campo(u"TXT_MACROAREA").isValid());
-}
-
 // An empty parent reaches the list as two quotes and the decoding as an empty text: the host
 // quotes both, so the list filters on a code of two quotes and the decoding on an empty code.
 TEST_F(Classificazioni, AnEmptyParentIsPassedAsTwoQuotesToTheListAndEmptyToTheDecoding)
@@ -132,25 +88,6 @@ TEST_F(Classificazioni, AnEmptyParentIsPassedAsTwoQuotesToTheListAndEmptyToTheDe
     Q_EMIT campo(u"TXT_ZONA").lookupRequested(zone);
     EXPECT_TRUE(zone.sql.contains(u"MGL3_MACROAREA_MGL1 = 'NOR'"));
     EXPECT_TRUE(zone.sql.contains(u"MGL3_AREA_MGL2 = 'A1'"));
-}
-
-TEST_F(Classificazioni, ChoosingAZoneWritesBackItsAreaAndMacroarea)
-{
-    campo(u"TXT_MACROAREA").setText(QStringLiteral("SUD"));
-    campo(u"TXT_ZONA").setText(QStringLiteral("X"));
-    codiciRestituiti({QStringLiteral("Z1"), QStringLiteral("A1"), QStringLiteral("NOR")});
-
-    campo(u"TXT_ZONA").pressManagementKey();
-
-    EXPECT_EQ(classificazioni().RamoAreeZone(), 2);
-    EXPECT_EQ(parametriGestione(),
-              (Parametri{{QStringLiteral("Pvar_ZONE_MACROAREA"), QStringLiteral("SUD")},
-                         {QStringLiteral("Pvar_ZONE_AREA"), QString()},
-                         {QStringLiteral("Pvar_ZONE_ZONA"), QStringLiteral("X")},
-                         {QStringLiteral("CalledRamo"), QStringLiteral("2")}}));
-    EXPECT_EQ(testo(u"TXT_MACROAREA"), QStringLiteral("NOR"));
-    EXPECT_EQ(testo(u"TXT_AREA"), QStringLiteral("A1"));
-    EXPECT_EQ(testo(u"TXT_ZONA"), QStringLiteral("Z1"));
 }
 
 TEST_F(Classificazioni, EachFieldOpensItsOwnBranchOfTheManagement)
@@ -205,17 +142,6 @@ TEST_F(Classificazioni, AShortAnswerIsReportedForTheTerritoryAndEmptiesTheOtherC
         << prompts.history().at(prima + 1).text.toStdString();
     EXPECT_EQ(testo(u"TXT_MACROAREA"), QStringLiteral("NOR"));
     EXPECT_EQ(testo(u"TXT_AREA"), QStringLiteral("A2"));
-}
-
-TEST_F(Classificazioni, TheCodesAreSavedWithTheAgent)
-{
-    digita(u"TXT_MACROAREA", QStringLiteral("NOR"));
-    digita(u"TXT_AREA", QStringLiteral("A1"));
-    ASSERT_TRUE(gestione(FRMMG_AGENTI::Agenti).save());
-    const db::ResultSet riga =
-        db().query(QStringLiteral("SELECT MG17_MACROAREA_MGL1, MG17_AREA_MGL2 FROM MG17_AGENTI"));
-    ASSERT_EQ(riga.rows.size(), 1);
-    EXPECT_EQ(riga.rows.first(), db::ValueList({QStringLiteral("NOR"), QStringLiteral("A1")}));
 }
 
 } // namespace

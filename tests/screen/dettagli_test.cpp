@@ -1,11 +1,7 @@
-#include "platform/controls/combobox.h"
-#include "platform/controls/connectionpool.h"
 #include "platform/controls/field.h"
 #include "platform/controls/grid.h"
 #include "platform/controls/gridnavigator.h"
-#include "platform/controls/tabstrip.h"
 #include "schermatafixture.h"
-#include "src/data/sqldettagli.h"
 #include "src/detail/dettagliagente.h"
 #include "src/detail/girivisite.h"
 #include "src/host/errorlog.h"
@@ -55,15 +51,6 @@ protected:
                                 "MG1I_TIPOCF_CG44, MG1I_CLIFOR_CG44) VALUES (1, ?, ?, ?, 0, ?)"),
                  {id, codiceGiro, progressivo, cliente});
     }
-    void cliente(int codice, const QString& ragioneSociale)
-    {
-        db().run(QStringLiteral("INSERT INTO CG16_ANAGGEN (CG16_CODICE, CG16_RAGSOANAG) VALUES "
-                                "(?, ?)"),
-                 {5000 + codice, ragioneSociale});
-        db().run(QStringLiteral("INSERT INTO CG44_CLIFOR (CG44_DITTA_CG18, CG44_TIPOCF, "
-                                "CG44_CLIFOR, CG44_CODICE_CG16) VALUES (1, 0, ?, ?)"),
-                 {codice, 5000 + codice});
-    }
     qint64 conta(const QString& sql) { return db().query(sql).rows.value(0).value(0).toInt64(); }
 
     // Opens the screen, brings the agent frame onto the agent and shows its details, then
@@ -88,17 +75,7 @@ protected:
             ids << lettore->value(colonna).toInt64();
         return ids;
     }
-    QString celle(QStringView griglia, QStringView campo)
-    {
-        auto& g = controllo<controls::Grid>(griglia);
-        QStringList testi;
-        for (int riga = 0; riga < g.rowCount(); ++riga)
-            testi << g.cellText(riga, g.columnIndex(campo));
-        return testi.join(u'|');
-    }
 
-    // The screen decodes on it until TearDown unloads the screen, before this goes.
-    controls::ConnectionPool connessioni;
     qint64 agente = 0;
     qint64 altro = 0;
 };
@@ -297,84 +274,6 @@ TEST_F(DettagliTest, TheUnloadLetsTheRouteListGo)
     EXPECT_EQ(controllo<controls::Grid>(u"GRD_GIRI").dataSource(), nullptr);
 }
 
-TEST_F(DettagliTest, NewDetailRowsAreKeyedToTheCompanyAndTheAgent)
-{
-    apriSu(QStringLiteral("A001"));
-    for (int numero :
-         {FRMMG_AGENTI::Soci, FRMMG_AGENTI::Maturazione, FRMMG_AGENTI::TentataVendita}) {
-        ASSERT_TRUE(gestione(numero).addNew()) << numero;
-        const QString prefisso = numero == FRMMG_AGENTI::Soci          ? QStringLiteral("MG18")
-                                 : numero == FRMMG_AGENTI::Maturazione ? QStringLiteral("MG16")
-                                                                       : QStringLiteral("MG34");
-        EXPECT_EQ(righe(numero)->value(prefisso + QStringLiteral("_DITTA_CG18")).toInt(), 1);
-        EXPECT_EQ(righe(numero)->value(prefisso + QStringLiteral("_IDAGENTE_MG17")).toInt64(),
-                  agente);
-    }
-    giro(QStringLiteral("G05"), QStringLiteral("Giro nuovo"));
-    controllo<controls::Field>(u"TXT_GIRO").setText(QStringLiteral("G05 "));
-    dettagli().giri().prendiGiroDalCampo();
-    ASSERT_TRUE(gestione(FRMMG_AGENTI::DettaglioGiri).addNew());
-    const db::RecordsetPtr tappe = righe(FRMMG_AGENTI::DettaglioGiri);
-    EXPECT_EQ(tappe->value(u"MG1I_GIRO_MG1H").toString(), QStringLiteral("G05"));
-    EXPECT_EQ(tappe->value(u"MG1I_IDAGENTE_MG17").toInt64(), agente);
-    EXPECT_TRUE(controllo<controls::Field>(u"TXT_CLIENTE").isEnabled());
-}
-
-TEST_F(DettagliTest, PartnersBeyondTheDeclaredNumberAreRefusedUntilOneIsDeleted)
-{
-    socio(agente, 1, QStringLiteral("ROSSI MARIO"));
-    socio(agente, 2, QStringLiteral("BIANCHI LUCA"));
-    apriSu(QStringLiteral("A001"));
-    controllo<controls::Field>(u"TXT_NUMSOCI").setText(QStringLiteral("2"));
-    auto& pagine = controllo<controls::TabStrip>(u"TAB_AGENTI");
-    schermata().SelezionaTab(1);
-    QList<int> pagineViste;
-    QObject::connect(&pagine, &controls::TabStrip::currentPageChanged,
-                     [&](int pagina, int) { pagineViste << pagina; });
-    auto& navigatore = controllo<controls::GridNavigator>(u"GRIDNAV_AGENTISOCI");
-
-    EXPECT_FALSE(navigatore.press(New));
-
-    ASSERT_EQ(prompts.history().size(), 1);
-    EXPECT_EQ(prompts.history().first().text,
-              QStringLiteral("Impossibile aggiungere un nuovo socio.\r\nIl numero dei soci è "
-                             "superiore al valore del campo Numero di soci in Dati generali !!!"));
-    EXPECT_EQ(prompts.history().first().style, host::Exclamation);
-    EXPECT_EQ(prompts.history().first().title, QStringLiteral("Attenzione"));
-    EXPECT_EQ(pagineViste, (QList<int>{0, 1}));
-    EXPECT_EQ(righe(FRMMG_AGENTI::Soci)->recordCount(), 2);
-    EXPECT_FALSE(navigatore.isAvailable(New));
-
-    rispondi(Si);
-    ASSERT_TRUE(gestione(FRMMG_AGENTI::Soci).deleteRecord());
-    EXPECT_TRUE(navigatore.isAvailable(New));
-
-    EXPECT_TRUE(navigatore.press(New));
-    EXPECT_EQ(prompts.history().size(), 2) << "only the delete question was added";
-    EXPECT_EQ(gestione(FRMMG_AGENTI::Soci).status(), frame::FrameStatus::New);
-    EXPECT_EQ(righe(FRMMG_AGENTI::Soci)->recordCount(), 2);
-    EXPECT_TRUE(controllo<controls::Field>(u"TXT_CODSOCIO").isEnabled());
-    EXPECT_EQ(fuoco(), QStringLiteral("TXT_CODSOCIO"));
-}
-
-TEST_F(DettagliTest, WithoutADeclaredNumberPartnersHaveNoLimit)
-{
-    socio(agente, 1, QStringLiteral("ROSSI MARIO"));
-    socio(agente, 2, QStringLiteral("BIANCHI LUCA"));
-    apriSu(QStringLiteral("A001"));
-    controllo<controls::Field>(u"TXT_NUMSOCI").setText(QString());
-    // Left False by an earlier count, SociAggiungibili bounds nothing without a number.
-    dettagli().setSociAggiungibili(false);
-
-    rispondi(Si);
-    ASSERT_TRUE(gestione(FRMMG_AGENTI::Soci).deleteRecord());
-
-    auto& navigatore = controllo<controls::GridNavigator>(u"GRIDNAV_AGENTISOCI");
-    EXPECT_TRUE(navigatore.press(New));
-    EXPECT_EQ(righe(FRMMG_AGENTI::Soci)->recordCount(), 2);
-    EXPECT_EQ(prompts.history().size(), 1);
-}
-
 TEST_F(DettagliTest, UndoingTheOnlyNewPartnerReadsThePartnersAgainAndFocusesTheCode)
 {
     apriSu(QStringLiteral("A001"));
@@ -444,37 +343,6 @@ TEST_F(DettagliTest, TheRouteFieldListsTheCompanysRoutes)
     EXPECT_TRUE(controllo<controls::Field>(u"TXT_DESCGIRO").text().isEmpty());
 }
 
-TEST_F(DettagliTest, MaturationSaveDropsTheEmptyNewRowAndWritesTheOthers)
-{
-    maturazione(agente, 1, 30);
-    maturazione(agente, 2, 60);
-    apriSu(QStringLiteral("A001"));
-    frame::GestAnagrafica& giorni = gestione(FRMMG_AGENTI::Maturazione);
-    const db::RecordsetPtr righeGiorni = righe(FRMMG_AGENTI::Maturazione);
-    righeGiorni->moveFirst();
-    controllo<controls::Field>(u"TXT_GGMAT").setText(QStringLiteral("45"));
-    auto& navigatore = controllo<controls::GridNavigator>(u"GRIDNAV_AGENTIMAT");
-    ASSERT_TRUE(navigatore.press(controls::NavigatorKey::Confirm));
-    ASSERT_TRUE(navigatore.press(New));
-    ASSERT_EQ(giorni.status(), frame::FrameStatus::New);
-    EXPECT_EQ(fuoco(), QStringLiteral("CBO_TIPOEFF"));
-    EXPECT_TRUE(controllo<controls::ComboBox>(u"CBO_TIPOEFF").isEnabled());
-    ASSERT_EQ(righeGiorni->recordCount(), 3);
-
-    giorni.updateBatch();
-
-    EXPECT_EQ(righeGiorni->recordCount(), 2);
-    EXPECT_EQ(righeGiorni->pendingCount(), 0);
-    EXPECT_EQ(conta(QStringLiteral("SELECT COUNT(*) FROM MG16_AGENTIMAT")), 2);
-    EXPECT_EQ(conta(QStringLiteral("SELECT MG16_GGMATUR FROM MG16_AGENTIMAT WHERE MG16_TIPOEFF "
-                                   "= 1")),
-              45);
-    EXPECT_EQ(giorni.status(), frame::FrameStatus::Browse);
-    EXPECT_FALSE(giorni.changeFlag());
-    EXPECT_EQ(controllo<controls::Grid>(u"GRID_AGENTIMAT").dataSource(), righeGiorni);
-    EXPECT_TRUE(prompts.history().isEmpty()) << prompts.history().value(0).text.toStdString();
-}
-
 TEST_F(DettagliTest, MaturationSaveWithNoRowLeftGoesBackToEntry)
 {
     maturazione(agente, 1, 30);
@@ -520,88 +388,6 @@ TEST_F(DettagliTest, AFailingDetailSaveKeepsTheRowsPendingAndTellsThePerson)
     EXPECT_TRUE(gestione(FRMMG_AGENTI::Soci).changeFlag()) << "the next save tries again";
     EXPECT_EQ(controllo<controls::Grid>(u"GRID_AGENTIMAT").dataSource(),
               righe(FRMMG_AGENTI::Maturazione));
-}
-
-TEST_F(DettagliTest, RouteDetailSaveWritesTheRowStillBeingEntered)
-{
-    giro(QStringLiteral("G01"), QStringLiteral("Giro del lunedì"));
-    tappa(agente, QStringLiteral("G01"), 1, 10);
-    apriSu(QStringLiteral("A001"));
-    frame::GestAnagrafica& tappe = gestione(FRMMG_AGENTI::DettaglioGiri);
-    ASSERT_TRUE(tappe.addNew());
-    righe(FRMMG_AGENTI::DettaglioGiri)->setValue(u"MG1I_CLIFOR_CG44", 11);
-    tappe.setChangeFlag(true);
-
-    tappe.updateBatch();
-
-    EXPECT_EQ(conta(QStringLiteral("SELECT COUNT(*) FROM MG1I_DETTAGLIOGIRI WHERE "
-                                   "MG1I_GIRO_MG1H = 'G01' AND MG1I_CLIFOR_CG44 = 11 AND "
-                                   "MG1I_IDAGENTE_MG17 = ") +
-                    QString::number(agente)),
-              1);
-    EXPECT_EQ(controllo<controls::Grid>(u"GRD_DETTAGLIOGIRI").dataSource(),
-              righe(FRMMG_AGENTI::DettaglioGiri));
-    EXPECT_EQ(tappe.grid(), &controllo<controls::Grid>(u"GRD_DETTAGLIOGIRI"));
-}
-
-TEST_F(DettagliTest, CellsShowPaymentTypeNamesAndCustomerNames)
-{
-    maturazione(agente, 1, 30);
-    maturazione(agente, 99, 0);
-    maturazione(agente, 17, 10);
-    maturazione(agente, 16, 20);
-    giro(QStringLiteral("G01"), QStringLiteral("Giro del lunedì"));
-    cliente(10, QStringLiteral("FERRAMENTA ROSSI   "));
-    tappa(agente, QStringLiteral("G01"), 1, 10);
-    tappa(agente, QStringLiteral("G01"), 2, db::Value::null());
-    tappa(agente, QStringLiteral("G01"), 3, 0);
-    apriSu(QStringLiteral("A001"));
-
-    EXPECT_EQ(celle(u"GRID_AGENTIMAT", u"MG16_TIPOEFF"),
-              QStringLiteral("Contanti|Solo descrittivo||MAV"));
-    EXPECT_EQ(celle(u"GRID_AGENTIMAT", u"MG16_GGMATUR"), QStringLiteral("30|0|10|20"));
-    EXPECT_TRUE(istruzioni().isEmpty());
-
-    auto& tappe = controllo<controls::Grid>(u"GRD_DETTAGLIOGIRI");
-    const int colonna = tappe.columnIndex(u"MG1I_CLIFOR_CG44");
-    EXPECT_EQ(tappe.cellText(1, colonna), QString());
-    EXPECT_TRUE(istruzioni().isEmpty()) << "an empty customer is described without a query";
-    EXPECT_EQ(tappe.cellText(0, colonna), QStringLiteral("FERRAMENTA ROSSI"));
-    EXPECT_EQ(tappe.cellText(2, colonna), QString());
-    EXPECT_EQ(istruzioni().size(), 2);
-}
-
-TEST_F(DettagliTest, ANewRouteTypedInTheFieldIsListedWithItsDescription)
-{
-    giro(QStringLiteral("G01"), QStringLiteral("Giro del lunedì"));
-    giro(QStringLiteral("G09"), QStringLiteral("Giro del sabato"));
-    tappa(agente, QStringLiteral("G01"), 1, 10);
-    apriSu(QStringLiteral("A001"));
-    // What the screen's window gives it: fields decode on the screen's own connection.
-    connessioni.add(*schermata().Gcon_Connect());
-    schermata().setConnectionSource(&connessioni);
-    schermata().SelezionaTab(4);
-    auto& campo = controllo<controls::Field>(u"TXT_GIRO");
-    ASSERT_TRUE(campo.setFocus());
-    campo.setText(QStringLiteral("G09"));
-
-    ASSERT_TRUE(controllo<controls::Control>(u"TXT_NOTE").setFocus());
-
-    EXPECT_EQ(controllo<controls::Field>(u"TXT_DESCGIRO").text(),
-              QStringLiteral("Giro del sabato"));
-    EXPECT_EQ(dettagli().GiroCorrente(), QStringLiteral("G09"));
-    const db::RecordsetPtr elenco = dettagli().giri().Grst_ElencoGiri();
-    ASSERT_EQ(elenco->recordCount(), 2);
-    EXPECT_EQ(controllo<controls::Grid>(u"GRD_GIRI").rowCount(), 2);
-    EXPECT_EQ(elenco->value(u"MG1H_DESCRIZIONE").toString(), QStringLiteral("Giro del sabato"));
-    EXPECT_EQ(righe(FRMMG_AGENTI::DettaglioGiri)->recordCount(), 0);
-
-    // Coming back to the same route neither lists it twice nor reloads it.
-    ASSERT_TRUE(campo.setFocus());
-    schermata().Gcon_Connect()->log().clear();
-    ASSERT_TRUE(controllo<controls::Control>(u"TXT_NOTE").setFocus());
-    EXPECT_EQ(elenco->recordCount(), 2);
-    EXPECT_TRUE(istruzioni().isEmpty());
 }
 
 } // namespace

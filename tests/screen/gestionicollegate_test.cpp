@@ -175,42 +175,6 @@ TEST_F(GestioniCollegate, TheNamesManagementKeyOpensTheRegistryUnpositioned)
     restituitoAllHost();
 }
 
-TEST_F(GestioniCollegate, AnEntryFreeInThisCompanyIsLinkedEvenWhenAnotherCompanyUsesIt)
-{
-    inserisciAgente(QStringLiteral("A001"));
-    inserisciAgente(QStringLiteral("B001"), dittaSemplice); // entry 102
-    apri();
-    registraAnagrafiche(102);
-
-    variaDatiAnagrafici();
-
-    EXPECT_EQ(anagraficaMostrata(), db::Value(102));
-    EXPECT_EQ(testo(u"TXT_RAGSOANAG"), QStringLiteral("AGENTE B001"));
-    EXPECT_EQ(fuoco(), QStringLiteral("CBO_REGPROV"));
-    EXPECT_EQ(testo(u"TXT_AGENTE"), QStringLiteral("A001"));
-    // Linked on the row only: the person saves it.
-    EXPECT_EQ(anagraficaDi(QStringLiteral("A001")), db::Value(101));
-    restituitoAllHost();
-}
-
-TEST_F(GestioniCollegate, AnEntryOfAnotherAgentBringsThatAgentUpUnchanged)
-{
-    inserisciAgente(QStringLiteral("A001"));
-    inserisciAgente(QStringLiteral("A002")); // entry 102
-    apri();
-    registraAnagrafiche(102);
-
-    variaDatiAnagrafici();
-
-    EXPECT_EQ(gestione(FRMMG_AGENTI::Agenti).status(), frame::FrameStatus::Browse);
-    EXPECT_EQ(testo(u"TXT_AGENTE"), QStringLiteral("A002"));
-    EXPECT_EQ(testo(u"TXT_RAGSOANAG"), QStringLiteral("AGENTE A002"));
-    EXPECT_EQ(anagraficaMostrata(), db::Value(102));
-    // A001 keeps its own entry: it was left, not re-coded.
-    EXPECT_EQ(anagraficaDi(QStringLiteral("A001")), db::Value(101));
-    restituitoAllHost();
-}
-
 TEST_F(GestioniCollegate, NothingOrANonNumberHandedBackSendsNothingAndChangesNothing)
 {
     inserisciAgente(QStringLiteral("A001"));
@@ -243,27 +207,6 @@ TEST_F(GestioniCollegate, AFailingRegistryGivesTheHostBackToTheModule)
     EXPECT_EQ(testo(u"TXT_RAGSOANAG"), QStringLiteral("AGENTE A001"));
 }
 
-TEST_F(GestioniCollegate, TheDivisionalDataOpenForTheAgentOnViewAndGiveTheHostBack)
-{
-    inserisciAgente(QStringLiteral("A001"));
-    apri();
-    controllo<controls::Field>(u"TXT_AGENTE").setText(QStringLiteral("A001  "));
-    modulo->setIsActive(false);
-    host->setActiveModule(nullptr);
-
-    ASSERT_TRUE(controllo<controls::MenuButton>(u"CMD_GESTCOLL")
-                    .clickItem(QStringLiteral("Key_DatiDivisionali")));
-
-    ASSERT_FALSE(prompts.history().isEmpty());
-    const services::PromptRecord& gestione = prompts.history().last();
-    EXPECT_EQ(gestione.kind, services::PromptKind::Management);
-    EXPECT_EQ(gestione.text, QStringLiteral("Dati divisionali"));
-    EXPECT_EQ(gestione.details, QStringLiteral("3, A001  "));
-    EXPECT_EQ(collegate().datiDivisionali(), nullptr);
-    EXPECT_TRUE(modulo->IsActive());
-    EXPECT_EQ(host->activeModule(), modulo.get());
-}
-
 TEST_F(GestioniCollegate, ADivisionalDataFailureIsReportedWithAChoice)
 {
     inserisciAgente(QStringLiteral("A001"));
@@ -279,16 +222,6 @@ TEST_F(GestioniCollegate, ADivisionalDataFailureIsReportedWithAChoice)
     EXPECT_EQ(prompts.history().first().kind, services::PromptKind::Report);
     EXPECT_TRUE(prompts.history().first().text.contains(
         QStringLiteral("Procedura: Invoca_DatiDivisionali")));
-}
-
-TEST_F(GestioniCollegate, TheDivisionalDataAreNotOfferedWhereTheCompanyKeepsNone)
-{
-    inserisciAgente(QStringLiteral("A001"), dittaSemplice);
-    apri({}, dittaSemplice);
-
-    EXPECT_FALSE(controllo<controls::MenuButton>(u"CMD_GESTCOLL")
-                     .clickItem(QStringLiteral("Key_DatiDivisionali")));
-    EXPECT_TRUE(prompts.history().isEmpty());
 }
 
 } // namespace

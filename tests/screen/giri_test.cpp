@@ -100,26 +100,6 @@ protected:
     qint64 altro = 0;
 };
 
-TEST_F(GiriTest, TheQuestionCarriesTheCaptionOfTheMomentAndShowingTheAgentAgainForgetsAnswers)
-{
-    apriSuAgente();
-    agenti::ControlloRigaGiro& controllo = giri().controllo();
-    schermata().setCaption(QStringLiteral("Agenti - ditta 1"));
-    controllo.memoria().DomandaCorrente = 1;
-    prompts.queue(services::PromptAnswer::question(services::QuestionAnswer::Sempre));
-    controllo.ShowFormMsgBox(QStringLiteral("Inserirlo comunque?"));
-
-    ASSERT_FALSE(prompts.history().isEmpty());
-    EXPECT_EQ(prompts.history().last().kind, services::PromptKind::Question);
-    EXPECT_EQ(prompts.history().last().title, QStringLiteral("Agenti - ditta 1"));
-    EXPECT_EQ(prompts.history().last().text, QStringLiteral("Inserirlo comunque?"));
-    EXPECT_TRUE(controllo.memoria().ricordatoSi(1));
-    EXPECT_TRUE(schermata().gIsNonRichiederePiu());
-
-    schermata().dettagli().ShowChild();
-    EXPECT_FALSE(controllo.memoria().ricordatoSi(1));
-}
-
 // The route argument is not looked at: any route of the agent counts, as stored.
 TEST_F(GiriTest, ACustomerIsPresentForTheAgentWithTheSameDestinationOnAnyRoute)
 {
@@ -165,21 +145,6 @@ TEST_F(GiriTest, ARowWithoutARouteOnViewIsRefusedAndOneWithoutACustomerPassesUnn
     EXPECT_TRUE(righe()->value(u"MG1I_PROGRESSIVO").isNull());
     EXPECT_TRUE(prompts.history().isEmpty());
     EXPECT_TRUE(istruzioni().isEmpty());
-}
-
-TEST_F(GiriTest, TheFirstCustomerOfAnEmptyRouteIsFirstAndTheNextAfterTheLast)
-{
-    apriSuAgente();
-    suGiro(QStringLiteral("G02"));
-    nuovoCliente(11);
-    ASSERT_TRUE(tappe().save());
-    nuovoCliente(12);
-    ASSERT_TRUE(tappe().save());
-    EXPECT_EQ(ordine(), (QStringList{QStringLiteral("11@1"), QStringLiteral("12@2")}));
-    righe()->moveFirst();
-    EXPECT_EQ(righe()->value(u"MG1I_GIRO_MG1H").toString(), QStringLiteral("G02"));
-    EXPECT_EQ(righe()->value(u"MG1I_IDAGENTE_MG17").toInt64(), agente);
-    EXPECT_EQ(righe()->value(u"MG1I_TIPOCF_CG44").toInt64(), 0);
 }
 
 // A row being entered moves up only once it is accepted; it never moves down.

@@ -75,13 +75,6 @@ protected:
             trovati << voce.code.toInt();
         return trovati;
     }
-    QList<int> daA(int primo, int ultimo)
-    {
-        QList<int> codici;
-        for (int codice = primo; codice <= ultimo; ++codice)
-            codici << codice;
-        return codici;
-    }
     QString descrizione(QStringView nome, int codice)
     {
         const controls::ComboBox& trovata = lista(nome);
@@ -93,63 +86,6 @@ protected:
     OggettiDiProva oggetti;
     ListeCodificate liste{schermata, oggetti};
 };
-
-TEST_F(ListeAgenti, FixedListsHoldTheirCodesInOrder)
-{
-    liste.CaricaCombo_CBO_REGPROV();
-    liste.CaricaCombo_CBO_INDPRIORCLIART();
-    liste.CaricaCombo_CBO_TIPOAGENTE();
-    liste.CaricaCombo_CBO_INDCALCSCMAG();
-    liste.CaricaCombo_CBO_INDBASEIMPSC();
-    liste.CaricaCombo_CBO_INDBASEIMPMAG();
-    liste.CaricaCombo_CBO_TIPOMAND();
-    liste.CaricaCombo_CBO_TIPORAPP();
-    liste.CaricaCombo_CBO_TIPOSOC();
-    liste.CaricaCombo_CBO_INDSTDISTENAS();
-    liste.CaricaCombo_CBO_INDTIPOLIQ();
-
-    EXPECT_EQ(codici(u"CBO_REGPROV"), daA(0, 15));
-    EXPECT_EQ(codici(u"CBO_INDPRIORCLIART"), daA(0, 1));
-    EXPECT_EQ(codici(u"CBO_TIPOAGENTE"), daA(0, 2));
-    EXPECT_EQ(codici(u"CBO_INDCALCSCMAG"), daA(0, 2));
-    EXPECT_EQ(codici(u"CBO_INDBASEIMPSC"), daA(0, 3));
-    EXPECT_EQ(codici(u"CBO_INDBASEIMPMAG"), daA(0, 3));
-    EXPECT_EQ(codici(u"CBO_TIPOMAND"), daA(0, 1));
-    EXPECT_EQ(codici(u"CBO_TIPORAPP"), daA(0, 2));
-    EXPECT_EQ(codici(u"CBO_TIPOSOC"), daA(0, 2));
-    EXPECT_EQ(codici(u"CBO_INDSTDISTENAS"), daA(0, 1));
-    EXPECT_EQ(codici(u"CBO_INDTIPOLIQ"), daA(0, 3));
-
-    EXPECT_EQ(descrizione(u"CBO_REGPROV", 10),
-              QStringLiteral("% da listino utilizzato: provv. list. + scagl. di sc./magg."));
-    EXPECT_EQ(descrizione(u"CBO_INDPRIORCLIART", 1),
-              QStringLiteral("Prima regime articolo e poi cliente"));
-    EXPECT_EQ(descrizione(u"CBO_TIPOAGENTE", 2), QStringLiteral("Capo area"));
-    EXPECT_EQ(descrizione(u"CBO_INDBASEIMPMAG", 3),
-              QStringLiteral("Impor. provv. calcolato prima dell'adeguamento"));
-    EXPECT_EQ(descrizione(u"CBO_TIPOSOC", 2), QStringLiteral("Soc. di persona"));
-    EXPECT_EQ(descrizione(u"CBO_INDTIPOLIQ", 3), QStringLiteral("Per pagato"));
-}
-
-TEST_F(ListeAgenti, PaymentTypesAreCodedOneToSixteenAndNinetyNine)
-{
-    liste.CaricaCombo_CBO_TIPOEFF();
-    EXPECT_EQ(codici(u"CBO_TIPOEFF"), daA(1, 16) + QList<int>{99});
-    EXPECT_EQ(descrizione(u"CBO_TIPOEFF", 1), QStringLiteral("Contanti"));
-    EXPECT_EQ(descrizione(u"CBO_TIPOEFF", 16), QStringLiteral("MAV"));
-    EXPECT_EQ(descrizione(u"CBO_TIPOEFF", 99), QStringLiteral("Solo descrittivo"));
-    EXPECT_EQ(descrizione(u"CBO_TIPOEFF", 17), QStringLiteral("<none>"));
-    EXPECT_EQ(descrizione(u"CBO_TIPOEFF", 0), QStringLiteral("<none>"));
-}
-
-TEST_F(ListeAgenti, FixedPriceListKindsHaveAnEmptyItemAndNoItemZero)
-{
-    liste.CaricaCombo_CBO_INDTIPOLISFIX();
-    EXPECT_EQ(codici(u"CBO_INDTIPOLISFIX"), QList<int>{-1} + daA(1, 29));
-    EXPECT_EQ(descrizione(u"CBO_INDTIPOLISFIX", -1), QString());
-    EXPECT_EQ(descrizione(u"CBO_INDTIPOLISFIX", 27), QStringLiteral("Listini con più articoli"));
-    EXPECT_EQ(descrizione(u"CBO_INDTIPOLISFIX", 0), QStringLiteral("<none>"));
-}
 
 TEST_F(ListeAgenti, IdentifierListsOfferWhatTheirAvailabilityAllows)
 {
@@ -180,21 +116,6 @@ TEST_F(ListeAgenti, ReloadingAnIdentifierListReplacesItsItems)
     EXPECT_EQ(codici(u"CBO_IDENTIFRIGA"), (QList<int>{-1, 0}));
 }
 
-TEST_F(ListeAgenti, DocumentPrintModesLeaveOutTheRowAtTheUpperBound)
-{
-    oggetti.tabella = QList<QStringList>{{QStringLiteral("Carta"), QStringLiteral("0")},
-                                         {QStringLiteral("Posta"), QStringLiteral("1")},
-                                         {QStringLiteral("Entrambi"), QStringLiteral("2")},
-                                         {QStringLiteral("Chiusura"), QStringLiteral("3")}};
-    liste.CaricaCombo_CBO_INDPREFSTDOC();
-
-    const QList<controls::ComboBox::Item>& voci = lista(u"CBO_INDPREFSTDOC").items();
-    ASSERT_EQ(voci.size(), 3);
-    EXPECT_EQ(voci.at(2).caption, QStringLiteral("Entrambi"));
-    EXPECT_EQ(voci.at(2).code, db::Value(QStringLiteral("2")));
-    EXPECT_EQ(voci.at(2).code.kind(), db::Value::Kind::Text);
-}
-
 TEST_F(ListeAgenti, AnEmptyTableOfPrintModesLeavesTheListEmpty)
 {
     liste.CaricaCombo_CBO_INDPREFSTDOC();
@@ -214,16 +135,6 @@ TEST_F(ListeAgenti, APrintModeRowWithoutACodeEndsTheLoadKeepingTheItemsBefore)
     oggetti.tabella.reset();
     EXPECT_NO_THROW(liste.CaricaCombo_CBO_INDPREFSTDOC());
     EXPECT_EQ(lista(u"CBO_INDPREFSTDOC").count(), 1);
-}
-
-TEST_F(ListeAgenti, PaymentTypeNamesAreSeventeenWithSoloDescrittivoLast)
-{
-    const QStringList nomi = agenti::StringaTipiEffetti().split(u'|');
-    ASSERT_EQ(nomi.size(), 17);
-    EXPECT_EQ(nomi.first(), QStringLiteral("Contanti"));
-    EXPECT_EQ(nomi.at(14), QStringLiteral("C/c postale"));
-    EXPECT_EQ(agenti::codiceTipoEffetto(16), 99);
-    EXPECT_EQ(agenti::codiceTipoEffetto(0), 1);
 }
 
 } // namespace

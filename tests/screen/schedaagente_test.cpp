@@ -37,26 +37,6 @@ protected:
         return controllo<controls::ComboBox>(nome);
     }
     db::Value riga(const QString& colonna) const { return agente().recordset()->value(colonna); }
-    QStringList messaggi() const
-    {
-        QStringList testi;
-        for (const services::PromptRecord& prompt : prompts.history())
-            testi << prompt.text;
-        return testi;
-    }
-    // A partner row held by the partners frame and not saved yet.
-    void socioInSospeso(int codice, const char* quota)
-    {
-        const db::RecordsetPtr soci = gestione(FRMMG_AGENTI::Soci).recordset();
-        soci->addNew();
-        soci->setValue(u"MG18_DITTA_CG18", dittaDivisionale);
-        soci->setValue(u"MG18_IDAGENTE_MG17", id);
-        soci->setValue(u"MG18_CODSOCIO", codice);
-        soci->setValue(u"MG18_NOMECOGN", QStringLiteral("SOCIO %1").arg(codice));
-        soci->setValue(u"MG18_PERQUOTA", *db::Decimal::parse(QString::fromLatin1(quota)));
-        soci->update();
-        gestione(FRMMG_AGENTI::Soci).setChangeFlag(true);
-    }
     // A change of the header, so that the save has something to write.
     void cambiaProvvigione(const QString& percentuale)
     {
@@ -65,35 +45,6 @@ protected:
 
     qint64 id = 0;
 };
-
-// The unbound fields are written into the row before the frame gives up on a name no
-// registry entry has: a later save must find them there, and nothing reaches the database.
-TEST_F(SchedaAgenteTest, ARegistryNameNotFoundRefusesTheSaveAfterWritingTheUnboundValues)
-{
-    lista(u"CBO_INDTIPOLISFIX").setValue(3);
-    campo(u"TXT_NUMLISTFIX").setText(QStringLiteral("12"));
-    lista(u"CBO_IDENTIFTAB").setValue(1);
-    lista(u"CBO_IDENTIFRIGA").setValue(-1);
-    lista(u"CBO_IDENTIFCOL").setValue(0);
-    campo(u"TXT_RAGSOANAG").setText(QStringLiteral("NESSUNO TALE"));
-    const qsizetype promptPrima = prompts.history().size();
-
-    EXPECT_FALSE(agente().save());
-
-    EXPECT_FALSE(campo(u"TXT_RAGSOANAG").isValid());
-    EXPECT_EQ(prompts.history().size(), promptPrima) << messaggi().join(u'\n').toStdString();
-    EXPECT_EQ(riga(QStringLiteral("MG17_INDTIPOLISFIX")), db::Value(3));
-    EXPECT_EQ(riga(QStringLiteral("MG17_NUMLISFIX")), db::Value(12));
-    EXPECT_EQ(riga(QStringLiteral("MG17_IDENTIFTAB")), db::Value(1));
-    EXPECT_TRUE(riga(QStringLiteral("MG17_IDENTIFRIGA")).isNull());
-    EXPECT_EQ(riga(QStringLiteral("MG17_IDENTIFCOL")), db::Value(0));
-    EXPECT_NE(db().query(QStringLiteral("SELECT MG17_INDTIPOLISFIX FROM MG17_AGENTI"))
-                  .rows.first()
-                  .first(),
-              db::Value(3))
-        << "the refused row reached the database";
-    EXPECT_EQ(campo(u"TXT_RAGSOANAG").text(), QStringLiteral("NESSUNO TALE"));
-}
 
 // The list "-1" stands for no fixed price list: it must be stored as Null, not as -1.
 TEST_F(SchedaAgenteTest, TheUnboundValuesAreSavedAndShownBack)
@@ -119,28 +70,6 @@ TEST_F(SchedaAgenteTest, TheUnboundValuesAreSavedAndShownBack)
     EXPECT_EQ(lista(u"CBO_IDENTIFRIGA").text(), QStringLiteral("2"));
     EXPECT_EQ(lista(u"CBO_IDENTIFTAB").text(), QStringLiteral("-1"));
     EXPECT_FALSE(agente().secondChangeFlag()) << "showing the row is not a change";
-}
-
-// The warning is for a total above 100 only, and it never stops the save.
-TEST_F(SchedaAgenteTest, PartnersSharesAboveOneHundredWarnWithoutRefusing)
-{
-    socioInSospeso(1, "60");
-    socioInSospeso(2, "40");
-    cambiaProvvigione(QStringLiteral("4"));
-    EXPECT_TRUE(agente().save());
-    EXPECT_FALSE(messaggi().contains(QuoteOltreCento));
-
-    socioInSospeso(3, "0.001");
-    cambiaProvvigione(QStringLiteral("5"));
-    EXPECT_TRUE(agente().save());
-    ASSERT_TRUE(messaggi().contains(QuoteOltreCento)) << messaggi().join(u'\n').toStdString();
-    const services::PromptRecord& avviso =
-        prompts.history().at(messaggi().indexOf(QuoteOltreCento));
-    EXPECT_EQ(avviso.style, host::Exclamation);
-    EXPECT_EQ(avviso.title, QStringLiteral("Attenzione"));
-    EXPECT_EQ(
-        db().query(QStringLiteral("SELECT MG17_PERPROV FROM MG17_AGENTI")).rows.first().first(),
-        db::Value(5));
 }
 
 // Reason 7 is the frame showing again the row it just saved: the detail grids hold what they
@@ -181,21 +110,6 @@ TEST_F(SchedaAgenteTest, IsRecordChangedAddsTheDetailsChanges)
     EXPECT_TRUE(dettaglio.fbol_isRecordChanged);
 }
 
-// The code shown for the reference agent follows the id the row holds.
-TEST_F(SchedaAgenteTest, TheReferenceCodeFollowsTheReferenceId)
-{
-    const qint64 capo = inserisciAgente(QStringLiteral("C'01"));
-    campo(u"TXT_AGERIF").setText(QString::number(capo));
-    agente().refreshState();
-    EXPECT_EQ(campo(u"TXT_AGERIFVIDEO1").text(), QStringLiteral("C'01"));
-    EXPECT_EQ(schermata().scheda().UltimoIdAgeRif(), capo);
-
-    campo(u"TXT_AGERIF").setText(QStringLiteral("0"));
-    agente().refreshState();
-    EXPECT_EQ(campo(u"TXT_AGERIFVIDEO1").text(), QString());
-    EXPECT_EQ(schermata().scheda().UltimoIdAgeRif(), 0);
-}
-
 // Undo reloads the partners and tells whether one more may be added.
 TEST_F(SchedaAgenteTest, UndoRecountsWhetherAPartnerMayBeAdded)
 {
@@ -218,51 +132,6 @@ TEST_F(SchedaAgenteTest, UndoRecountsWhetherAPartnerMayBeAdded)
     cambiaProvvigione(QStringLiteral("8"));
     ASSERT_TRUE(agente().undo());
     EXPECT_TRUE(navigatore.isAvailable(controls::NavigatorKey::New));
-}
-
-// A new agent has no id until its row is written: the detail rows held for it, the route
-// detail's too, get it after the insert and are saved with it, each frame its own rows only.
-TEST_F(SchedaAgenteTest, ANewAgentsDetailRowsGetItsIdWhenItIsSaved)
-{
-    db().run(QStringLiteral("INSERT INTO MG1I_DETTAGLIOGIRI (MG1I_DITTA_CG18, MG1I_IDAGENTE_MG17, "
-                            "MG1I_GIRO_MG1H, MG1I_PROGRESSIVO, MG1I_CLIFOR_CG44) VALUES (1, ?, "
-                            "'G01', 1, 11)"),
-             {id});
-    ASSERT_TRUE(agente().addNew());
-    campo(u"TXT_AGENTE").setText(QStringLiteral("N001"));
-    campo(u"TXT_RAGSOANAG").setText(QStringLiteral("AGENTE A001"));
-    const db::RecordsetPtr giri = gestione(FRMMG_AGENTI::DettaglioGiri).recordset();
-    giri->addNew();
-    giri->setValue(u"MG1I_DITTA_CG18", dittaDivisionale);
-    giri->setValue(u"MG1I_GIRO_MG1H", QStringLiteral("G01"));
-    giri->setValue(u"MG1I_PROGRESSIVO", 1);
-    giri->setValue(u"MG1I_CLIFOR_CG44", 10);
-    giri->update();
-    gestione(FRMMG_AGENTI::DettaglioGiri).setChangeFlag(true);
-    socioInSospeso(1, "50");
-    const db::RecordsetPtr soci = gestione(FRMMG_AGENTI::Soci).recordset();
-    soci->setValue(u"MG18_IDAGENTE_MG17", db::Value::null());
-    soci->update();
-
-    ASSERT_TRUE(agente().save()) << messaggi().join(u'\n').toStdString();
-
-    const qint64 nuovo = riga(QStringLiteral("MG17_IDAGENTE")).toInt64();
-    ASSERT_NE(nuovo, id);
-    EXPECT_EQ(db().query(QStringLiteral("SELECT MG1I_IDAGENTE_MG17 FROM MG1I_DETTAGLIOGIRI "
-                                        "WHERE MG1I_CLIFOR_CG44 = 10"))
-                  .rows.value(0)
-                  .value(0),
-              db::Value(nuovo));
-    EXPECT_EQ(db().query(QStringLiteral("SELECT MG18_IDAGENTE_MG17 FROM MG18_AGENTISOCI"))
-                  .rows.value(0)
-                  .value(0),
-              db::Value(nuovo));
-    EXPECT_EQ(db().query(QStringLiteral("SELECT MG1I_IDAGENTE_MG17 FROM MG1I_DETTAGLIOGIRI "
-                                        "WHERE MG1I_CLIFOR_CG44 = 11"))
-                  .rows.value(0)
-                  .value(0),
-              db::Value(id))
-        << "another agent's route row was taken over";
 }
 
 // A new agent starts with nothing below it: the details are locked and their navigators off
@@ -366,21 +235,6 @@ TEST_F(SchedaAgenteTest, AfterAReferenceIsValidatedEverySaveRebuildsTheTree)
     cambiaProvvigione(QStringLiteral("3"));
     ASSERT_TRUE(agente().save());
     EXPECT_TRUE(alberoRicostruito());
-}
-
-// Only the reference-agent column protects an agent from deletion.
-TEST_F(SchedaAgenteTest, OnlyAReferenceAgentHasChildren)
-{
-    db().run(QStringLiteral("UPDATE MG17_AGENTI SET MG17_IDCAPOAREA_MG17 = ?, "
-                            "MG17_IDCAPOZONA_MG17 = ?"),
-             {id, id});
-    inserisciAgente(QStringLiteral("A002"), dittaDivisionale, 0);
-    agenti::SchedaAgente& scheda = schermata().scheda();
-    EXPECT_FALSE(scheda.Esistefiglio(qint32(id)));
-    inserisciAgente(QStringLiteral("A009"), dittaSemplice, id);
-    EXPECT_FALSE(scheda.Esistefiglio(qint32(id))) << "another company's agent";
-    inserisciAgente(QStringLiteral("A003"), dittaDivisionale, id);
-    EXPECT_TRUE(scheda.Esistefiglio(qint32(id)));
 }
 
 TEST_F(SchedaAgenteTest, DocumentsOfAnyOfTheFiveTablesMakeTheAgentUsed)
