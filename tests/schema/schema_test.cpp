@@ -129,25 +129,6 @@ TEST(SchemaDeclaration, DeclaredTypesReadBackAsTheColumnKinds)
     }
 }
 
-TEST(SchemaDeclaration, EveryTableTheModuleNamesIsDeclared)
-{
-    for (const char* name :
-         {"MG17_AGENTI",          "MG18_AGENTISOCI",   "MG16_AGENTIMAT",    "MG34_AGENTITV",
-          "MG1I_DETTAGLIOGIRI",   "MG1H_GIRI",         "MG1C_CLIFORAGEMUL", "CO1C_ENTITADIV",
-          "CO1G_DETTAGENTE",      "CG16_ANAGGEN",      "CG44_CLIFOR",       "PA10_PROVSCANAG",
-          "LP09_TESTATAPRIORITA", "MG58_DEPOSITI",     "CG68_NUMERDESC",    "DO21_DOCTESTAPROV",
-          "DO29_DOCTESAGENTI",    "DO32_DOCCORPOPROV", "CT05_CATESTA",      "CT06_CACORPO",
-          "CG18_DITTE",           "CG99_MULTIMEDIA",   "MG22_DESTINATARI",  "MG1P_TIPOLOGIEAGENTI"})
-        EXPECT_NE(schema().table(QString::fromLatin1(name)), nullptr) << name;
-    for (int level = 1; level <= 9; ++level) {
-        const QString prefix = QStringLiteral("MGL%1_").arg(level);
-        bool found = false;
-        for (const TableDef& table : schema().tables())
-            found = found || table.name.startsWith(prefix);
-        EXPECT_TRUE(found) << prefix.toStdString();
-    }
-}
-
 // To regenerate the checked-in files after a change of the declaration, run this test with
 // TARVELLO_WRITE_SCHEMA=1 in the environment.
 TEST(SchemaScripts, CheckedInFilesEqualTheGeneratedDdl)
