@@ -44,7 +44,7 @@ protected:
 
 } // namespace
 
-TEST_F(ErrorStyles, IgnoreSkipsTheFailingStepAndGoesOn)
+TEST_F(ErrorStyles, IgnoreSkipsTheFailingStepAndAStepCanLeave)
 {
     const Outcome outcome = ignoreEachStep({
         [&] { done << "1"; },
@@ -57,16 +57,14 @@ TEST_F(ErrorStyles, IgnoreSkipsTheFailingStepAndGoesOn)
     EXPECT_EQ(outcome, Outcome::Completed);
     EXPECT_EQ(done, QStringList({"1", "3"}));
     EXPECT_TRUE(prompts.history().isEmpty());
-}
 
-TEST_F(ErrorStyles, AStepCanLeaveTheProcedure)
-{
-    const Outcome outcome = ignoreEachStep({
+    done.clear();
+    const Outcome left = ignoreEachStep({
         [&] { done << "1"; },
         [&] { return done.size() == 1 ? Flow::Leave : Flow::Next; },
         [&] { done << "3"; },
     });
-    EXPECT_EQ(outcome, Outcome::Left);
+    EXPECT_EQ(left, Outcome::Left);
     EXPECT_EQ(done, QStringList({"1"}));
 }
 
@@ -99,7 +97,7 @@ TEST_F(ErrorStyles, RetryRunsTheFailingStepAgainAndReportsEachFailure)
     EXPECT_EQ(prompts.history().size(), 2);
 }
 
-TEST_F(ErrorStyles, IgnoreAnswerGoesOnWithTheNextStep)
+TEST_F(ErrorStyles, IgnoreAnswerGoesOnWithTheNextStepAndAbortLeaves)
 {
     answer({host::Ignore});
     const Outcome outcome = reportWithChoice(reporter, QStringLiteral("Form_Activate"),
@@ -112,18 +110,17 @@ TEST_F(ErrorStyles, IgnoreAnswerGoesOnWithTheNextStep)
                                              });
     EXPECT_EQ(outcome, Outcome::Completed);
     EXPECT_EQ(done, QStringList({"next"}));
-}
 
-TEST_F(ErrorStyles, AbortLeavesKeepingWhatWasDone)
-{
+    // Abort leaves, keeping what was done.
+    done.clear();
     answer({host::Abort});
-    const Outcome outcome = reportWithChoice(reporter, QStringLiteral("ImpostaElencoGiri"),
-                                             {
-                                                 [&] { done << "kept"; },
-                                                 [&] { throw failure(); },
-                                                 [&] { done << "never"; },
-                                             });
-    EXPECT_EQ(outcome, Outcome::Abandoned);
+    const Outcome abandoned = reportWithChoice(reporter, QStringLiteral("ImpostaElencoGiri"),
+                                               {
+                                                   [&] { done << "kept"; },
+                                                   [&] { throw failure(); },
+                                                   [&] { done << "never"; },
+                                               });
+    EXPECT_EQ(abandoned, Outcome::Abandoned);
     EXPECT_EQ(done, QStringList({"kept"}));
 }
 
@@ -178,7 +175,7 @@ TEST_F(ErrorStyles, AReportWithoutALogFailsToTheCaller)
     }
 }
 
-TEST_F(ErrorStyles, ModuleErrorAnsweredOneAbandons)
+TEST_F(ErrorStyles, ModuleErrorAnsweredOneAbandonsAndOtherwiseGoesOn)
 {
     answer({host::Ok});
     const Outcome outcome =
@@ -194,17 +191,16 @@ TEST_F(ErrorStyles, ModuleErrorAnsweredOneAbandons)
     EXPECT_EQ(shown.title, QStringLiteral("MDLMG_AGENTI"));
     EXPECT_TRUE(
         shown.text.contains(QStringLiteral("FRMMG_FME_GestAnagrafica1.Form_Load (0_0_0_0)")));
-}
 
-TEST_F(ErrorStyles, ModuleErrorAnsweredOtherwiseGoesOnAfterTheFailingStep)
-{
+    // Any other answer goes on after the failing step.
+    done.clear();
     answer({host::Cancel});
-    const Outcome outcome = reportModuleError(reporter, QStringLiteral("TXT_CLIENTE_LostFocus"),
-                                              {
-                                                  [] { throw failure(); },
-                                                  [&] { done << "next"; },
-                                              });
-    EXPECT_EQ(outcome, Outcome::Completed);
+    const Outcome goneOn = reportModuleError(reporter, QStringLiteral("TXT_CLIENTE_LostFocus"),
+                                             {
+                                                 [] { throw failure(); },
+                                                 [&] { done << "next"; },
+                                             });
+    EXPECT_EQ(goneOn, Outcome::Completed);
     EXPECT_EQ(done, QStringList({"next"}));
 }
 
