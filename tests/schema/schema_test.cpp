@@ -20,18 +20,6 @@ QString prefixOf(const TableDef& table)
     return table.name.section(u'_', 0, 0);
 }
 
-bool keyOrIndexStartsWith(const TableDef& table, const QStringList& columns)
-{
-    QList<QStringList> candidates{table.primaryKey};
-    for (const IndexDef& index : table.indexes)
-        candidates << index.columns;
-    for (const QStringList& candidate : candidates) {
-        if (candidate.mid(0, columns.size()) == columns)
-            return true;
-    }
-    return false;
-}
-
 QString schemaFile(Dialect dialect)
 {
     return QDir(QStringLiteral(TARVELLO_SCHEMA_DIR)).filePath(schemaScriptFileName(dialect));
@@ -87,33 +75,6 @@ TEST(SchemaDeclaration, AgentsAndTheirDetailRowsHaveDatabaseAssignedKeys)
         EXPECT_EQ(table->primaryKey, QStringList{table->identityColumn()}) << name;
     }
     EXPECT_EQ(schema().table(u"MG17_AGENTI")->identityColumn(), QStringLiteral("MG17_IDAGENTE"));
-}
-
-TEST(SchemaDeclaration, CompanyAndAgentFiltersHaveAnIndexLeadingWithTheCompany)
-{
-    QStringList withoutCompany;
-    for (const TableDef& table : schema().tables()) {
-        const QString prefix = prefixOf(table);
-        const QString company = prefix + QStringLiteral("_DITTA_CG18");
-        const QString agent = prefix + QStringLiteral("_IDAGENTE_MG17");
-        if (!table.column(company)) {
-            withoutCompany << table.name;
-            continue;
-        }
-        EXPECT_TRUE(keyOrIndexStartsWith(table, {company})) << table.name.toStdString();
-        if (!table.column(agent))
-            continue;
-        bool both = false;
-        QList<QStringList> candidates{table.primaryKey};
-        for (const IndexDef& index : table.indexes)
-            candidates << index.columns;
-        for (const QStringList& candidate : candidates)
-            both = both || (candidate.first() == company && candidate.contains(agent));
-        EXPECT_TRUE(both) << table.name.toStdString();
-    }
-    // Shared by all companies, or reached through a company-owned row.
-    EXPECT_EQ(withoutCompany, QStringList({"CG18_DITTE", "CG16_ANAGGEN", "CG99_MULTIMEDIA",
-                                           "LP09_TESTATAPRIORITA", "CO1G_DETTAGENTE"}));
 }
 
 TEST(SchemaDeclaration, DeclaredTypesReadBackAsTheColumnKinds)
