@@ -2,7 +2,6 @@
 #include "platform/services/scriptedprompts.h"
 #include "src/common/errorreporter.h"
 #include "src/common/errorstyles.h"
-#include "support/testdatabase.h"
 
 #include <gtest/gtest.h>
 #include <stdexcept>
@@ -149,17 +148,6 @@ TEST_F(ErrorStyles, TheReportShowsTheScreenTitleOfTheMomentOfTheError)
     screenTitle = QStringLiteral("Agenti - ditta 2");
     reportWithChoice(reporter, QStringLiteral("Form_Activate"), {[] { throw failure(); }});
     EXPECT_TRUE(prompts.history().first().text.contains(QStringLiteral("Agenti - ditta 2")));
-}
-
-TEST_F(ErrorStyles, TheReportCarriesTheDatabaseErrorsOfTheConnection)
-{
-    test::TestDatabase database(test::databaseTargets().front());
-    reporter.setConnection(&database.connection());
-    answer({host::Ignore});
-    reportWithChoice(
-        reporter, QStringLiteral("Refresh_VF_MG1H"),
-        {[&] { database.connection().execute(QStringLiteral("SELECT * FROM NO_SUCH_TABLE")); }});
-    EXPECT_TRUE(prompts.history().first().text.contains(QStringLiteral("Errore del database")));
 }
 
 // The reporting procedure has no trap of its own: without a log the failure goes on to the
