@@ -2,7 +2,6 @@
 #include "platform/services/scriptedprompts.h"
 #include "src/common/errorreporter.h"
 #include "src/common/errorstyles.h"
-#include "support/testdatabase.h"
 
 #include <gtest/gtest.h>
 #include <stdexcept>
@@ -44,7 +43,7 @@ protected:
 
 } // namespace
 
-TEST_F(ErrorStyles, IgnoreSkipsTheFailingStepAndGoesOn)
+TEST_F(ErrorStyles, IgnoreSkipsTheFailingStepAndAStepCanLeave)
 {
     const Outcome outcome = ignoreEachStep({
         [&] { done << "1"; },
@@ -57,16 +56,14 @@ TEST_F(ErrorStyles, IgnoreSkipsTheFailingStepAndGoesOn)
     EXPECT_EQ(outcome, Outcome::Completed);
     EXPECT_EQ(done, QStringList({"1", "3"}));
     EXPECT_TRUE(prompts.history().isEmpty());
-}
 
-TEST_F(ErrorStyles, AStepCanLeaveTheProcedure)
-{
-    const Outcome outcome = ignoreEachStep({
+    done.clear();
+    const Outcome left = ignoreEachStep({
         [&] { done << "1"; },
         [&] { return done.size() == 1 ? Flow::Leave : Flow::Next; },
         [&] { done << "3"; },
     });
-    EXPECT_EQ(outcome, Outcome::Left);
+    EXPECT_EQ(left, Outcome::Left);
     EXPECT_EQ(done, QStringList({"1"}));
 }
 
@@ -99,7 +96,7 @@ TEST_F(ErrorStyles, RetryRunsTheFailingStepAgainAndReportsEachFailure)
     EXPECT_EQ(prompts.history().size(), 2);
 }
 
-TEST_F(ErrorStyles, IgnoreAnswerGoesOnWithTheNextStep)
+TEST_F(ErrorStyles, IgnoreAnswerGoesOnWithTheNextStepAndAbortLeaves)
 {
     answer({host::Ignore});
     const Outcome outcome = reportWithChoice(reporter, QStringLiteral("Form_Activate"),
@@ -112,18 +109,17 @@ TEST_F(ErrorStyles, IgnoreAnswerGoesOnWithTheNextStep)
                                              });
     EXPECT_EQ(outcome, Outcome::Completed);
     EXPECT_EQ(done, QStringList({"next"}));
-}
 
-TEST_F(ErrorStyles, AbortLeavesKeepingWhatWasDone)
-{
+    // Abort leaves, keeping what was done.
+    done.clear();
     answer({host::Abort});
-    const Outcome outcome = reportWithChoice(reporter, QStringLiteral("ImpostaElencoGiri"),
-                                             {
-                                                 [&] { done << "kept"; },
-                                                 [&] { throw failure(); },
-                                                 [&] { done << "never"; },
-                                             });
-    EXPECT_EQ(outcome, Outcome::Abandoned);
+    const Outcome abandoned = reportWithChoice(reporter, QStringLiteral("ImpostaElencoGiri"),
+                                               {
+                                                   [&] { done << "kept"; },
+                                                   [&] { throw failure(); },
+                                                   [&] { done << "never"; },
+                                               });
+    EXPECT_EQ(abandoned, Outcome::Abandoned);
     EXPECT_EQ(done, QStringList({"kept"}));
 }
 
@@ -154,17 +150,6 @@ TEST_F(ErrorStyles, TheReportShowsTheScreenTitleOfTheMomentOfTheError)
     EXPECT_TRUE(prompts.history().first().text.contains(QStringLiteral("Agenti - ditta 2")));
 }
 
-TEST_F(ErrorStyles, TheReportCarriesTheDatabaseErrorsOfTheConnection)
-{
-    test::TestDatabase database(test::databaseTargets().front());
-    reporter.setConnection(&database.connection());
-    answer({host::Ignore});
-    reportWithChoice(
-        reporter, QStringLiteral("Refresh_VF_MG1H"),
-        {[&] { database.connection().execute(QStringLiteral("SELECT * FROM NO_SUCH_TABLE")); }});
-    EXPECT_TRUE(prompts.history().first().text.contains(QStringLiteral("Errore del database")));
-}
-
 // The reporting procedure has no trap of its own: without a log the failure goes on to the
 // procedure's caller instead of being swallowed or retried forever.
 TEST_F(ErrorStyles, AReportWithoutALogFailsToTheCaller)
@@ -178,7 +163,7 @@ TEST_F(ErrorStyles, AReportWithoutALogFailsToTheCaller)
     }
 }
 
-TEST_F(ErrorStyles, ModuleErrorAnsweredOneAbandons)
+TEST_F(ErrorStyles, ModuleErrorAnsweredOneAbandonsAndOtherwiseGoesOn)
 {
     answer({host::Ok});
     const Outcome outcome =
@@ -194,17 +179,16 @@ TEST_F(ErrorStyles, ModuleErrorAnsweredOneAbandons)
     EXPECT_EQ(shown.title, QStringLiteral("MDLMG_AGENTI"));
     EXPECT_TRUE(
         shown.text.contains(QStringLiteral("FRMMG_FME_GestAnagrafica1.Form_Load (0_0_0_0)")));
-}
 
-TEST_F(ErrorStyles, ModuleErrorAnsweredOtherwiseGoesOnAfterTheFailingStep)
-{
+    // Any other answer goes on after the failing step.
+    done.clear();
     answer({host::Cancel});
-    const Outcome outcome = reportModuleError(reporter, QStringLiteral("TXT_CLIENTE_LostFocus"),
-                                              {
-                                                  [] { throw failure(); },
-                                                  [&] { done << "next"; },
-                                              });
-    EXPECT_EQ(outcome, Outcome::Completed);
+    const Outcome goneOn = reportModuleError(reporter, QStringLiteral("TXT_CLIENTE_LostFocus"),
+                                             {
+                                                 [] { throw failure(); },
+                                                 [&] { done << "next"; },
+                                             });
+    EXPECT_EQ(goneOn, Outcome::Completed);
     EXPECT_EQ(done, QStringList({"next"}));
 }
 

@@ -42,9 +42,9 @@ MemoriaRisposte::Esito mai()
     return {false, true};
 }
 
-TEST(MemoriaRisposte, EveryEntryStartsAsYesNotRemembered)
+TEST(MemoriaRisposte, EveryEntryStartsAsYesAndAQuestionOutsideTheThreeChangesNothing)
 {
-    const MemoriaRisposte memoria;
+    MemoriaRisposte memoria;
     for (short voce = 1; voce <= MemoriaRisposte::Voci; ++voce) {
         EXPECT_TRUE(memoria.voce(voce).Risposta);
         EXPECT_FALSE(memoria.voce(voce).Sempre);
@@ -52,6 +52,16 @@ TEST(MemoriaRisposte, EveryEntryStartsAsYesNotRemembered)
     }
     EXPECT_THROW(memoria.voce(0), std::out_of_range);
     EXPECT_THROW(memoria.voce(4), std::out_of_range);
+
+    DialogoFinto finto;
+    finto.esito = mai();
+    for (short domanda : {0, 4, -1}) {
+        memoria.DomandaCorrente = domanda;
+        memoria.ShowFormMsgBox(QStringLiteral("?"), finto.dialogo());
+    }
+    EXPECT_EQ(finto.mostrato, 0);
+    for (short voce = 1; voce <= MemoriaRisposte::Voci; ++voce)
+        EXPECT_TRUE(memoria.voce(voce).Risposta && !memoria.voce(voce).Sempre);
 }
 
 // "&Si" and "&No" are asked again each time; the answer is the latest one given.
@@ -101,20 +111,6 @@ TEST(MemoriaRisposte, AnAnswerGivenAlwaysIsKeptWithoutAskingUntilTheReset)
     EXPECT_TRUE(memoria.voce(3).Risposta);
     memoria.ShowFormMsgBox(QStringLiteral("dopo l'azzeramento"), finto.dialogo());
     EXPECT_EQ(finto.mostrato, 3);
-}
-
-TEST(MemoriaRisposte, AQuestionOutsideTheThreeEntriesAsksNothingAndChangesNothing)
-{
-    MemoriaRisposte memoria;
-    DialogoFinto finto;
-    finto.esito = mai();
-    for (short domanda : {0, 4, -1}) {
-        memoria.DomandaCorrente = domanda;
-        memoria.ShowFormMsgBox(QStringLiteral("?"), finto.dialogo());
-    }
-    EXPECT_EQ(finto.mostrato, 0);
-    for (short voce = 1; voce <= MemoriaRisposte::Voci; ++voce)
-        EXPECT_TRUE(memoria.voce(voce).Risposta && !memoria.voce(voce).Sempre);
 }
 
 } // namespace

@@ -36,34 +36,26 @@ long errorNumberOf(const std::function<void()>& f)
 
 } // namespace
 
-TEST(RTrimN, BlankValuesGiveTheEmptyText)
+TEST(RTrimN, GivesBlanksAsTheEmptyTextAndRemovesOnlyTrailingBlanks)
 {
     for (const Value& blank : {Value(), Value::null(), Value("")}) {
         const Value trimmed = RTrimN(blank);
         EXPECT_EQ(trimmed.kind(), Value::Kind::Text) << blank.debugText().toStdString();
         EXPECT_EQ(trimmed.toString(), QString());
     }
-}
-
-TEST(RTrimN, RemovesOnlyTrailingBlanks)
-{
     EXPECT_EQ(RTrimN(Value("AB  ")), Value("AB"));
     EXPECT_EQ(RTrimN(Value("  AB ")), Value("  AB"));
     EXPECT_EQ(RTrimN(Value("A\t")), Value("A\t"));
     EXPECT_EQ(RTrimN(Value(42)), Value("42"));
 }
 
-TEST(CDecN, BlankValuesGiveZero)
+TEST(CDecN, GivesBlanksAsZeroAndReadsTextInTheCurrentLocale)
 {
     for (const Value& blank : {Value(), Value::null(), Value("")}) {
         const Value zero = CDecN(blank);
         EXPECT_EQ(zero.kind(), Value::Kind::Integer);
         EXPECT_EQ(zero, Value(0));
     }
-}
-
-TEST(CDecN, ReadsTextInTheCurrentLocale)
-{
     const LocaleScope scope(italian);
     EXPECT_EQ(CDecN(Value("12,5")), Value(Decimal::fromParts(125, 1)));
     EXPECT_EQ(CDecN(Value("12,5")).kind(), Value::Kind::Decimal);
@@ -80,15 +72,11 @@ TEST(CDecN, ReadsTheInvariantPointInAnyLocale)
     EXPECT_EQ(CDecN(Value("1,234.5")), Value(Decimal::fromParts(12345, 1)));
 }
 
-TEST(CDecN, KeepsNumbersExact)
+TEST(CDecN, KeepsNumbersExactAndRefusesTextThatIsNoNumber)
 {
     EXPECT_EQ(CDecN(Value(Decimal::fromParts(100001, 3))), Value(Decimal::fromParts(100001, 3)));
     EXPECT_EQ(CDecN(Value(3)), Value(3));
     EXPECT_EQ(CDecN(Value(true)), Value(-1));
-}
-
-TEST(CDecN, TextThatIsNoNumberRaisesATypeMismatch)
-{
     EXPECT_EQ(errorNumberOf([] { CDecN(Value("X")); }), db::RuntimeError::TypeMismatch);
     EXPECT_EQ(errorNumberOf([] { CDecN(Value("1;DROP TABLE MG17_AGENTI")); }),
               db::RuntimeError::TypeMismatch);
@@ -104,16 +92,12 @@ TEST(CNegUno, BlankValuesGiveMinusOne)
     EXPECT_EQ(errorNumberOf([] { CNegUno(Value("Agente")); }), db::RuntimeError::TypeMismatch);
 }
 
-TEST(NvlN, GivesTheDefaultForBlankValues)
+TEST(NvlN, GivesTheDefaultForBlankValuesOnlyAndTheValueUnchanged)
 {
     EXPECT_EQ(NvlN(Value(""), Value("-")), Value("-"));
     EXPECT_EQ(NvlN(Value("A"), Value("-")), Value("A"));
     EXPECT_EQ(NvlN(Value::null(), Value(0)), Value(0));
     EXPECT_EQ(NvlN(Value(), Value(0)), Value(0));
-}
-
-TEST(NvlN, ReturnsTheValueUnchanged)
-{
     EXPECT_EQ(NvlN(Value(0), Value(5)), Value(0));
     EXPECT_EQ(NvlN(Value(" "), Value("-")), Value(" "));
     const Value array(db::ValueList{1, 2});

@@ -53,18 +53,6 @@ TEST_P(ConnectionTest, AFailingStatementRaisesTheProviderErrorWithTheOriginalTex
     EXPECT_FALSE(db().errors().first().description.isEmpty());
 }
 
-TEST_P(ConnectionTest, TheLogKeepsStatementsAsSentAndInOrder)
-{
-    db().log().clear();
-    db().executeNonQuery(QStringLiteral("INSERT INTO T1 (T1_CODE) VALUES (N'Z')"));
-    db().execute(QStringLiteral("SELECT TOP 1 T1_CODE FROM T1 WITH (NOLOCK)"));
-    ASSERT_EQ(db().log().size(), 2);
-    EXPECT_EQ(db().log().entries()[0].text,
-              QStringLiteral("INSERT INTO T1 (T1_CODE) VALUES (N'Z')"));
-    EXPECT_EQ(db().log().entries()[1].text,
-              QStringLiteral("SELECT TOP 1 T1_CODE FROM T1 WITH (NOLOCK)"));
-}
-
 TEST_P(ConnectionTest, TransactionsNestAndAGuardRollsBackUnlessCommitted)
 {
     {

@@ -20,18 +20,6 @@ QString prefixOf(const TableDef& table)
     return table.name.section(u'_', 0, 0);
 }
 
-bool keyOrIndexStartsWith(const TableDef& table, const QStringList& columns)
-{
-    QList<QStringList> candidates{table.primaryKey};
-    for (const IndexDef& index : table.indexes)
-        candidates << index.columns;
-    for (const QStringList& candidate : candidates) {
-        if (candidate.mid(0, columns.size()) == columns)
-            return true;
-    }
-    return false;
-}
-
 QString schemaFile(Dialect dialect)
 {
     return QDir(QStringLiteral(TARVELLO_SCHEMA_DIR)).filePath(schemaScriptFileName(dialect));
@@ -89,33 +77,6 @@ TEST(SchemaDeclaration, AgentsAndTheirDetailRowsHaveDatabaseAssignedKeys)
     EXPECT_EQ(schema().table(u"MG17_AGENTI")->identityColumn(), QStringLiteral("MG17_IDAGENTE"));
 }
 
-TEST(SchemaDeclaration, CompanyAndAgentFiltersHaveAnIndexLeadingWithTheCompany)
-{
-    QStringList withoutCompany;
-    for (const TableDef& table : schema().tables()) {
-        const QString prefix = prefixOf(table);
-        const QString company = prefix + QStringLiteral("_DITTA_CG18");
-        const QString agent = prefix + QStringLiteral("_IDAGENTE_MG17");
-        if (!table.column(company)) {
-            withoutCompany << table.name;
-            continue;
-        }
-        EXPECT_TRUE(keyOrIndexStartsWith(table, {company})) << table.name.toStdString();
-        if (!table.column(agent))
-            continue;
-        bool both = false;
-        QList<QStringList> candidates{table.primaryKey};
-        for (const IndexDef& index : table.indexes)
-            candidates << index.columns;
-        for (const QStringList& candidate : candidates)
-            both = both || (candidate.first() == company && candidate.contains(agent));
-        EXPECT_TRUE(both) << table.name.toStdString();
-    }
-    // Shared by all companies, or reached through a company-owned row.
-    EXPECT_EQ(withoutCompany, QStringList({"CG18_DITTE", "CG16_ANAGGEN", "CG99_MULTIMEDIA",
-                                           "LP09_TESTATAPRIORITA", "CO1G_DETTAGENTE"}));
-}
-
 TEST(SchemaDeclaration, DeclaredTypesReadBackAsTheColumnKinds)
 {
     for (const TableDef& table : schema().tables()) {
@@ -126,25 +87,6 @@ TEST(SchemaDeclaration, DeclaredTypesReadBackAsTheColumnKinds)
                     << column.declaredType(dialect).toStdString();
             }
         }
-    }
-}
-
-TEST(SchemaDeclaration, EveryTableTheModuleNamesIsDeclared)
-{
-    for (const char* name :
-         {"MG17_AGENTI",          "MG18_AGENTISOCI",   "MG16_AGENTIMAT",    "MG34_AGENTITV",
-          "MG1I_DETTAGLIOGIRI",   "MG1H_GIRI",         "MG1C_CLIFORAGEMUL", "CO1C_ENTITADIV",
-          "CO1G_DETTAGENTE",      "CG16_ANAGGEN",      "CG44_CLIFOR",       "PA10_PROVSCANAG",
-          "LP09_TESTATAPRIORITA", "MG58_DEPOSITI",     "CG68_NUMERDESC",    "DO21_DOCTESTAPROV",
-          "DO29_DOCTESAGENTI",    "DO32_DOCCORPOPROV", "CT05_CATESTA",      "CT06_CACORPO",
-          "CG18_DITTE",           "CG99_MULTIMEDIA",   "MG22_DESTINATARI",  "MG1P_TIPOLOGIEAGENTI"})
-        EXPECT_NE(schema().table(QString::fromLatin1(name)), nullptr) << name;
-    for (int level = 1; level <= 9; ++level) {
-        const QString prefix = QStringLiteral("MGL%1_").arg(level);
-        bool found = false;
-        for (const TableDef& table : schema().tables())
-            found = found || table.name.startsWith(prefix);
-        EXPECT_TRUE(found) << prefix.toStdString();
     }
 }
 

@@ -83,17 +83,6 @@ TEST_P(SchemaOnDatabase, AnAgentNamedByCompanyAndCodeGetsAnIdAndTheListDefaults)
         EXPECT_TRUE(value(column).isNull()) << column;
 }
 
-TEST_P(SchemaOnDatabase, TheModulesOwnInsertOfAQuotedCodeReadsBackUnchanged)
-{
-    db().executeNonQuery(QStringLiteral("INSERT INTO MG17_AGENTI (MG17_DITTA_CG18, MG17_AGENTE) "
-                                        "VALUES (1, N'D''ANGELO')"));
-    const RecordsetPtr rs = db().execute(QStringLiteral(
-        "SELECT MG17_IDAGENTE FROM MG17_AGENTI WITH (NOLOCK) WHERE MG17_DITTA_CG18 = 1 AND "
-        "MG17_AGENTE = 'D''ANGELO'"));
-    ASSERT_EQ(rs->recordCount(), 1);
-    EXPECT_GT(rs->value(u"MG17_IDAGENTE").toInt64(), 0);
-}
-
 TEST_P(SchemaOnDatabase, EveryTableTakesARowNamingOnlyItsRequiredColumns)
 {
     for (const TableDef& table : Schema::host().tables()) {

@@ -19,31 +19,16 @@ Token quoted(const char* text)
 
 } // namespace
 
-TEST(Tokenizer, BlanksAndTabsSeparateWordsAndQuotedTextsKeepTheirs)
+TEST(Tokenizer, SplitsWordsAndQuotedTexts)
 {
     EXPECT_EQ(tokenize(u"  type\tTXT_AGENTE   \"A 001\"  "),
               QList<Token>({bare("type"), bare("TXT_AGENTE"), quoted("A 001")}));
-}
-
-TEST(Tokenizer, AnEmptyQuotedTextIsAWord)
-{
     EXPECT_EQ(tokenize(u"answer customers C001 \"\""),
               QList<Token>({bare("answer"), bare("customers"), bare("C001"), quoted("")}));
-}
-
-TEST(Tokenizer, EscapesInsideQuotesStandForQuoteBackslashAndLineBreaks)
-{
+    // Escapes stand for quote, backslash and line breaks inside quotes only.
     EXPECT_EQ(tokenize(uR"(exec "a \"b\" \\ c\r\nd")"),
               QList<Token>({bare("exec"), quoted("a \"b\" \\ c\r\nd")}));
-}
-
-TEST(Tokenizer, OutsideQuotesABackslashIsAnOrdinaryCharacter)
-{
     EXPECT_EQ(tokenize(uR"(key C:\path\n)"), QList<Token>({bare("key"), bare(R"(C:\path\n)")}));
-}
-
-TEST(Tokenizer, BlankAndCommentLinesHaveNoWordsButAHashInsideALineIsText)
-{
     EXPECT_TRUE(tokenize(u"").isEmpty());
     EXPECT_TRUE(tokenize(u" \t ").isEmpty());
     EXPECT_TRUE(tokenize(u"   # expect text TXT_AGENTE \"A001\"").isEmpty());
