@@ -2,7 +2,6 @@
 #include "platform/controls/field.h"
 #include "platform/controls/form.h"
 #include "platform/controls/label.h"
-#include "platform/controls/lookuppresenter.h"
 #include "platform/db/connection.h"
 #include "support/testdatabase.h"
 
@@ -13,19 +12,6 @@ namespace {
 
 using test::DatabaseTarget;
 using test::TestDatabase;
-
-// Answers every lookup with a fixed row and remembers what it was asked.
-class FixedChoice : public LookupPresenter {
-public:
-    std::optional<db::ValueList> choice;
-    QList<LookupArgs> requests;
-
-    std::optional<db::ValueList> chooseFromLookup(Field&, const LookupArgs& request) override
-    {
-        requests << request;
-        return choice;
-    }
-};
 
 class DecodeTest : public ::testing::TestWithParam<DatabaseTarget> {
 protected:
@@ -38,11 +24,9 @@ protected:
             "INSERT INTO MGL1_MACROAREE VALUES ('S''E', 'Sud-est', NULL);\n"));
         pool.add(database.connection());
         form.setConnectionSource(&pool);
-        form.setLookupPresenter(&presenter);
         form.load();
         code->setUpperCase(true);
         QObject::connect(code, &Field::decodeRequested, [this](DecodeArgs& args) {
-            ++requests;
             if (code->text().isEmpty())
                 return;
             args.sql = QStringLiteral("SELECT MGL1_DESCR, MGL1_NOTE FROM MGL1_MACROAREE"
@@ -55,28 +39,13 @@ protected:
 
     TestDatabase database{GetParam()};
     ConnectionPool pool;
-    FixedChoice presenter;
     Form form{QStringLiteral("FRM")};
     Field* code = form.add<Field>(QStringLiteral("TXT_MACROAREA"), Field::Kind::Code);
     Field* description = form.add<Field>(QStringLiteral("TXT_DESMACROAREA"));
     Label* note = form.add<Label>(QStringLiteral("LBL_NOTE"));
     QList<DecodeTarget> targets{{description, QStringLiteral("MGL1_DESCR")},
                                 {note, QStringLiteral("MGL1_NOTE")}};
-    int requests = 0;
 };
-
-TEST_P(DecodeTest, LeavingWithAKnownCodeFillsTheTargetsAndMarksItValid)
-{
-    code->setValid(false);
-    code->setFocus();
-    code->typeText(QStringLiteral("nor"));
-    ASSERT_TRUE(description->setFocus());
-
-    EXPECT_EQ(requests, 1);
-    EXPECT_TRUE(code->isValid()) << code->lastError().toStdString();
-    EXPECT_EQ(description->text(), QStringLiteral("Nord"));
-    EXPECT_EQ(note->caption(), QStringLiteral("Alta Italia"));
-}
 
 TEST_P(DecodeTest, UnknownCodeMarksTheFieldNotValidAndEmptiesTheTargets)
 {
@@ -136,42 +105,6 @@ TEST_P(DecodeTest, CancelledRequestChangesNothing)
     EXPECT_EQ(code->decode(), Field::DecodeOutcome::Cancelled);
     EXPECT_FALSE(code->isValid());
     EXPECT_TRUE(description->text().isEmpty());
-}
-
-TEST_P(DecodeTest, LookupChoiceBecomesTheTextAndIsDecoded)
-{
-    QObject::connect(code, &Field::lookupRequested, [this](LookupArgs& args) {
-        args.sql = QStringLiteral("SELECT MGL1_CODICE, MGL1_DESCR FROM MGL1_MACROAREE");
-        args.columns = {QStringLiteral("Codice"), QStringLiteral("Descrizione")};
-        args.title = QStringLiteral("Elenco macroaree");
-        args.connectionString = database.connectionString();
-        code->setLookupId(QStringLiteral("Lkp_Macroaree"));
-    });
-    presenter.choice = db::ValueList{QStringLiteral("NOR  "), QStringLiteral("Nord")};
-
-    ASSERT_TRUE(code->openLookup());
-
-    ASSERT_EQ(presenter.requests.size(), 1);
-    EXPECT_EQ(presenter.requests.first().title, QStringLiteral("Elenco macroaree"));
-    EXPECT_EQ(code->lookupId(), QStringLiteral("Lkp_Macroaree"));
-    EXPECT_EQ(code->text(), QStringLiteral("NOR"));
-    EXPECT_EQ(description->text(), QStringLiteral("Nord"));
-    EXPECT_FALSE(code->isDecodePending());
-
-    presenter.choice.reset();
-    EXPECT_FALSE(code->openLookup()) << "a list closed without a choice changes nothing";
-    EXPECT_EQ(code->text(), QStringLiteral("NOR"));
-}
-
-TEST_P(DecodeTest, CancelledLookupOpensNoList)
-{
-    QObject::connect(code, &Field::lookupRequested, [](LookupArgs& args) {
-        args.sql = QStringLiteral("SELECT 1");
-        args.cancel = true;
-    });
-    EXPECT_FALSE(code->openLookup());
-    EXPECT_TRUE(presenter.requests.isEmpty());
-    EXPECT_FALSE(code->lastLookupRequest().has_value());
 }
 
 TEST_P(DecodeTest, PoolGivesTheKnownConnectionAndOpensOthersOnce)

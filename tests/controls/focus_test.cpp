@@ -168,27 +168,6 @@ TEST_F(FocusTest, ChangedCodeIsDecodedBeforeValidation)
         << "only a changed text is decoded when the field is left";
 }
 
-TEST_F(FocusTest, CloseRequestCanBeCancelledAndUnloadForgetsTheFocus)
-{
-    a->setFocus();
-    bool refuse = true;
-    QObject::connect(&form, &Form::queryClose,
-                     [&refuse](CloseArgs& args) { args.cancel = refuse; });
-    int unloads = 0;
-    QObject::connect(&form, &Form::unloaded, [&unloads] { ++unloads; });
-
-    EXPECT_FALSE(form.requestClose());
-    EXPECT_TRUE(form.isLoaded());
-    EXPECT_EQ(form.activeControl(), a);
-
-    refuse = false;
-    EXPECT_TRUE(form.requestClose());
-    EXPECT_FALSE(form.isLoaded());
-    EXPECT_EQ(unloads, 1);
-    EXPECT_EQ(form.activeControl(), nullptr);
-    EXPECT_FALSE(b->setFocus()) << "an unloaded form takes no focus";
-}
-
 TEST(FormTest, ControlsAreFoundByNameAndNamesAreUnique)
 {
     Form form(QStringLiteral("FRM"));
@@ -197,26 +176,6 @@ TEST(FormTest, ControlsAreFoundByNameAndNamesAreUnique)
     EXPECT_EQ(form.find<Label>(u"TXT_AGENTE"), nullptr);
     EXPECT_EQ(form.control(u"TXT_NONE"), nullptr);
     EXPECT_THROW(form.add<Label>(QStringLiteral("TXT_AGENTE")), std::logic_error);
-}
-
-TEST(FormTest, ShowLoadsOnceAndActivates)
-{
-    Form form(QStringLiteral("FRM"));
-    int loads = 0;
-    int activations = 0;
-    QList<bool> shows;
-    QObject::connect(&form, &Form::loaded, [&loads] { ++loads; });
-    QObject::connect(&form, &Form::activated, [&activations] { ++activations; });
-    QObject::connect(&form, &Form::showRequested, [&shows](bool modal) { shows << modal; });
-
-    form.show(true);
-    form.deactivate();
-    form.show(false);
-
-    EXPECT_EQ(loads, 1);
-    EXPECT_EQ(activations, 2);
-    EXPECT_EQ(shows, QList<bool>({true, false}));
-    EXPECT_FALSE(form.isModal());
 }
 
 } // namespace

@@ -36,19 +36,6 @@ protected:
     int moves = 0;
 };
 
-TEST_F(GridTest, ColumnLayoutKeepsOrderCaptionsWidthsAndNumericAlignment)
-{
-    ASSERT_EQ(grid->columnCount(), 3);
-    EXPECT_EQ(grid->columns().at(1).caption, QStringLiteral("Nome e cognome"));
-    EXPECT_EQ(grid->columns().at(1).width, 2850);
-    EXPECT_EQ(grid->columns().at(2).key, QStringLiteral("MG18_PERQUOTA"));
-    EXPECT_EQ(grid->columnIndex(u"MG18_PERQUOTA"), 2);
-    EXPECT_TRUE(grid->alignment(0) & Qt::AlignRight);
-    EXPECT_TRUE(grid->alignment(1) & Qt::AlignLeft);
-    EXPECT_TRUE(grid->alignment(2) & Qt::AlignRight);
-    EXPECT_EQ(grid->rowKey(2), Value(3));
-}
-
 TEST_F(GridTest, CellsShowFormattedValuesThroughTheTextHook)
 {
     QStringList asked;
@@ -158,46 +145,6 @@ TEST_F(TreeGridTest, ParentsListedAfterTheirChildrenStillComeFirst)
     tree->setDataSource(test::memoryRows({"MG17_AGENTE", "MG17_IDAGENTE", "MG17_IDAGERIF_MG17"},
                                          {{"B001", 10, 30}, {"B002", 20, 30}, {"B003", 30, 0}}));
     EXPECT_EQ(shownCodes(), QStringList({"B003", "B001", "B002"}));
-}
-
-TEST_F(TreeGridTest, CollapseAndExpandHideAndShowChildren)
-{
-    tree->collapseAll();
-    EXPECT_EQ(shownCodes(), QStringList({"A001", "A005", "A006"}));
-    EXPECT_FALSE(tree->isExpanded(0));
-
-    tree->setExpanded(0, true);
-    EXPECT_EQ(shownCodes(), QStringList({"A001", "A002", "A004", "A005", "A006"}));
-    EXPECT_TRUE(tree->hasChildren(1));
-    EXPECT_FALSE(tree->hasChildren(2));
-
-    tree->expandAll();
-    EXPECT_EQ(tree->rowCount(), 7);
-    tree->setExpanded(1, false);
-    EXPECT_EQ(shownCodes(), QStringList({"A001", "A002", "A004", "A005", "A006", "A007"}));
-}
-
-TEST_F(TreeGridTest, FollowingTheDataSourceExpandsDownToTheCurrentRow)
-{
-    tree->collapseAll();
-    agents->moveFirst();
-    ASSERT_TRUE(agents->find(QStringLiteral("MG17_AGENTE = 'A003'")));
-
-    EXPECT_EQ(tree->selectedRow(), 2);
-    EXPECT_EQ(tree->cellText(tree->selectedRow(), 0), QStringLiteral("A003"));
-
-    tree->setFollowDataSource(false);
-    tree->collapseAll();
-    agents->moveFirst();
-    agents->find(QStringLiteral("MG17_AGENTE = 'A004'"));
-    EXPECT_EQ(tree->selectedRow(), -1);
-    EXPECT_EQ(tree->rowCount(), 3);
-}
-
-TEST_F(TreeGridTest, ClickOnATreeRowMovesTheRecordsetToThatAgent)
-{
-    ASSERT_TRUE(tree->clickRow(3));
-    EXPECT_EQ(agents->value(u"MG17_AGENTE"), Value("A004"));
 }
 
 } // namespace

@@ -156,21 +156,5 @@ TEST(NavigatorBarTest, RelabelledButtonReportsItsNewKey)
     EXPECT_EQ(bar->button(NavigatorKey::Export)->caption, QStringLiteral("Esporta"));
 }
 
-TEST(NavigatorBarTest, ChangeIndicatorAndCalledModeAnnounceChangesOnce)
-{
-    Form form(QStringLiteral("FRM"));
-    NavigatorBar* bar = form.add<NavigatorBar>(QStringLiteral("INTERNAV"));
-    int changes = 0;
-    QObject::connect(bar, &Navigator::changeIndicatorChanged, [&changes] { ++changes; });
-    QObject::connect(bar, &NavigatorBar::calledModeChanged, [&changes] { ++changes; });
-    bar->setChangeIndicator(true);
-    bar->setChangeIndicator(true);
-    bar->setCalledMode(true);
-    bar->setCalledMode(true);
-    EXPECT_EQ(changes, 2);
-    EXPECT_TRUE(bar->changeIndicator());
-    EXPECT_TRUE(bar->isCalledMode());
-}
-
 } // namespace
 } // namespace tarvello::controls

@@ -94,59 +94,6 @@ TEST_P(DetailFrameTest, DetailRowsStayPendingUntilTheAgentsSaveBatchSavesThem)
               agents.recordset()->value(u"MG17_IDAGENTE"));
 }
 
-TEST_P(DetailFrameTest, ConfirmingARowWithARequiredFieldEmptyIsRefused)
-{
-    showAgentWithPartners(0);
-    ASSERT_TRUE(navSoci->press(New));
-    codSocio->typeText(QStringLiteral("1"));
-    quota->typeText(QStringLiteral("10"));
-    EXPECT_FALSE(navSoci->press(Confirm));
-    EXPECT_TRUE(lastPrompt().text.contains(QStringLiteral("Cognome e nome socio")));
-    EXPECT_EQ(form.activeControl(), nomeSocio);
-    EXPECT_EQ(partners.status(), FrameStatus::New);
-}
-
-TEST_P(DetailFrameTest, UndoTakesANewRowBackToItsStartAndAnExistingOneToItsLastConfirmation)
-{
-    showAgentWithPartners(1);
-    nomeSocio->typeText(QStringLiteral("CAMBIATO"));
-    ASSERT_TRUE(navSoci->press(Cancel));
-    EXPECT_EQ(nomeSocio->text(), QStringLiteral("SOCIO 1"));
-    EXPECT_FALSE(partners.secondChangeFlag());
-
-    ASSERT_TRUE(navSoci->press(New));
-    partnerEvents.take();
-    codSocio->typeText(QStringLiteral("7"));
-    ASSERT_TRUE(navSoci->press(Cancel));
-    EXPECT_EQ(partnerEvents.take(),
-              (QStringList{QStringLiteral("ChangeStatus(2,9)"), QStringLiteral("AfterUndo(-1)")}));
-    EXPECT_EQ(partners.status(), FrameStatus::New) << "still entering a new row";
-    EXPECT_EQ(codSocio->text(), QString());
-    EXPECT_EQ(partners.recordset()->recordCount(), 2) << "the new row is kept, emptied";
-}
-
-TEST_P(DetailFrameTest, TheAgentsUndoDropsThePendingRowsOfItsDetails)
-{
-    showAgentWithPartners(1);
-    enterPartner(2, QStringLiteral("VERDI"));
-    ASSERT_EQ(partners.recordset()->recordCount(), 2);
-    ASSERT_TRUE(agents.undo());
-    EXPECT_EQ(partners.recordset()->recordCount(), 1);
-    EXPECT_EQ(partners.recordset()->pendingCount(), 0);
-    EXPECT_FALSE(partners.changeFlag());
-}
-
-TEST_P(DetailFrameTest, ALockedDetailTakesNoNewRowsAndNoEdits)
-{
-    showAgentWithPartners(1);
-    partners.setLocked(true);
-    EXPECT_FALSE(navSoci->press(New));
-    nomeSocio->typeText(QStringLiteral("NO"));
-    EXPECT_EQ(partners.recordset()->value(u"MG18_NOMECOGN"), db::Value("SOCIO 1"));
-    partners.setLocked(false);
-    EXPECT_TRUE(navSoci->press(New));
-}
-
 TEST_P(DetailFrameTest, AGridClickShowsTheRowAfterTheRowLeftIsConfirmed)
 {
     showAgentWithPartners(2);
@@ -233,36 +180,6 @@ TEST_P(DetailFrameTest, ARefreshWithANewTextReopensItsRecordsetInPlaceAndAnEmpty
     EXPECT_EQ(partnerEvents.take(), QStringList{QStringLiteral("AfterAddNew(-1)")});
     EXPECT_EQ(partners.recordset()->recordCount(), 1);
     EXPECT_EQ(partners.recordset()->value(u"MG18_NOMECOGN"), db::Value("PRIMO"));
-}
-
-TEST_P(DetailFrameTest, TheKeyTypedIntoANewRowBringsUpTheRowThatHasIt)
-{
-    showAgentWithPartners(2);
-    ASSERT_TRUE(navSoci->press(New));
-    codSocio->typeText(QStringLiteral("2"));
-    ASSERT_TRUE(partners.search(true, true));
-    EXPECT_EQ(nomeSocio->text(), QStringLiteral("SOCIO 2"));
-    EXPECT_EQ(partners.status(), FrameStatus::Browse);
-    EXPECT_EQ(partners.recordset()->recordCount(), 2);
-
-    ASSERT_TRUE(navSoci->press(New));
-    codSocio->typeText(QStringLiteral("9"));
-    EXPECT_FALSE(partners.search(true, true)) << "a detail looks among its own rows only";
-    EXPECT_EQ(partners.status(), FrameStatus::New);
-}
-
-TEST_P(DetailFrameTest, DeletingAllRowsLeavesThemPendingAndTheFrameReadyForANewOne)
-{
-    showAgentWithPartners(3);
-    answer(Yes);
-    ASSERT_TRUE(partners.deleteRows({.raiseEvents = true, .show = true, .ask = true}));
-    EXPECT_EQ(partnerEvents.take(),
-              (QStringList{QStringLiteral("BeforeDelete"), QStringLiteral("AfterDelete(-1)"),
-                           QStringLiteral("ChangeStatus(2,6)")}));
-    EXPECT_EQ(partners.recordset()->recordCount(), 0);
-    EXPECT_EQ(partners.recordset()->pendingCount(), 3);
-    EXPECT_EQ(partnersInDatabase(), 3);
-    EXPECT_TRUE(partners.changeFlag());
 }
 
 INSTANTIATE_TEST_SUITE_P(Targets, DetailFrameTest, ::testing::ValuesIn(databaseTargets()),

@@ -19,54 +19,6 @@ QStringList events(std::initializer_list<const char*> names)
     return list;
 }
 
-TEST_P(FrameTest, AnAgentGoesFromNewToSavedChangedUndoneAndDeleted)
-{
-    openAgents();
-    ASSERT_EQ(agents.status(), FrameStatus::New) << "no agent yet: ready for a new one";
-
-    ASSERT_TRUE(agents.addNew());
-    EXPECT_EQ(agentEvents.take(), events({"AfterAddNew(-1)", "ChangeStatus(2,2)"}));
-    EXPECT_EQ(percentuale->text(), QStringLiteral("0")) << "the column's default is shown";
-    EXPECT_EQ(regime->value(), db::Value(0));
-
-    agente->typeText(QStringLiteral("a001"));
-    EXPECT_EQ(agents.recordset()->value(u"MG17_AGENTE"), db::Value("A001"));
-    EXPECT_TRUE(agents.changeFlag());
-    EXPECT_TRUE(agents.secondChangeFlag());
-
-    ASSERT_TRUE(agents.save());
-    EXPECT_EQ(agentEvents.take(), events({"BeforeUpdate", "AfterUpdate(-1)", "ChangeStatus(0,5)"}));
-    ASSERT_FALSE(agentEvents.idInAfterUpdate.isBlank()) << "the identity is read back first";
-    const qint64 id = agentEvents.idInAfterUpdate.toInt64();
-    EXPECT_EQ(
-        cell(
-            QStringLiteral("SELECT MG17_AGENTE FROM MG17_AGENTI WHERE MG17_IDAGENTE = %1").arg(id)),
-        db::Value("A001"));
-    EXPECT_EQ(cell(QStringLiteral("SELECT MG17_DITTA_CG18 FROM MG17_AGENTI")), db::Value(company))
-        << "AfterAddNew's stamp was saved with the row";
-    EXPECT_EQ(agents.status(), FrameStatus::Browse);
-    EXPECT_FALSE(agents.changeFlag());
-
-    percentuale->typeText(QStringLiteral("12,5"));
-    EXPECT_TRUE(agents.isRecordChanged());
-    EXPECT_EQ(agentEvents.take(), events({"IsRecordChanged(true)"}));
-
-    ASSERT_TRUE(agents.undo());
-    EXPECT_EQ(agentEvents.take(), events({"ChangeStatus(0,9)", "AfterUndo(-1)"}));
-    EXPECT_EQ(percentuale->text(), QStringLiteral("0"));
-    EXPECT_EQ(agents.recordset()->pendingCount(), 0) << "nothing is left to write";
-    EXPECT_EQ(count(QStringLiteral("SELECT COUNT(*) FROM MG17_AGENTI WHERE MG17_PERPROV = 0")), 1);
-
-    answer(Yes);
-    ASSERT_TRUE(agents.deleteRecord());
-    EXPECT_EQ(lastPrompt().style, host::YesNo | host::Question | host::DefaultButton2)
-        << "Yes / No with No as default";
-    EXPECT_EQ(agentEvents.take(), events({"BeforeDelete", "AfterDelete(-1)", "ChangeStatus(2,6)"}));
-    EXPECT_EQ(count(QStringLiteral("SELECT COUNT(*) FROM MG17_AGENTI")), 0);
-    EXPECT_EQ(agents.status(), FrameStatus::New);
-    EXPECT_EQ(agente->text(), QString());
-}
-
 TEST_P(FrameTest, ARefusedBeforeUpdateLeavesTheRowUnsavedAndPending)
 {
     openAgents();
@@ -186,32 +138,6 @@ TEST_P(FrameTest, AValueItsColumnCannotHoldIsRefusedBeforeTheModuleHearsOfIt)
               db::Decimal::fromParts(125, 1));
 }
 
-TEST_P(FrameTest, IntegersTextsAndBlankCodesAreHeldToTheirColumns)
-{
-    const qint64 agent = insertAgent(QStringLiteral("A001"));
-    openAgents();
-    agente->setText(QStringLiteral("   "));
-    EXPECT_FALSE(agents.save()) << "a code of blanks is no code";
-    EXPECT_EQ(lastPrompt().text, QStringLiteral("Il campo \"Codice agente\" è obbligatorio."));
-    agente->setText(QStringLiteral("A001"));
-
-    openPartners();
-    partners.refresh(partnersSql(agent));
-    EXPECT_EQ(nomeSocio->maxLength(), 30) << "the NVARCHAR(30) column limits the typing";
-    nomeSocio->typeText(QString(51, u'x'));
-    EXPECT_EQ(nomeSocio->text().size(), 30);
-
-    ASSERT_EQ(partners.status(), frame::FrameStatus::New);
-    codSocio->setFocus();
-    codSocio->setText(QStringLiteral("2,5"));
-    EXPECT_FALSE(form.focus().leave());
-    EXPECT_EQ(lastPrompt().text,
-              QStringLiteral("Il campo \"Codice socio\" richiede un numero intero."));
-    codSocio->setText(QStringLiteral("40000"));
-    EXPECT_FALSE(form.focus().leave());
-    EXPECT_TRUE(lastPrompt().text.contains(QStringLiteral("(da -32768 a 32767)")));
-}
-
 TEST_P(FrameTest, ASearchByKeyLandsOnTheRowFoundOrStaysWhereItWas)
 {
     insertAgent(QStringLiteral("A001"));
@@ -270,83 +196,6 @@ TEST_P(FrameTest, ASearchBringsInAnAgentTheRecordsetsQueryLeftOut)
     EXPECT_EQ(agente->text(), QStringLiteral("B002"));
 }
 
-TEST_P(FrameTest, SearchEntryLooksUpTheTypedKey)
-{
-    insertAgent(QStringLiteral("A001"));
-    insertAgent(QStringLiteral("B002"));
-    openAgents();
-
-    ASSERT_TRUE(agents.searchCommand());
-    EXPECT_EQ(agents.status(), FrameStatus::Search);
-    EXPECT_EQ(agente->text(), QString());
-    EXPECT_EQ(form.activeControl(), agente);
-    agente->typeText(QStringLiteral("X"));
-    EXPECT_EQ(agents.recordset()->pendingCount(), 0) << "search entry writes nothing";
-
-    answer(1);
-    EXPECT_FALSE(agents.searchCommand());
-    EXPECT_EQ(lastPrompt().style, host::Information) << "the toolbar's search tells the person";
-    EXPECT_EQ(agents.status(), FrameStatus::Search);
-
-    agente->typeText(QStringLiteral("B002"));
-    ASSERT_TRUE(agents.searchCommand());
-    EXPECT_EQ(agents.status(), FrameStatus::Browse);
-    EXPECT_EQ(agents.recordset()->value(u"MG17_AGENTE"), db::Value("B002"));
-}
-
-TEST_P(FrameTest, ConfirmingPendingChangesAsksYesNoOrCancelWhenTold)
-{
-    insertAgent(QStringLiteral("A001"));
-    openAgents();
-    const QString perprov = QStringLiteral("SELECT MG17_PERPROV FROM MG17_AGENTI");
-
-    qsizetype prompted = promptCount();
-    EXPECT_TRUE(agents.confirmPendingChanges({.check = true, .ask = true}));
-    EXPECT_EQ(promptCount(), prompted) << "nothing to confirm, nothing asked";
-
-    percentuale->typeText(QStringLiteral("5"));
-    answer(Cancel);
-    EXPECT_FALSE(agents.confirmPendingChanges({.check = true, .ask = true}));
-    EXPECT_EQ(lastPrompt().style, host::YesNoCancel | host::Question);
-    EXPECT_EQ(percentuale->text(), QStringLiteral("5"));
-    EXPECT_TRUE(agents.isRecordChanged()) << "Cancel keeps the changes";
-
-    answer(No);
-    EXPECT_TRUE(agents.confirmPendingChanges({.check = true, .ask = true}));
-    EXPECT_EQ(percentuale->text(), QStringLiteral("0")) << "No drops them";
-    EXPECT_EQ(cell(perprov).toInt64(), 0);
-
-    percentuale->typeText(QStringLiteral("5"));
-    answer(Yes);
-    EXPECT_TRUE(agents.confirmPendingChanges({.check = true, .ask = true}));
-    EXPECT_EQ(cell(perprov).toInt64(), 5) << "Yes saves them";
-
-    // Without asking the changes are saved, and a row that fails its checks is not safe.
-    percentuale->typeText(QStringLiteral("7"));
-    ragioneSociale->setRequired(true);
-    prompted = promptCount();
-    EXPECT_FALSE(agents.confirmPendingChanges({.check = true}));
-    EXPECT_EQ(promptCount(), prompted + 1);
-    EXPECT_EQ(lastPrompt().style, host::Exclamation) << "only the check's message, no question";
-    EXPECT_EQ(cell(perprov).toInt64(), 5);
-}
-
-TEST_P(FrameTest, IsRecordChangedLetsTheScreenAddWhatTheFrameCannotSee)
-{
-    insertAgent(QStringLiteral("A001"));
-    openAgents();
-    bool detailsChanged = true;
-    QObject::connect(&agents, &frame::GestAnagrafica::IsRecordChanged,
-                     [&detailsChanged](frame::RecordChangedArgs& args) {
-                         args.fbol_isRecordChanged = args.fbol_isRecordChanged || detailsChanged;
-                     });
-    EXPECT_TRUE(agents.isRecordChanged());
-    detailsChanged = false;
-    EXPECT_FALSE(agents.isRecordChanged());
-    agents.setSecondChangeFlag(true);
-    EXPECT_TRUE(agents.isRecordChanged());
-}
-
 // A screen opened on a company without agents in browse mode must not announce a row it
 // does not have: the handlers of status 0 read the row shown.
 TEST_P(FrameTest, BrowsingWithoutRowsWaitsForANewRow)
@@ -372,49 +221,6 @@ TEST_P(FrameTest, AnUnboundFieldSetsOnlyTheSecondFlag)
     EXPECT_FALSE(agents.isRecordChanged());
     percentuale->setText(QStringLiteral("5"));
     EXPECT_TRUE(agents.changeFlag());
-}
-
-TEST_P(FrameTest, MovesShowTheRowReachedAndStopAtTheEnds)
-{
-    insertAgent(QStringLiteral("A001"));
-    insertAgent(QStringLiteral("B002"));
-    insertAgent(QStringLiteral("C003"));
-    openAgents();
-
-    EXPECT_FALSE(agents.movePrevious()) << "nothing before the first row";
-    agentEvents.take();
-    ASSERT_TRUE(agents.moveNext());
-    EXPECT_EQ(agente->text(), QStringLiteral("B002"));
-    EXPECT_EQ(agentEvents.take(), events({"IsRecordChanged(false)", "ChangeStatus(0,1)"}));
-    ASSERT_TRUE(agents.moveLast());
-    EXPECT_FALSE(agents.moveNext());
-    EXPECT_EQ(agente->text(), QStringLiteral("C003"));
-
-    const db::Recordset::Bookmark first = agents.recordset()->clone()->bookmark();
-    ASSERT_TRUE(agents.moveToBookmark(first));
-    EXPECT_EQ(agente->text(), QStringLiteral("A001"));
-
-    // Unsaved edits are asked about before a master moves.
-    percentuale->typeText(QStringLiteral("3"));
-    answer(Cancel);
-    EXPECT_FALSE(agents.moveNext());
-    EXPECT_EQ(agente->text(), QStringLiteral("A001"));
-}
-
-TEST_P(FrameTest, TheNavigatorsButtonsActOnTheFrame)
-{
-    insertAgent(QStringLiteral("A001"));
-    openAgents();
-    ASSERT_EQ(internav->target(), &agents);
-
-    ASSERT_TRUE(internav->press(controls::NavigatorKey::New));
-    EXPECT_EQ(agents.status(), FrameStatus::New);
-    agente->typeText(QStringLiteral("B002"));
-    ASSERT_TRUE(agents.save());
-    EXPECT_EQ(count(QStringLiteral("SELECT COUNT(*) FROM MG17_AGENTI")), 2);
-    agents.terminate();
-    EXPECT_EQ(internav->target(), nullptr);
-    EXPECT_FALSE(agents.addNew());
 }
 
 INSTANTIATE_TEST_SUITE_P(Targets, FrameTest, ::testing::ValuesIn(databaseTargets()),

@@ -19,24 +19,6 @@ protected:
     test::PlainModule opener;
 };
 
-TEST_F(DivisionalDataManagementTest, ShowsTheEntityItWasOpenedOnAndHandsNothingBack)
-{
-    auto management = context.objects().newDivisionalData();
-    ASSERT_NE(management, nullptr);
-    management->initialise(&opener, nullptr, host::DivisionalData::AgentEntity,
-                           QStringLiteral("A001  "));
-    prompts.queue(PromptAnswer::codes({QStringLiteral("X")}));
-
-    EXPECT_THROW(management->run(), PromptError);
-
-    prompts.queue(PromptAnswer::nothing());
-    management->run();
-    ASSERT_EQ(prompts.history().size(), 1);
-    EXPECT_EQ(prompts.history().first().kind, PromptKind::Management);
-    EXPECT_EQ(prompts.history().first().text, QStringLiteral("Dati divisionali"));
-    EXPECT_EQ(prompts.history().first().details, QStringLiteral("3, A001  "));
-}
-
 TEST_F(DivisionalDataManagementTest, OpenedForNoModuleItDoesNotOpen)
 {
     DivisionalDataManagement management(context.managements());

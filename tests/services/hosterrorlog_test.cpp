@@ -55,38 +55,3 @@ TEST(HostErrorLog, TakenErrorsAreForgottenOnceReported)
                          argument);
     EXPECT_FALSE(prompts.history().last().text.contains(QStringLiteral("Type mismatch")));
 }
-
-TEST(HostErrorLog, AModuleErrorAnsweredOkAbandons)
-{
-    ScriptedPrompts prompts;
-    HostErrorLog log(prompts);
-    short result = 0;
-    log.reportModuleError(QStringLiteral("MDLMG_AGENTI"), QStringLiteral("TXT_CLIENTE_LostFocus"),
-                          QStringLiteral("0_0_0_0"), result);
-    EXPECT_EQ(result, 1);
-    prompts.queue(PromptAnswer::button(host::Cancel));
-    log.reportModuleError(QStringLiteral("MDLMG_AGENTI"), QStringLiteral("TXT_CLIENTE_LostFocus"),
-                          QStringLiteral("0_0_0_0"), result);
-    EXPECT_EQ(result, 2);
-    EXPECT_EQ(prompts.history().first().title, QStringLiteral("MDLMG_AGENTI"));
-}
-
-TEST(HostErrorLog, AMessageReturnsTheStandardAnswer)
-{
-    ScriptedPrompts prompts;
-    HostErrorLog log(prompts);
-    const QString supplier = QStringLiteral("Il fornitore selezionato non corrisponde a quello "
-                                            "dell'anagrafica agente.\r\nSi desidera proseguire?");
-    prompts.queue(PromptAnswer::button(host::Yes));
-    EXPECT_EQ(log.message(supplier, host::YesNo | host::Question | host::DefaultButton2,
-                          QStringLiteral("Attenzione")),
-              host::Yes);
-    EXPECT_EQ(log.message(supplier, host::YesNo | host::Question | host::DefaultButton2,
-                          QStringLiteral("Attenzione")),
-              host::No);
-    const PromptRecord& shown = prompts.history().first();
-    EXPECT_EQ(shown.kind, PromptKind::MessageBox);
-    EXPECT_EQ(shown.text, supplier);
-    EXPECT_EQ(shown.style, host::YesNo | host::Question | host::DefaultButton2);
-    EXPECT_EQ(shown.title, QStringLiteral("Attenzione"));
-}

@@ -69,29 +69,12 @@ TEST_F(Lookups, NumberParametersMustBeNumbers)
     EXPECT_TRUE(lookup.query().endsWith(QStringLiteral("AND MG17_IDAGENTE = 17")));
 }
 
-TEST_F(Lookups, TheCompanyIsTheHostsCurrentOne)
-{
-    context.setCompany({2, QStringLiteral("Ditta due"), false});
-    lookup.prepareLookup(QStringLiteral("LKP_GIRI"));
-    EXPECT_TRUE(lookup.query().contains(QStringLiteral("MG1H_DITTA_CG18 = 2")));
-}
-
 TEST_F(Lookups, AParameterNotSetOrADefinitionNotKnownIsAnError)
 {
     EXPECT_EQ(errorNumberOf([&] { lookup.prepareLookup(QStringLiteral("LKP_ZONEAGE")); }),
               db::RuntimeError::InvalidProcedureCall);
     EXPECT_EQ(errorNumberOf([&] { lookup.prepareLookup(QStringLiteral("LKP_NESSUNA")); }),
               db::RuntimeError::InvalidProcedureCall);
-}
-
-TEST_F(Lookups, TheCustomerDecodingFillsSevenTargets)
-{
-    lookup.prepareDecoding(QStringLiteral("LKP_CLIENTI"), db::Value(120),
-                           QStringLiteral("TXT_C_RAGSOC"));
-    const QList<host::DecodeTarget> targets = lookup.targets();
-    ASSERT_EQ(targets.size(), 7);
-    EXPECT_EQ(targets.first().control, QStringLiteral("TXT_C_RAGSOC"));
-    EXPECT_EQ(targets.first().column, QStringLiteral("CG16_RAGSOANAG"));
 }
 
 // Every statement of the catalogue runs on the host tables: column names, joins and the
@@ -127,29 +110,6 @@ TEST_P(CatalogueOnDatabase, EveryStatementRunsOnTheHostTables)
         for (const host::DecodeTarget& target : lookup.targets())
             EXPECT_TRUE(rows->hasField(target.column)) << target.column.toStdString();
     }
-}
-
-TEST_P(CatalogueOnDatabase, AListShowsTheCompanysRowsAndADecodingFindsOne)
-{
-    test::TestDatabase database(GetParam());
-    db::createSchema(database.connection());
-    db::populateDemoData(database.connection());
-    ScriptedPrompts prompts;
-    HostContext context(prompts, database.connectionString(),
-                        {db::DemoCompanies::divisional, QStringLiteral("Demo"), true});
-    const LookupCatalogue catalogue = LookupCatalogue::standard();
-    HostLookup lookup(catalogue, context);
-    lookup.prepareLookup(QStringLiteral("LKP_AGENTI"));
-    const db::RecordsetPtr agents = database.connection().execute(lookup.query());
-    ASSERT_GT(agents->recordCount(), 0);
-    const QString code = agents->value(u"MG17_AGENTE").toString();
-
-    lookup.prepareDecoding(QStringLiteral("LKP_AGENTI"), db::Value(code),
-                           QStringLiteral("TXT_DESCAGENTE"));
-    EXPECT_EQ(database.connection().execute(lookup.query())->recordCount(), 1);
-    lookup.prepareDecoding(QStringLiteral("LKP_AGENTI"), db::Value("NESSUNO"),
-                           QStringLiteral("TXT_DESCAGENTE"));
-    EXPECT_EQ(database.connection().execute(lookup.query())->recordCount(), 0);
 }
 
 INSTANTIATE_TEST_SUITE_P(Targets, CatalogueOnDatabase, ::testing::ValuesIn(test::databaseTargets()),

@@ -29,13 +29,6 @@ TEST(HostMessages, ParametersTakeThePlacesInTheOrderTheyArePassed)
                     .contains(QStringLiteral("cliente 120 - ROSSI SPA")));
 }
 
-TEST(HostMessages, MessagesWithoutParametersTakeAnEmptyList)
-{
-    const HostMessages catalogue;
-    EXPECT_FALSE(catalogue.message(39135, {}).isEmpty());
-    EXPECT_FALSE(catalogue.message(42157, {}).contains(u'%'));
-}
-
 // A customer named "50%1" must not pull another parameter into its name.
 TEST(HostMessages, AParameterIsNeverReadForPlaces)
 {

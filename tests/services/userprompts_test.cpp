@@ -25,36 +25,6 @@ const QList<QStringList> threeRoutes{
 
 } // namespace
 
-TEST(ScriptedPrompts, EachPromptTakesTheOldestQueuedAnswer)
-{
-    ScriptedPrompts prompts;
-    prompts.queue(PromptAnswer::button(host::Yes));
-    prompts.queue(PromptAnswer::pickRow(2));
-    prompts.queue(PromptAnswer::question(QuestionAnswer::Sempre));
-    EXPECT_EQ(prompts.messageBox(QStringLiteral("Proseguire?"),
-                                 host::YesNo | host::Question | host::DefaultButton2,
-                                 QStringLiteral("Attenzione")),
-              host::Yes);
-    EXPECT_EQ(
-        prompts.lookupList(QStringLiteral("Elenco giri"), {"Codice", "Descrizione"}, threeRoutes),
-        1);
-    EXPECT_EQ(prompts.question(QStringLiteral("Inserirlo comunque?"), QStringLiteral("Agenti")),
-              QuestionAnswer::Sempre);
-    EXPECT_EQ(prompts.pendingAnswers(), 0);
-
-    const QList<PromptRecord>& shown = prompts.history();
-    ASSERT_EQ(shown.size(), 3);
-    EXPECT_EQ(shown[0].kind, PromptKind::MessageBox);
-    EXPECT_EQ(shown[0].text, QStringLiteral("Proseguire?"));
-    EXPECT_EQ(shown[0].style, host::YesNo | host::Question | host::DefaultButton2);
-    EXPECT_EQ(shown[0].title, QStringLiteral("Attenzione"));
-    EXPECT_EQ(shown[0].answer, QStringLiteral("yes"));
-    EXPECT_EQ(shown[1].kind, PromptKind::LookupList);
-    EXPECT_EQ(shown[2].answer, QStringLiteral("sempre"));
-    for (const PromptRecord& record : shown)
-        EXPECT_FALSE(record.defaulted);
-}
-
 TEST(ScriptedPrompts, WithNothingQueuedAPromptTakesItsDefaultAndSaysSo)
 {
     ScriptedPrompts prompts;
@@ -115,37 +85,6 @@ TEST(ScriptedPrompts, AnAnswerThePromptCannotTakeIsRefusedNamingThePrompt)
                      prompts.question(QStringLiteral("Inserirlo comunque?"), QString());
                  }).isEmpty());
     EXPECT_EQ(prompts.pendingAnswers(), 0);
-}
-
-TEST(ScriptedPrompts, ListsArePickedByRowOrByTheCodeInTheFirstColumn)
-{
-    ScriptedPrompts prompts;
-    prompts.queue(PromptAnswer::pickCode(QStringLiteral("G03")));
-    prompts.queue(PromptAnswer::nothing());
-    EXPECT_EQ(prompts.lookupList(QStringLiteral("Elenco giri"), {}, threeRoutes), 2);
-    EXPECT_EQ(prompts.lookupList(QStringLiteral("Elenco giri"), {}, threeRoutes), std::nullopt);
-    EXPECT_FALSE(prompts.history().last().defaulted);
-}
-
-TEST(ScriptedPrompts, TheQuestionDialogTakesYesAndNoToo)
-{
-    ScriptedPrompts prompts;
-    prompts.queue(PromptAnswer::button(host::No));
-    prompts.queue(PromptAnswer::button(host::Yes));
-    EXPECT_EQ(prompts.question(QStringLiteral("Inserirlo comunque?"), QString()),
-              QuestionAnswer::No);
-    EXPECT_EQ(prompts.question(QStringLiteral("Inserirlo comunque?"), QString()),
-              QuestionAnswer::Si);
-}
-
-TEST(ScriptedPrompts, ManagementsHandBackOnlyWhatTheyCan)
-{
-    ScriptedPrompts prompts;
-    prompts.queue(PromptAnswer::transfer(db::Value(12)));
-    const PromptAnswer handed = prompts.management(QStringLiteral("Anagrafiche generali"),
-                                                   QString(), {PromptAnswer::Kind::Transfer});
-    EXPECT_EQ(handed, PromptAnswer::transfer(db::Value(12)));
-    EXPECT_EQ(prompts.history().last().answer, QStringLiteral("transfer 12"));
 }
 
 // An error reported with a choice defaults to Retry: a step that keeps failing in an
