@@ -8,7 +8,7 @@
 #include "platform/db/runtimeerror.h"
 #include "platform/frame/columnvalue.h"
 #include "platform/frame/gestanagrafica.h"
-#include "platform/frame/keylookup.h"
+#include "platform/frame/keysearch.h"
 #include "platform/services/userprompts.h"
 
 namespace tarvello::services {
@@ -208,7 +208,7 @@ void TableManagement::position()
         frame::toColumnValue(m_opening.position, frame::ColumnFormat{code->kind(), {}});
     if (!key.accepted())
         return;
-    if (const auto found = frame::findKey(*m_rows, code->name, *key.value, -1))
+    if (const auto found = frame::KeySearch::findAmong(*m_rows, code->name, *key.value, -1))
         m_rows->setBookmark(*found);
 }
 
