@@ -289,7 +289,7 @@ void GestAnagrafica::terminate()
     m_terminated = true;
 }
 
-void GestAnagrafica::setStatus(int status)
+void GestAnagrafica::setStatus(FrameStatus status)
 {
     if (!isOpen() || m_terminated || (status == m_status && status != FrameStatus::New))
         return;
@@ -545,7 +545,7 @@ void GestAnagrafica::showRow(int reason, bool raiseEvent)
     if (!raiseEvent)
         return;
     const QScopedValueRollback announcing(m_announcing, true);
-    raise("ChangeStatus", [&] { Q_EMIT ChangeStatus(m_status, reason); });
+    raise("ChangeStatus", [&] { Q_EMIT ChangeStatus(int(m_status), reason); });
 }
 
 FieldBindings::ColumnReader GestAnagrafica::rowReader() const

@@ -162,17 +162,17 @@ public:
     void setGrid(controls::Grid* grid);
     controls::Navigator* navigator() const;
 
-    int status() const { return m_status; }
+    FrameStatus status() const { return m_status; }
     // A column of the existing row shown; none in search entry, while a new row is being
     // entered, or when there is no row to show.
     std::optional<db::Value> shownRowValue(const QString& column) const;
     // What the fields say the row shown is: its key and the first field after the key with a
     // text ("A001 RICCI FRANCESCA"); empty without a key.
     QString recordDescription() const;
-    // 2 adds a new row at once (code may write into it), 1 starts search entry, 0 shows the
-    // recordset's current row (a new row being entered stays as it is). Unconfirmed edits of
-    // the row left are dropped, not asked about.
-    void setStatus(int status);
+    // New adds a new row at once (code may write into it), Search starts search entry, Browse
+    // shows the recordset's current row (a new row being entered stays as it is). Unconfirmed
+    // edits of the row left are dropped, not asked about.
+    void setStatus(FrameStatus status);
     bool changeFlag() const { return m_changed; }
     void setChangeFlag(bool changed);
     bool secondChangeFlag() const { return m_rowEdited; }
@@ -277,7 +277,7 @@ Q_SIGNALS:
     void UpdateBatchAll();
 
     // The status or the change state changed.
-    void stateChanged(int status, bool changed);
+    void stateChanged(tarvello::frame::FrameStatus status, bool changed);
 
 private:
     // Marks the frame's own work on its recordset, which its reactions must not take for a
@@ -376,7 +376,7 @@ private:
     QString m_sql;
     KeySearch m_keySearch;
 
-    int m_status = FrameStatus::New;
+    FrameStatus m_status = FrameStatus::New;
     std::optional<Bookmark> m_shown;
     // The row to go back to when a new row or a search is left.
     std::optional<Bookmark> m_returnTo;

@@ -23,7 +23,7 @@ public:
 class AlberoAgentiTest : public SchermataTest {
 protected:
     QString agenteMostrato() const { return controllo<controls::Field>(u"TXT_AGENTE").text(); }
-    int statoAgenti() const { return gestione(FRMMG_AGENTI::Agenti).status(); }
+    frame::FrameStatus statoAgenti() const { return gestione(FRMMG_AGENTI::Agenti).status(); }
     db::Recordset& recordsetAlbero() const { return *schermata().albero().Grst_AlberoAgenti(); }
     // The code of the tree's selected row; empty when none is selected.
     QString selezioneAlbero() const
@@ -95,7 +95,7 @@ TEST_F(AlberoAgentiTest, TheClickKeepsTheWindowBusyOnlyWhileItWorks)
 TEST_F(AlberoAgentiTest, AnEmptyTreeIgnoresClicksAndMoves)
 {
     apri();
-    const int stato = statoAgenti();
+    const frame::FrameStatus stato = statoAgenti();
     controllo<controls::TreeGrid>(u"GRD_AGENTI").selectCurrentRow();
     schermata().NextAgente();
     schermata().UltimoAgente();

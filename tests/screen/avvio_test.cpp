@@ -105,15 +105,15 @@ TEST_F(AvvioSchermata, AModalScreenOpensAtItsDesignSizeAndWaitsUntilItCloses)
 TEST_F(AvvioSchermata, TellsTheToolbarTheStatusOfTheAgentFrame)
 {
     Apertura apertura;
-    apertura.programMode = frame::FrameStatus::New;
+    apertura.programMode = int(frame::FrameStatus::New);
     apri(apertura);
     ASSERT_EQ(gestione(FRMMG_AGENTI::Agenti).status(), frame::FrameStatus::New);
-    EXPECT_EQ(toolbar->shownStatus(), frame::FrameStatus::New);
+    EXPECT_EQ(toolbar->shownStatus(), short(frame::FrameStatus::New));
 
     inserisciAgente(QStringLiteral("A001"));
     gestione(FRMMG_AGENTI::Agenti).enterSearch();
     schermata().AggiornaNavigatore();
-    EXPECT_EQ(toolbar->shownStatus(), frame::FrameStatus::Search);
+    EXPECT_EQ(toolbar->shownStatus(), short(frame::FrameStatus::Search));
 }
 
 TEST_F(AvvioSchermata, ClosingIsRefusedWhileTheAgentHasChangesTheUserKeeps)

@@ -10,7 +10,7 @@ namespace {
 
 using agenti::FRMMG_AGENTI;
 using controls::Field;
-namespace FrameStatus = frame::FrameStatus;
+using frame::FrameStatus;
 
 // The partners, maturation-days and van-sales pages of an agent of company 1.
 class PagineAgenteTest : public SchermataTest {

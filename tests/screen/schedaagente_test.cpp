@@ -13,7 +13,7 @@ namespace tarvello::test {
 namespace {
 
 using agenti::FRMMG_AGENTI;
-namespace FrameStatus = frame::FrameStatus;
+using frame::FrameStatus;
 
 const QString QuoteOltreCento = QStringLiteral("Il totale delle % quote supera il 100% !!!");
 
@@ -85,12 +85,12 @@ TEST_F(SchedaAgenteTest, AStatusChangeAfterASaveDoesNotReloadTheDetails)
         return false;
     };
     schermata().Gcon_Connect()->log().clear();
-    Q_EMIT agente().ChangeStatus(FrameStatus::Browse, frame::StatusReason::Refreshed);
+    Q_EMIT agente().ChangeStatus(int(FrameStatus::Browse), frame::StatusReason::Refreshed);
     EXPECT_FALSE(dettagliCaricati());
     EXPECT_EQ(campo(u"TXT_RAGSOANAG").text(), QStringLiteral("AGENTE A001"));
     EXPECT_FALSE(campo(u"TXT_AGENTE").isEnabled());
 
-    Q_EMIT agente().ChangeStatus(FrameStatus::Browse, frame::StatusReason::Moved);
+    Q_EMIT agente().ChangeStatus(int(FrameStatus::Browse), frame::StatusReason::Moved);
     EXPECT_TRUE(dettagliCaricati()) << istruzioni().join(u'\n').toStdString();
 }
 

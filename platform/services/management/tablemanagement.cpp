@@ -135,7 +135,7 @@ void TableManagement::connectEvents()
                 fillNewRow();
         });
         connect(m_frame, &frame::GestAnagrafica::ChangeStatus, this,
-                [this](int status, int) { showKeyFields(status); });
+                [this](int status, int) { showKeyFields(frame::FrameStatus(status)); });
     }
 }
 
@@ -217,7 +217,7 @@ bool TableManagement::isKeyOrParent(const QString& column) const
     return m_description.key.contains(column) || m_description.parentColumns.contains(column);
 }
 
-void TableManagement::showKeyFields(int status)
+void TableManagement::showKeyFields(frame::FrameStatus status)
 {
     for (const ManagedColumn& column : m_description.columns) {
         auto* field = m_form->find<controls::Field>(fieldName(column.name));
