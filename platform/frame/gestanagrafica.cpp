@@ -32,7 +32,7 @@ GestAnagrafica::BulkRewrite::~BulkRewrite()
         m_frame->endBulkRewrite();
 }
 
-GestAnagrafica::GestAnagrafica(services::UserPrompts& prompts, QObject* parent)
+GestAnagrafica::GestAnagrafica(MessageBoxes& prompts, QObject* parent)
     : QObject(parent)
     , m_messages(prompts)
     , m_fields([this](const QString& column) { return formatOf(column); })

@@ -30,10 +30,6 @@ class RuntimeError;
 class TransactionGuard;
 } // namespace tarvello::db
 
-namespace tarvello::services {
-class UserPrompts;
-}
-
 namespace tarvello::frame {
 
 // The record frame (the host's GestAnagrafica): it binds the registered controls of a screen
@@ -116,7 +112,7 @@ public:
         QPointer<GestAnagrafica> m_frame; // Not owned.
     };
 
-    explicit GestAnagrafica(services::UserPrompts& prompts, QObject* parent = nullptr);
+    explicit GestAnagrafica(MessageBoxes& prompts, QObject* parent = nullptr);
     ~GestAnagrafica() override;
 
     // Binds the frame to its recordset and shows its current row (the first when it stands
