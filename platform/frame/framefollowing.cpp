@@ -71,6 +71,7 @@ bool GestAnagrafica::moveBy(const std::function<void(db::Recordset&)>& move, boo
         if (m_recordset->recordCount() > 0 && m_recordset->bof())
             m_recordset->moveFirst();
     } catch (const db::RuntimeError&) {
+        // A move the rows refuse (the row reached went meanwhile) is no move: the row stays.
         return false;
     }
     const auto reached = cursorBookmark();

@@ -216,7 +216,8 @@ void GestAnagrafica::discardPendingChanges()
         const auto quiet = this->quiet();
         try {
             m_recordset->cancelBatch();
-        } catch (const db::RuntimeError&) {
+        } catch (const db::RuntimeError& error) {
+            reportHandlerError(error);
             return;
         }
     }

@@ -400,6 +400,7 @@ std::optional<db::TableInfo::ColumnInfo> GestAnagrafica::describe(const QString&
         const auto* info = connection->tableInfo(m_recordset->baseTable()).column(base);
         return info ? std::optional(*info) : std::nullopt;
     } catch (const db::RuntimeError&) {
+        // A table the database does not describe binds by the column's kind alone.
         return std::nullopt;
     }
 }
@@ -426,6 +427,7 @@ std::optional<GestAnagrafica::Bookmark> GestAnagrafica::cursorBookmark() const
     try {
         return m_recordset->bookmark();
     } catch (const db::RuntimeError&) {
+        // Standing on a row deleted meanwhile, the rows have no current row to name.
         return std::nullopt;
     }
 }
@@ -453,6 +455,7 @@ Value GestAnagrafica::shownValue(const QString& column) const
     try {
         return m_recordset->value(column);
     } catch (const db::RuntimeError&) {
+        // A row gone meanwhile shows nothing, as a Null column does.
         return Value::null();
     }
 }
@@ -468,6 +471,7 @@ std::optional<Value> GestAnagrafica::shownRowValue(const QString& column) const
         row->setBookmark(*m_shown);
         return row->value(column);
     } catch (const db::RuntimeError&) {
+        // A row gone meanwhile is no row shown.
         return std::nullopt;
     }
 }
@@ -639,7 +643,7 @@ void GestAnagrafica::dropNewRow()
         try {
             m_recordset->deleteRow();
         } catch (const db::RuntimeError&) {
-            // already gone
+            // Already gone from the rows: there is nothing left to drop.
         }
     }
     m_shown.reset();
