@@ -116,22 +116,6 @@ TEST_F(AvvioSchermata, TellsTheToolbarTheStatusOfTheAgentFrame)
     EXPECT_EQ(toolbar->shownStatus(), frame::FrameStatus::Search);
 }
 
-TEST_F(AvvioSchermata, ClosingIsRefusedWhileTheAgentHasChangesTheUserKeeps)
-{
-    inserisciAgente(QStringLiteral("A001"));
-    apri();
-    ASSERT_TRUE(controllo<controls::Field>(u"TXT_PERPROV").typeText(QStringLiteral("12")));
-    rispondi(host::Cancel);
-
-    EXPECT_FALSE(schermata().requestClose());
-
-    EXPECT_TRUE(schermata().isLoaded());
-    ASSERT_EQ(prompts.history().size(), 1);
-    EXPECT_EQ(prompts.history().first().answer, QStringLiteral("cancel"));
-    EXPECT_EQ(modulo->ActiveDll(), modulo.get());
-    EXPECT_EQ(toolbar->scriptLog().lines().size(), 2) << "tsClose is told even when refused";
-}
-
 TEST_F(AvvioSchermata, UnloadLetsGoOfEverythingAndOfTheModule)
 {
     agenti::CLSMG_AGENTI& aperto = apri();

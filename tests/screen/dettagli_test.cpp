@@ -169,18 +169,6 @@ TEST_F(DettagliTest, ShowChildLoadsEveryDetailOfTheAgentAndPutsItsFirstRouteOnVi
     EXPECT_EQ(controllo<controls::Grid>(u"GRD_DETTAGLIOGIRI").rowCount(), 2);
     EXPECT_EQ(righe(FRMMG_AGENTI::DettaglioGiri)->pendingCount(), 0)
         << "the agent id written into the rows is theirs already";
-
-    // A click on the other route puts it on view.
-    auto& elenco = controllo<controls::Grid>(u"GRD_GIRI");
-    const int secondo =
-        dettagli().giri().Grst_ElencoGiri()->value(u"MG1H_GIRO").toString() == QStringLiteral("G01")
-            ? 1
-            : 0;
-    ASSERT_TRUE(elenco.clickRow(secondo));
-    EXPECT_EQ(dettagli().GiroCorrente(), QStringLiteral("G02"));
-    EXPECT_EQ(controllo<controls::Field>(u"TXT_DESCGIRO").text(),
-              QStringLiteral("Giro del martedì"));
-    EXPECT_EQ(controllo<controls::Grid>(u"GRD_DETTAGLIOGIRI").rowCount(), 1);
 }
 
 TEST_F(DettagliTest, ClearChildEmptiesTheDetailsAndLetsTheRouteListGo)
@@ -259,19 +247,6 @@ TEST_F(DettagliTest, TheRouteTypedGoesIntoTheRouteFilterQuoted)
     EXPECT_EQ(gestione(FRMMG_AGENTI::DettaglioGiri).sql(), filtro);
     EXPECT_EQ(istruzioni(), QStringList{filtro});
     EXPECT_EQ(righe(FRMMG_AGENTI::DettaglioGiri)->recordCount(), 0);
-}
-
-TEST_F(DettagliTest, TheUnloadLetsTheRouteListGo)
-{
-    giro(QStringLiteral("G01"), QStringLiteral("Giro del lunedì"));
-    tappa(agente, QStringLiteral("G01"), 1, 10);
-    apriSu(QStringLiteral("A001"));
-    ASSERT_NE(dettagli().giri().Grst_ElencoGiri(), nullptr);
-
-    schermata().unload();
-
-    EXPECT_EQ(dettagli().giri().Grst_ElencoGiri(), nullptr);
-    EXPECT_EQ(controllo<controls::Grid>(u"GRD_GIRI").dataSource(), nullptr);
 }
 
 TEST_F(DettagliTest, UndoingTheOnlyNewPartnerReadsThePartnersAgainAndFocusesTheCode)

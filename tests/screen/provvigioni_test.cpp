@@ -169,22 +169,6 @@ TEST_F(Provvigioni, TheFixedListIsLookedUpAndDecodedAmongTheCompanysLists)
     EXPECT_EQ(campo(u"TXT_NUMLISTFIX").lookupId(), QStringLiteral("Lkp_NumListFix"));
 }
 
-TEST_F(Provvigioni, TheAdjustmentSwitchesTheDiscountSettingsKeepingTheirValues)
-{
-    apri();
-    auto& adegua = controllo<controls::CheckBox>(u"CHK_FLGADEGUAMSCMAG");
-    adegua.setValue(1);
-    campo(u"TXT_CODPROVSC").setText(QStringLiteral("T1"));
-    for (const char* nome :
-         {"TXT_CODPROVSC", "CBO_INDCALCSCMAG", "CBO_INDBASEIMPSC", "CBO_INDBASEIMPMAG"})
-        EXPECT_TRUE(abilitato(QString::fromLatin1(nome))) << nome;
-    adegua.setValue(0);
-    for (const char* nome :
-         {"TXT_CODPROVSC", "CBO_INDCALCSCMAG", "CBO_INDBASEIMPSC", "CBO_INDBASEIMPMAG"})
-        EXPECT_FALSE(abilitato(QString::fromLatin1(nome))) << nome;
-    EXPECT_EQ(campo(u"TXT_CODPROVSC").text(), QStringLiteral("T1"));
-}
-
 TEST_F(Provvigioni, TheDiscountTablesManagementRunsWithTheHostHandedToItAndBack)
 {
     std::optional<TabProvvDiProva::Visto> visto;

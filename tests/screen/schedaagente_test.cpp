@@ -134,41 +134,6 @@ TEST_F(SchedaAgenteTest, UndoRecountsWhetherAPartnerMayBeAdded)
     EXPECT_TRUE(navigatore.isAvailable(controls::NavigatorKey::New));
 }
 
-// A new agent starts with nothing below it: the details are locked and their navigators off
-// until a code is typed; the routes wait for the save.
-TEST_F(SchedaAgenteTest, ANewAgentOpensItsDetailsOnceItHasACode)
-{
-    ASSERT_TRUE(agente().addNew());
-    EXPECT_EQ(campo(u"TXT_RAGSOANAG").text(), QString());
-    EXPECT_TRUE(campo(u"TXT_AGENTE").isEnabled());
-    EXPECT_TRUE(campo(u"TXT_RAGSOANAG").isEnabled());
-    EXPECT_FALSE(controllo<controls::Control>(u"CMD_GESTCOLL").isEnabled());
-    EXPECT_FALSE(controllo<controls::Control>(u"GRIDNAV_AGENTISOCI").isEnabled());
-    for (int numero = FRMMG_AGENTI::Soci; numero <= FRMMG_AGENTI::DettaglioGiri; ++numero)
-        EXPECT_TRUE(gestione(numero).isLocked()) << numero;
-
-    ASSERT_TRUE(campo(u"TXT_AGENTE").setFocus());
-    campo(u"TXT_AGENTE").typeText(QStringLiteral("N001"));
-    ASSERT_TRUE(controllo<controls::Control>(u"CBO_REGPROV").setFocus());
-    EXPECT_EQ(agente().status(), FrameStatus::New);
-    EXPECT_TRUE(controllo<controls::Control>(u"GRIDNAV_AGENTISOCI").isEnabled());
-    EXPECT_TRUE(controllo<controls::Control>(u"GRIDNAV_AGENTIMAT").isEnabled());
-    for (int numero : {FRMMG_AGENTI::Soci, FRMMG_AGENTI::Maturazione, FRMMG_AGENTI::TentataVendita})
-        EXPECT_FALSE(gestione(numero).isLocked()) << numero;
-    EXPECT_TRUE(gestione(FRMMG_AGENTI::DettaglioGiri).isLocked());
-
-    // The code of an existing agent brings that agent up instead.
-    ASSERT_TRUE(agente().undo());
-    ASSERT_TRUE(agente().addNew());
-    ASSERT_TRUE(campo(u"TXT_AGENTE").setFocus());
-    campo(u"TXT_AGENTE").typeText(QStringLiteral("A001"));
-    controllo<controls::Control>(u"CBO_REGPROV").setFocus();
-    EXPECT_EQ(agente().status(), FrameStatus::Browse);
-    EXPECT_EQ(riga(QStringLiteral("MG17_IDAGENTE")), db::Value(id));
-    EXPECT_FALSE(campo(u"TXT_AGENTE").isEnabled());
-    EXPECT_TRUE(controllo<controls::Control>(u"CMD_GESTCOLL").isEnabled());
-}
-
 // The managers' fields are never typed into, but equal managers are refused all the same.
 TEST_F(SchedaAgenteTest, TheSameManagerForZoneAndAreaIsRefused)
 {
