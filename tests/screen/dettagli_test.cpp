@@ -25,45 +25,13 @@ protected:
         altro = inserisciAgente(QStringLiteral("A002"));
     }
 
-    void socio(qint64 id, int codice, const QString& nome)
-    {
-        db().run(QStringLiteral("INSERT INTO MG18_AGENTISOCI (MG18_DITTA_CG18, MG18_IDAGENTE_MG17, "
-                                "MG18_CODSOCIO, MG18_NOMECOGN, MG18_PERQUOTA) VALUES (1, ?, ?, ?, "
-                                "50)"),
-                 {id, codice, nome});
-    }
     void maturazione(qint64 id, int tipo, int giorni)
     {
         db().run(QStringLiteral("INSERT INTO MG16_AGENTIMAT (MG16_DITTA_CG18, MG16_IDAGENTE_MG17, "
                                 "MG16_TIPOEFF, MG16_GGMATUR) VALUES (1, ?, ?, ?)"),
                  {id, tipo, giorni});
     }
-    void giro(const QString& codice, const QString& descrizione)
-    {
-        db().run(QStringLiteral("INSERT INTO MG1H_GIRI (MG1H_DITTA_CG18, MG1H_GIRO, "
-                                "MG1H_DESCRIZIONE) VALUES (1, ?, ?)"),
-                 {codice, descrizione});
-    }
-    void tappa(qint64 id, const QString& codiceGiro, int progressivo, const db::Value& cliente)
-    {
-        db().run(QStringLiteral("INSERT INTO MG1I_DETTAGLIOGIRI (MG1I_DITTA_CG18, "
-                                "MG1I_IDAGENTE_MG17, MG1I_GIRO_MG1H, MG1I_PROGRESSIVO, "
-                                "MG1I_TIPOCF_CG44, MG1I_CLIFOR_CG44) VALUES (1, ?, ?, ?, 0, ?)"),
-                 {id, codiceGiro, progressivo, cliente});
-    }
     qint64 conta(const QString& sql) { return db().query(sql).rows.value(0).value(0).toInt64(); }
-
-    // Opens the screen, brings the agent frame onto the agent and shows its details, then
-    // forgets the statements sent so far.
-    void apriSu(const QString& codice)
-    {
-        apri();
-        const db::RecordsetPtr agenti = gestione(FRMMG_AGENTI::Agenti).recordset();
-        agenti->moveFirst();
-        ASSERT_TRUE(agenti->find(QStringLiteral("MG17_AGENTE = '%1'").arg(codice)));
-        dettagli().ShowChild();
-        schermata().Gcon_Connect()->log().clear();
-    }
 
     agenti::DettagliAgente& dettagli() const { return schermata().dettagli(); }
     db::RecordsetPtr righe(int numero) const { return schermata().Grst_GestAnagrafica(numero); }

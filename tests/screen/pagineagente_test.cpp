@@ -21,24 +21,11 @@ protected:
         agente = inserisciAgente(QStringLiteral("A001"));
     }
 
-    void socio(int codice, const QString& nome)
-    {
-        db().run(QStringLiteral("INSERT INTO MG18_AGENTISOCI (MG18_DITTA_CG18, MG18_IDAGENTE_MG17, "
-                                "MG18_CODSOCIO, MG18_NOMECOGN, MG18_PERQUOTA) VALUES (1, ?, ?, ?, "
-                                "50)"),
-                 {agente, codice, nome});
-    }
-
     // Opens the screen on the agent with its details, then forgets the statements and prompts
     // so far.
     void apriSuAgente()
     {
-        apri();
-        const db::RecordsetPtr agenti = gestione(FRMMG_AGENTI::Agenti).recordset();
-        agenti->moveFirst();
-        ASSERT_TRUE(agenti->find(QStringLiteral("MG17_AGENTE = 'A001'")));
-        schermata().dettagli().ShowChild();
-        schermata().Gcon_Connect()->log().clear();
+        apriSu(QStringLiteral("A001"));
         giaMostrati = prompts.history().size();
     }
 
@@ -53,7 +40,7 @@ protected:
 
 TEST_F(PagineAgenteTest, NoTaxCodeIsCheckedInSearchEntryOrWhenEmpty)
 {
-    socio(1, QStringLiteral("ROSSI MARIO"));
+    socio(agente, 1, QStringLiteral("ROSSI MARIO"));
     apriSuAgente();
     frame::GestAnagrafica& soci = gestione(FRMMG_AGENTI::Soci);
     schermata().SelezionaTab(1);
@@ -76,7 +63,7 @@ TEST_F(PagineAgenteTest, NoTaxCodeIsCheckedInSearchEntryOrWhenEmpty)
 // partner or payment type cannot be entered twice.
 TEST_F(PagineAgenteTest, AKeyAlreadyTakenBringsItsRowUpOnlyWhileANewRowIsEntered)
 {
-    socio(4, QStringLiteral("ROSSI MARIO"));
+    socio(agente, 4, QStringLiteral("ROSSI MARIO"));
     apriSuAgente();
     frame::GestAnagrafica& soci = gestione(FRMMG_AGENTI::Soci);
     ASSERT_TRUE(soci.addNew());

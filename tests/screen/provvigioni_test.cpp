@@ -3,8 +3,6 @@
 #include "platform/controls/field.h"
 #include "platform/controls/keycodes.h"
 #include "schermatafixture.h"
-#include "src/host/calledmodule.h"
-#include "src/host/modulecontract.h"
 #include "src/screen/provvigioni.h"
 
 namespace tarvello::test {
@@ -15,43 +13,6 @@ using agenti::FRMMG_AGENTI;
 using controls::ComboBox;
 
 const QString ModuloTabProvv = QStringLiteral("Caspello.CLSPA_PROVVSCONTI");
-
-// The discount-tables management: notes what it was opened with and how the host stood.
-class TabProvvDiProva final : public host::ModuleContract, public host::CalledModule {
-public:
-    struct Visto {
-        db::ValueList dati;
-        bool schermataAttiva = true;
-        bool chiamata = false;
-        bool eLaAttiva = false;
-    };
-    TabProvvDiProva(host::Cinterface& agenti, std::optional<Visto>& visto, bool fallisce)
-        : m_agenti(agenti)
-        , m_visto(visto)
-        , m_fallisce(fallisce)
-    {}
-    host::Cinterface& contract() override { return *this; }
-    void setCallingData(const db::ValueList& data) override { m_dati = data; }
-    host::EventSource<host::DataTransferEvents>& dataTransfer() override { return m_eventi; }
-    db::Value TransferData(const db::Value&) override { return {}; }
-    db::Value ShowForm() override
-    {
-        host::GlobalContext* globale = ClsGlobal();
-        m_visto = Visto{m_dati, m_agenti.IsActive(), IsCalled(),
-                        globale && globale->activeModule() == this};
-        if (m_fallisce)
-            throw db::RuntimeError(5, QStringLiteral("Invalid procedure call"),
-                                   QStringLiteral("CLSPA_PROVVSCONTI"));
-        return {};
-    }
-
-private:
-    host::Cinterface& m_agenti;
-    std::optional<Visto>& m_visto;
-    bool m_fallisce;
-    db::ValueList m_dati;
-    host::EventSource<host::DataTransferEvents> m_eventi;
-};
 
 class Provvigioni : public SchermataTest {
 protected:
@@ -171,12 +132,8 @@ TEST_F(Provvigioni, TheFixedListIsLookedUpAndDecodedAmongTheCompanysLists)
 
 TEST_F(Provvigioni, TheDiscountTablesManagementRunsWithTheHostHandedToItAndBack)
 {
-    std::optional<TabProvvDiProva::Visto> visto;
-    bool fallisce = false;
     apri();
-    host->modules().add(ModuloTabProvv, [&] {
-        return std::make_unique<TabProvvDiProva>(*modulo, visto, fallisce);
-    });
+    registraModulo(ModuloTabProvv);
     controllo<controls::CheckBox>(u"CHK_FLGADEGUAMSCMAG").setValue(1);
     campo(u"TXT_CODPROVSC").setText(QStringLiteral("T1"));
 
@@ -194,7 +151,7 @@ TEST_F(Provvigioni, TheDiscountTablesManagementRunsWithTheHostHandedToItAndBack)
     EXPECT_EQ(host->activeModule(), modulo.get());
 
     // A failing management is left without a word and the host is taken back.
-    fallisce = true;
+    registraModulo(ModuloTabProvv, std::nullopt, true);
     const qsizetype prima = prompts.history().size();
     campo(u"TXT_CODPROVSC").pressManagementKey();
     EXPECT_EQ(prompts.history().size(), prima);
