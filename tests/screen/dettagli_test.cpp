@@ -69,102 +69,12 @@ QString tentataVenditaDi(qint64 id)
            QString::number(id);
 }
 
-// The route detail's customer field decodes the customer of the row shown.
-QString decodificaCliente(qint64 cliente)
-{
-    return QStringLiteral("SELECT CG16_RAGSOANAG, CG16_INDIRIZZO, CG16_CAP, CG16_CITTA, "
-                          "CG16_PROVINCIA, CG16_CODFISC, ISNULL(CG16_PARTIVA, CG16_CODFISC) AS "
-                          "CG16_PARTIVA FROM CG44_CLIFOR LEFT JOIN CG16_ANAGGEN ON CG16_CODICE = "
-                          "CG44_CODICE_CG16 WHERE CG44_DITTA_CG18 = 1 AND CG44_TIPOCF = 0 AND "
-                          "CG44_CLIFOR = ") +
-           QString::number(cliente);
-}
-
 QString giriDi(qint64 id)
 {
     return QStringLiteral("SELECT ROW_NUMBER() OVER (ORDER BY MG1I_DITTA_CG18) AS ID, * FROM "
                           "MG1I_DETTAGLIOGIRI WITH (NOLOCK)  WHERE MG1I_DITTA_CG18 = 1 AND "
                           "MG1I_IDAGENTE_MG17 = ") +
            QString::number(id);
-}
-
-TEST_F(DettagliTest, ShowChildLoadsEveryDetailOfTheAgentAndPutsItsFirstRouteOnView)
-{
-    socio(agente, 1, QStringLiteral("ROSSI MARIO"));
-    socio(agente, 2, QStringLiteral("BIANCHI LUCA"));
-    socio(altro, 1, QStringLiteral("VERDI ANNA"));
-    maturazione(agente, 1, 30);
-    giro(QStringLiteral("G01"), QStringLiteral("Giro del lunedì"));
-    giro(QStringLiteral("G02"), QStringLiteral("Giro del martedì"));
-    tappa(agente, QStringLiteral("G01"), 1, 10);
-    tappa(agente, QStringLiteral("G01"), 2, 11);
-    tappa(agente, QStringLiteral("G02"), 1, 12);
-    tappa(altro, QStringLiteral("G01"), 1, 13);
-    apriSu(QStringLiteral("A001"));
-
-    dettagli().ShowChild();
-
-    const QStringList attese{
-        sociDi(agente),
-        maturazioneDi(agente),
-        tentataVenditaDi(agente),
-        giriDi(agente),
-        decodificaCliente(10),
-        QStringLiteral("SELECT DISTINCT MG1H_GIRO, MG1H_DESCRIZIONE FROM MG1I_DETTAGLIOGIRI WITH "
-                       "(NOLOCK)  INNER JOIN MG1H_GIRI WITH (NOLOCK)     ON  MG1I_DITTA_CG18 = "
-                       "MG1H_DITTA_CG18     AND MG1H_GIRO = MG1I_GIRO_MG1H  WHERE MG1I_DITTA_CG18 "
-                       "= 1   AND MG1I_IDAGENTE_MG17 = ") +
-            QString::number(agente),
-        QStringLiteral("SELECT MG1H_DESCRIZIONE FROM MG1H_GIRI WHERE MG1H_DITTA_CG18 = 1 AND "
-                       "MG1H_GIRO = 'G01'"),
-        giriDi(agente) + QStringLiteral(" AND MG1I_GIRO_MG1H = 'G01'"),
-        decodificaCliente(10),
-    };
-    EXPECT_EQ(istruzioni(), attese);
-    EXPECT_EQ(schermata().Gstr_GestAnagrafica(FRMMG_AGENTI::Soci), sociDi(agente));
-    EXPECT_EQ(schermata().Gstr_GestAnagrafica(FRMMG_AGENTI::DettaglioGiri), attese.at(7));
-
-    EXPECT_EQ(righe(FRMMG_AGENTI::Soci)->recordCount(), 2);
-    EXPECT_EQ(controllo<controls::Grid>(u"GRID_AGENTISOCI").rowCount(), 2);
-    EXPECT_EQ(controllo<controls::Grid>(u"GRID_AGENTIMAT").rowCount(), 1);
-    EXPECT_EQ(gestione(FRMMG_AGENTI::TentataVendita).status(), frame::FrameStatus::New);
-
-    EXPECT_EQ(dettagli().GiroCorrente(), QStringLiteral("G01"));
-    EXPECT_EQ(controllo<controls::Field>(u"TXT_GIRO").text(), QStringLiteral("G01"));
-    EXPECT_EQ(controllo<controls::Field>(u"TXT_DESCGIRO").text(),
-              QStringLiteral("Giro del lunedì"));
-    EXPECT_EQ(controllo<controls::Grid>(u"GRD_GIRI").rowCount(), 2);
-    EXPECT_EQ(controllo<controls::Grid>(u"GRD_DETTAGLIOGIRI").rowCount(), 2);
-    EXPECT_EQ(righe(FRMMG_AGENTI::DettaglioGiri)->pendingCount(), 0)
-        << "the agent id written into the rows is theirs already";
-}
-
-TEST_F(DettagliTest, ClearChildEmptiesTheDetailsAndLetsTheRouteListGo)
-{
-    socio(agente, 1, QStringLiteral("ROSSI MARIO"));
-    giro(QStringLiteral("G01"), QStringLiteral("Giro del lunedì"));
-    tappa(agente, QStringLiteral("G01"), 1, 10);
-    apriSu(QStringLiteral("A001"));
-
-    dettagli().ClearChild();
-
-    EXPECT_EQ(istruzioni(),
-              (QStringList{
-                  QStringLiteral("SELECT ROW_NUMBER() OVER (ORDER BY MG18_DITTA_CG18) AS ID, * "
-                                 "FROM MG18_AGENTISOCI WHERE 1 = 0"),
-                  QStringLiteral("SELECT ROW_NUMBER() OVER (ORDER BY MG16_DITTA_CG18) AS ID, * "
-                                 "FROM MG16_AGENTIMAT WHERE 1 = 0"),
-                  QStringLiteral("SELECT * FROM MG34_AGENTITV WHERE 1 = 0"),
-                  QStringLiteral("SELECT ROW_NUMBER() OVER (ORDER BY MG1I_DITTA_CG18) AS ID, * "
-                                 "FROM MG1I_DETTAGLIOGIRI WHERE 1 = 0"),
-                  giriDi(agente) + QStringLiteral(" AND MG1I_GIRO_MG1H = ''"),
-              }));
-    EXPECT_EQ(righe(FRMMG_AGENTI::Soci)->recordCount(), 0);
-    EXPECT_TRUE(controllo<controls::Field>(u"TXT_GIRO").text().isEmpty());
-    EXPECT_TRUE(dettagli().GiroCorrente().isEmpty());
-    EXPECT_EQ(dettagli().giri().Grst_ElencoGiri(), nullptr);
-    EXPECT_EQ(controllo<controls::Grid>(u"GRD_GIRI").dataSource(), nullptr);
-    EXPECT_EQ(controllo<controls::Grid>(u"GRD_DETTAGLIOGIRI").rowCount(), 0);
 }
 
 // Partners entered for an agent not saved yet follow it: their agent column becomes 0 until
