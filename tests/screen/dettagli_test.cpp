@@ -196,20 +196,6 @@ TEST_F(DettagliTest, TheRouteFieldListsTheCompanysRoutes)
     EXPECT_TRUE(controllo<controls::Field>(u"TXT_DESCGIRO").text().isEmpty());
 }
 
-TEST_F(DettagliTest, MaturationSaveWithNoRowLeftGoesBackToEntry)
-{
-    maturazione(agente, 1, 30);
-    apriSu(QStringLiteral("A001"));
-    frame::GestAnagrafica& giorni = gestione(FRMMG_AGENTI::Maturazione);
-    rispondi(Si);
-    ASSERT_TRUE(giorni.deleteRecord());
-
-    giorni.updateBatch();
-
-    EXPECT_EQ(conta(QStringLiteral("SELECT COUNT(*) FROM MG16_AGENTIMAT")), 0);
-    EXPECT_EQ(giorni.status(), frame::FrameStatus::New);
-}
-
 // Another user deleted the row meanwhile: the save is refused, and the person must learn it
 // while the change stays in the recordset for a later attempt.
 TEST_F(DettagliTest, AFailingDetailSaveKeepsTheRowsPendingAndTellsThePerson)
