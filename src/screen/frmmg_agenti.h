@@ -40,19 +40,6 @@ class NavigazioneAgenti;
 class Provvigioni;
 class SchedaAgente;
 
-// How the host's id field finds the agent behind the id it holds (TXT_CAPOAREA and
-// TXT_CAPOZONA): set at load, let go at unload.
-struct ImpostazioniCampoId {
-    host::Cinterface* modulo = nullptr; // Not owned.
-    QString colonnaDitta;
-    qint32 ditta = 0;
-    bool filtroDitta = false;
-    QString colonnaLegata;
-    QString tabella;
-    QString colonnaId;
-    QString colonnaCodice;
-};
-
 // The agents screen: the header of the agent, the agents tree, the six pages of TAB_AGENTI
 // and the inner navigator, with the five record frames FME_GestAnagrafica1 (agents) to 5
 // (route detail) over the screen's own connection.
@@ -154,8 +141,6 @@ public:
     GestioniCollegate& collegate() const { return *m_collegate; }
     Classificazioni& classificazioni() const { return *m_classificazioni; }
     Provvigioni& provvigioni() const { return *m_provvigioni; }
-    // The settings of TXT_CAPOAREA or TXT_CAPOZONA; empty ones for any other name.
-    ImpostazioniCampoId impostazioniCampoId(QStringView nome) const;
 
     template <class T>
     T& controllo(QStringView nome) const
@@ -195,7 +180,6 @@ private:
                       const QString& griglia);
     void registraCampi(int numero, const QStringList& campi);
     std::unique_ptr<host::LookupDecoder> nuovoDecodificatore() const;
-    void impostaCampoId(const QString& nome, const QString& colonnaLegata);
     void posizionaSuAgenteRichiesto();
     void rilasciaGestioni();
 
@@ -211,8 +195,6 @@ private:
     qint32 m_ditta = 0;
     QStringList m_tipiEffetti;
     OggettiHost m_oggetti;
-    ImpostazioniCampoId m_capoArea;
-    ImpostazioniCampoId m_capoZona;
     bool m_cambioTabDaCodice = false;
     bool m_inserisciClienteNelGiro = false;
     bool m_nonRichiederePiu = false;
