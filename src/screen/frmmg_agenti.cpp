@@ -72,10 +72,18 @@ controls::Form::WindowState statoFinestra(short stato)
     }
 }
 
+// Lays the screen out and reaches the controls its parts are built with.
+ControlliAgenti disponiControlli(FRMMG_AGENTI& schermata)
+{
+    creaControlliAgenti(schermata);
+    return controlliAgenti(schermata);
+}
+
 } // namespace
 
 FRMMG_AGENTI::FRMMG_AGENTI(QObject* parent)
     : controls::Form(QStringLiteral("FRMMG_AGENTI"), parent)
+    , m_controlli(disponiControlli(*this))
     , m_albero(std::make_unique<AlberoAgenti>(*this))
     , m_dettagli(std::make_unique<DettagliAgente>(*this))
     , m_scheda(std::make_unique<SchedaAgente>(*this))
@@ -84,7 +92,6 @@ FRMMG_AGENTI::FRMMG_AGENTI(QObject* parent)
     , m_classificazioni(std::make_unique<Classificazioni>(*this))
     , m_provvigioni(std::make_unique<Provvigioni>(*this))
 {
-    creaControlliAgenti(*this);
     m_collegate->collega();
     // Connected before the load shows its first agent: the commission regime's rules run for
     // every value the list takes from the start.

@@ -7,6 +7,7 @@
 #include "src/common/errorreporter.h"
 #include "src/host/agentiscreen.h"
 #include "src/screen/controlli.h"
+#include "src/screen/controlliagenti.h"
 #include "src/screen/frmmg_messaggio.h"
 
 #include <QPointer>
@@ -99,6 +100,12 @@ public:
     const ErrorReporter& errori() const { return m_errori; }
     qint32 Codice_Ditta() const { return m_ditta; }
     frame::GestAnagrafica* FME_GestAnagrafica(int gestione) const;
+    // Where a record frame sits: empty until the load makes the frame and again once the
+    // unload lets it go. A part keeps it to reach the frame of the moment.
+    const QPointer<frame::GestAnagrafica>& postoGestione(int numero) const
+    {
+        return m_gestioni.at(numero - 1);
+    }
     // The same frame, a run-time error when the screen has none (not loaded, or unloaded).
     frame::GestAnagrafica& gestione(int numero) const;
     // The rows and the query of a record frame, as the frame holds them.
@@ -142,6 +149,8 @@ public:
     Classificazioni& classificazioni() const { return *m_classificazioni; }
     Provvigioni& provvigioni() const { return *m_provvigioni; }
 
+    // The controls the parts are built with, by kind.
+    const ControlliAgenti& controlli() const { return m_controlli; }
     template <class T>
     T& controllo(QStringView nome) const
     {
@@ -199,6 +208,8 @@ private:
     bool m_inserisciClienteNelGiro = false;
     bool m_nonRichiederePiu = false;
     ErrorReporter m_errori;
+    // Made with the screen, before the parts that are given their controls from it.
+    const ControlliAgenti m_controlli;
     std::unique_ptr<ListeCodificate> m_liste;
     std::unique_ptr<AlberoAgenti> m_albero;
     std::unique_ptr<DettagliAgente> m_dettagli;
