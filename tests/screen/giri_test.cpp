@@ -241,22 +241,5 @@ TEST_F(GiriTest, ANeverAboutAnotherAgentsRouteRefusesTheDestinationCaseWithoutAs
     EXPECT_EQ(tappe().status(), frame::FrameStatus::New);
 }
 
-// The stored row is in the database, so the agent "already has" its customer; the row is
-// not its own duplicate.
-TEST_F(GiriTest, ConfirmingAChangedStoredRowAsksAboutTheCustomerItHolds)
-{
-    tappa(agente, QStringLiteral("G01"), 1, 10);
-    apriSu(QStringLiteral("A001"));
-    controllo<controls::Field>(u"TXT_NOTE").setText(QStringLiteral("citofonare"));
-    prompts.queue(services::PromptAnswer::question(services::QuestionAnswer::Si));
-    EXPECT_TRUE(tappe().save());
-    ASSERT_EQ(prompts.history().size(), 1);
-    EXPECT_EQ(prompts.history().first().text,
-              QStringLiteral("Il cliente 10 - CLIENTE 10 è già presente in un altro giro "
-                             "dell'agente. Inserirlo comunque?"));
-    EXPECT_EQ(righe()->value(u"MG1I_NOTE").toString(), QStringLiteral("citofonare"));
-    EXPECT_EQ(righe()->value(u"MG1I_PROGRESSIVO").toInt64(), 1);
-}
-
 } // namespace
 } // namespace tarvello::test
