@@ -56,6 +56,32 @@ TEST_F(AgentsShellTest, EveryPageShowsWholeAt1280x800AndAtTheOpeningSize)
     expectPagesWhole(window);
 }
 
+// Tab walks "Dati generali" as it is read: down a column, then from the top of the next.
+TEST_F(AgentsShellTest, TabWalksDatiGeneraliColumnByColumn)
+{
+    gui::ScreenWindow& window = openAgents();
+    QWidget& page = widget(window, "contenutoDatiGenerali");
+    const auto place = [&page](const QWidget* field) {
+        const QWidget* group = field->parentWidget();
+        return std::pair(group->mapTo(&page, QPoint()).x(), field->mapTo(&page, QPoint()));
+    };
+    widget(window, "CBO_REGPROV").setFocus();
+    for (QWidget* from = QApplication::focusWidget(); from && page.isAncestorOf(from);) {
+        keyClick(from, Qt::Key_Tab);
+        QWidget* to = QApplication::focusWidget();
+        if (!to || !page.isAncestorOf(to))
+            break;
+        const auto [fromColumn, fromPoint] = place(from);
+        const auto [toColumn, toPoint] = place(to);
+        const bool downTheColumn = toColumn == fromColumn &&
+                                   (toPoint.y() > fromPoint.y() ||
+                                    (toPoint.y() == fromPoint.y() && toPoint.x() > fromPoint.x()));
+        EXPECT_TRUE(downTheColumn || toColumn > fromColumn)
+            << from->objectName().toStdString() << " -> " << to->objectName().toStdString();
+        from = to;
+    }
+}
+
 // The screen names the agent on view and marks its changes; a save leaves a line in the status
 // bar.
 TEST_F(AgentsShellTest, TheScreenNamesItsAgentAndReportsASave)
