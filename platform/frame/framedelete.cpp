@@ -11,7 +11,7 @@ using db::Value;
 
 bool GestAnagrafica::deleteRecord()
 {
-    if (!isOpen() || m_terminated || m_locked || m_status != FrameStatus::Browse || !m_shown)
+    if (!working() || m_locked || m_status != FrameStatus::Browse || !m_shown)
         return false;
     if (!m_messages.confirmDelete(recordDescription()))
         return false;
@@ -29,7 +29,7 @@ bool GestAnagrafica::deleteRecord()
 
 bool GestAnagrafica::deleteRows(DropOptions options)
 {
-    if (!isOpen() || m_terminated || m_locked)
+    if (!working() || m_locked)
         return false;
     if (entering())
         dropNewRow();

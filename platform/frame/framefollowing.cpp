@@ -53,7 +53,7 @@ bool GestAnagrafica::moveToBookmark(Bookmark bookmark)
 
 bool GestAnagrafica::moveBy(const std::function<void(db::Recordset&)>& move, bool showAgain)
 {
-    if (!isOpen() || !m_attached || m_terminated)
+    if (!working() || !m_attached)
         return false;
     if (!confirmPendingChanges({.check = true, .ask = writesAtOnce()}))
         return false;
@@ -83,7 +83,7 @@ bool GestAnagrafica::moveBy(const std::function<void(db::Recordset&)>& move, boo
 
 void GestAnagrafica::onEdited(DataControl* control)
 {
-    if (m_terminated || !isOpen() || !m_attached || m_status == FrameStatus::Search || m_locked)
+    if (!working() || !m_attached || m_status == FrameStatus::Search || m_locked)
         return;
     const QString column = m_fields.columnOf(control);
     // What the screen's answer to ChangeStatus puts into a control bound to no column (a name
@@ -110,7 +110,7 @@ void GestAnagrafica::onEdited(DataControl* control)
 
 void GestAnagrafica::onLeaving(DataControl* control, bool& cancel)
 {
-    if (m_terminated || !isOpen())
+    if (!working())
         return;
     const ColumnValue converted = m_fields.columnValue(control);
     if (converted.accepted())
@@ -121,8 +121,7 @@ void GestAnagrafica::onLeaving(DataControl* control, bool& cancel)
 
 bool GestAnagrafica::reacting() const
 {
-    return m_attached && !m_terminated && m_quietDepth == 0 && m_bulkDepth == 0 && m_followMoves &&
-           isOpen();
+    return working() && m_attached && m_quietDepth == 0 && m_bulkDepth == 0 && m_followMoves;
 }
 
 void GestAnagrafica::onCurrentChanged()

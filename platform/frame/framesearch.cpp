@@ -12,7 +12,7 @@ using db::Value;
 
 bool GestAnagrafica::enterSearch()
 {
-    if (!isOpen() || m_terminated)
+    if (!working())
         return false;
     if (m_status == FrameStatus::Search)
         return true;
@@ -44,7 +44,7 @@ bool GestAnagrafica::searchCommand()
 bool GestAnagrafica::search(bool fromKeyColumn, bool quiet)
 {
     const QString column = m_fields.columnOf(m_keyField);
-    if (!isOpen() || m_terminated || column.isEmpty() || !m_recordset->hasField(column))
+    if (!working() || column.isEmpty() || !m_recordset->hasField(column))
         return false;
     Value wanted;
     if (m_status == FrameStatus::Search || !fromKeyColumn || !m_shown) {

@@ -58,7 +58,7 @@ bool GestAnagrafica::save()
 
 bool GestAnagrafica::writeRow(bool check, bool show)
 {
-    if (!isOpen() || m_terminated || m_locked || m_status == FrameStatus::Search)
+    if (!working() || m_locked || m_status == FrameStatus::Search)
         return false;
     if (check && !checkFields())
         return false;
@@ -123,7 +123,7 @@ void GestAnagrafica::reportSaveFailure(const db::RuntimeError& error)
 
 bool GestAnagrafica::confirmPendingChanges(SettleOptions options)
 {
-    if (!isOpen() || m_terminated || m_status == FrameStatus::Search || !isRecordChanged())
+    if (!working() || m_status == FrameStatus::Search || !isRecordChanged())
         return true;
     if (options.ask) {
         const int answer = m_messages.askSaveChanges();
@@ -139,7 +139,7 @@ bool GestAnagrafica::confirmPendingChanges(SettleOptions options)
 
 bool GestAnagrafica::confirmLettingRowsGo()
 {
-    if (!isOpen() || m_terminated)
+    if (!working())
         return true;
     if (!holdsUnsavedChanges())
         return true;
@@ -176,7 +176,7 @@ bool GestAnagrafica::undo()
 
 bool GestAnagrafica::dropPendingRow(DropOptions options)
 {
-    if (!isOpen() || m_terminated)
+    if (!working())
         return false;
     if (m_status == FrameStatus::Search) {
         const auto back = visible(m_returnTo);
@@ -209,7 +209,7 @@ void GestAnagrafica::discardDetailChanges()
 
 void GestAnagrafica::discardPendingChanges()
 {
-    if (!isOpen() || !m_attached || m_terminated)
+    if (!working() || !m_attached)
         return;
     const auto shown = m_shown;
     {
@@ -230,7 +230,7 @@ void GestAnagrafica::discardPendingChanges()
 
 void GestAnagrafica::updateBatch()
 {
-    if (m_terminated)
+    if (!alive())
         return;
     const db::RecordsetPtr rows = m_recordset;
     bool touched = false;

@@ -199,7 +199,7 @@ db::Connection* GestAnagrafica::rowsConnection() const
 
 void GestAnagrafica::reopen(const QString& sql)
 {
-    if (m_terminated || !m_recordset)
+    if (!alive() || !m_recordset)
         return;
     db::Connection* connection = rowsConnection();
     if (!connection) {
@@ -236,7 +236,7 @@ void GestAnagrafica::detach()
 
 void GestAnagrafica::refresh(const QString& sql)
 {
-    if (m_terminated)
+    if (!alive())
         return;
     if (!sql.isEmpty()) {
         m_sql = sql;
@@ -291,7 +291,7 @@ void GestAnagrafica::terminate()
 
 void GestAnagrafica::setStatus(FrameStatus status)
 {
-    if (!isOpen() || m_terminated || (status == m_status && status != FrameStatus::New))
+    if (!working() || (status == m_status && status != FrameStatus::New))
         return;
     if (status == FrameStatus::New) {
         if (entering() && !m_rowEdited)
@@ -337,7 +337,7 @@ void GestAnagrafica::notifyChange(bool changed)
 
 bool GestAnagrafica::isRecordChanged()
 {
-    if (m_terminated || m_status == FrameStatus::Search)
+    if (!alive() || m_status == FrameStatus::Search)
         return false;
     RecordChangedArgs args{m_rowEdited || (writesAtOnce() && m_changed)};
     raise("IsRecordChanged", [&] { Q_EMIT IsRecordChanged(args); });
@@ -380,6 +380,17 @@ void GestAnagrafica::endBulkRewrite()
 bool GestAnagrafica::isOpen() const
 {
     return m_recordset && m_recordset->isOpen();
+}
+
+bool GestAnagrafica::alive() const
+{
+    Q_ASSERT_X(!m_terminated, "GestAnagrafica", "used after TerminateGestAnagrafica");
+    return !m_terminated;
+}
+
+bool GestAnagrafica::working() const
+{
+    return alive() && isOpen();
 }
 
 bool GestAnagrafica::entering() const
@@ -663,7 +674,7 @@ void GestAnagrafica::leaveShownRow()
 
 bool GestAnagrafica::addNew()
 {
-    if (!isOpen() || m_terminated || m_locked)
+    if (!working() || m_locked)
         return false;
     if (m_status == FrameStatus::New && !m_shown)
         return addRow(true);

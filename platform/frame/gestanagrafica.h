@@ -284,6 +284,11 @@ private:
     }
 
     bool isOpen() const;
+    // After TerminateGestAnagrafica the frame is gone for its module: a call then is the caller's
+    // fault, asserted in debug builds and a no-op in release builds. working() is alive and open;
+    // a frame asked to act before its rows are open does nothing, which is no fault.
+    bool alive() const;
+    bool working() const;
     bool writesAtOnce() const { return m_writeMode == WriteMode::AtOnce; }
     // A new row has been added and is being entered.
     bool entering() const;
