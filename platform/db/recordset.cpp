@@ -527,7 +527,7 @@ void Recordset::showAddedRow(Bookmark added)
     if (!m_positions.isEmpty())
         m_positions.insert(added, m_view.size() - 1);
     m_onDeleted = false;
-    Q_EMIT rowsReset();
+    Q_EMIT rowAppended(added);
 }
 
 void Recordset::rebuildView(Bookmark keep)
@@ -626,7 +626,7 @@ void Recordset::addNew()
     const Bookmark added = m_store->append(std::move(values), RowStatus::New);
     m_store->adding = added;
     m_store->notifyRowAdded(added);
-    m_index = m_view.indexOf(added);
+    m_index = viewPosition(added);
     Q_EMIT currentChanged();
 }
 

@@ -152,6 +152,9 @@ Q_SIGNALS:
     void currentChanged();
     // Rows were added, removed, re-read, filtered or sorted: views read them again.
     void rowsReset();
+    // A row was added after the rows shown, the others staying as they were: views add it
+    // rather than read every row again.
+    void rowAppended(tarvello::db::Recordset::Bookmark bookmark);
     // A value of the row with this bookmark changed.
     void rowChanged(tarvello::db::Recordset::Bookmark bookmark);
 
