@@ -398,7 +398,14 @@ bool Recordset::hasBookmark(Bookmark bookmark) const
 RecordsetPtr Recordset::clone() const
 {
     RecordsetPtr copy(new Recordset(m_store));
-    copy->rebuildView(0);
+    // Unfiltered and unsorted, this handle already shows what the clone's own view would be
+    // (every row not deleted, in the order read): the clone shares it instead of walking
+    // every row again, which matters to a clone taken only to be filtered down to one row.
+    if (m_store->open && m_filter.isEmpty() && m_filterGroup == FilterGroup::None &&
+        m_sort.trimmed().isEmpty())
+        copy->setView(m_view);
+    else
+        copy->rebuildView(0);
     copy->m_index = 0;
     return copy;
 }
