@@ -423,6 +423,19 @@ void Recordset::addNew()
 {
     requireWritable();
     leaveEdit();
+    // The defaults are asked of the table once per reading of the rows: rows added one after
+    // another (a list of customers) would otherwise each check the schema again.
+    if (!m_store->newRow)
+        m_store->newRow = defaultRow();
+    const Bookmark added = m_store->append(*m_store->newRow, RowStatus::New);
+    m_store->adding = added;
+    m_store->notifyRowAdded(added);
+    m_index = viewPosition(added);
+    Q_EMIT currentChanged();
+}
+
+PackedRow Recordset::defaultRow() const
+{
     PackedRow values;
     const TableInfo* info = m_store->connection && !m_store->baseTable.isEmpty()
                                 ? &m_store->connection->tableInfo(m_store->baseTable)
@@ -431,11 +444,7 @@ void Recordset::addNew()
         const TableInfo::ColumnInfo* base = info ? info->column(column.baseColumn) : nullptr;
         values.append(base && !column.baseColumn.isEmpty() ? base->defaultValue : Value::null());
     }
-    const Bookmark added = m_store->append(std::move(values), RowStatus::New);
-    m_store->adding = added;
-    m_store->notifyRowAdded(added);
-    m_index = viewPosition(added);
-    Q_EMIT currentChanged();
+    return values;
 }
 
 void Recordset::update()

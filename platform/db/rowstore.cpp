@@ -13,6 +13,7 @@ void RowStore::reset(QList<PackedRow> rows)
     m_rows.reserve(rows.size());
     dropIndex();
     adding = 0;
+    newRow.reset();
     for (PackedRow& values : rows) {
         Row row;
         row.bookmark = m_next++;

@@ -39,6 +39,8 @@ public:
     QString baseTable;
     bool open = false;
     Recordset::Bookmark adding = 0; // the row an AddNew is filling, 0 when none
+    // What an AddNew starts from, once one has asked (reset drops it with the rows).
+    std::optional<PackedRow> newRow;
 
     void reset(QList<PackedRow> rows);
     Recordset::Bookmark append(PackedRow values, Recordset::RowStatus status);
