@@ -13,6 +13,7 @@
 #include "platform/services/hostcontext.h"
 #include "platform/services/hostnavigator.h"
 #include "platform/services/management/tablemanagement.h"
+#include "src/host/calledmodule.h"
 #include "src/host/cinterface.h"
 #include "src/host/menuentry.h"
 
@@ -118,7 +119,13 @@ void Scenario::open(const OpenRequest& request)
     const QString identifier = agentsModuleIdentifier();
     if (!m_host->modules().contains(identifier))
         throw ScriptFailure(QStringLiteral("the host has no module %1 to open").arg(identifier));
-    auto created = std::make_unique<ScenarioWindow>(m_host->createModule(identifier), identifier);
+    std::unique_ptr<host::CalledModule> called = m_host->createModule(identifier);
+    // The module is called on one agent: CodiceAgente, or IDAGENTE with CalledById.
+    if (request.calledCode)
+        called->setCallingData({*request.calledCode});
+    else if (request.calledId)
+        called->setCallingData({db::Value(), *request.calledId, true});
+    auto created = std::make_unique<ScenarioWindow>(std::move(called), identifier);
     host::Cinterface& module = created->module();
     module.setClsGlobal(m_host.get());
     module.setActiveNavigator(m_toolbar.get());
@@ -134,20 +141,7 @@ void Scenario::open(const OpenRequest& request)
         module.setTop(0);
         module.setLeft(0);
     }
-    if (request.calledCode || request.calledId) {
-        auto* agents = dynamic_cast<agenti::CLSMG_AGENTI*>(&module);
-        if (!agents)
-            throw ScriptFailure(QStringLiteral("the module %1 is not CLSMG_AGENTI: it cannot be "
-                                               "called on an agent")
-                                    .arg(identifier));
-        module.setIsCalled(true);
-        if (request.calledCode) {
-            agents->setCodiceAgente(*request.calledCode);
-        } else {
-            agents->setIDAGENTE(*request.calledId);
-            agents->setCalledById(true);
-        }
-    }
+    module.setIsCalled(request.calledCode || request.calledId);
     for (const auto& other : m_windows) {
         if (other->isOpen())
             deactivate(*other);

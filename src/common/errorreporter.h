@@ -37,9 +37,10 @@ public:
     int VisualizzaErrore(const QString& name, const db::RuntimeError& error) const;
     // Reports the error as the module's, at `location`; returns the log's answer (1 abandons).
     short moduleError(const QString& location, const db::RuntimeError& error) const;
+    // The log the reports go to; a run-time error (91) while the screen has none.
+    host::ErrorLog& log() const;
 
 private:
-    host::ErrorLog& log() const;
     void handOver(const db::RuntimeError& error) const;
 
     host::ErrorLog* m_log = nullptr;        // Not owned.

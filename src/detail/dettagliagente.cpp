@@ -17,6 +17,7 @@
 #include "src/detail/tentatavendita.h"
 #include "src/host/errorlog.h"
 #include "src/host/globalcontext.h"
+#include "src/host/hostobjects.h"
 #include "src/host/messagecatalogue.h"
 #include "src/screen/frmmg_agenti.h"
 
@@ -71,8 +72,11 @@ const Dettaglio& dettaglio(int gestione)
 DettagliAgente::DettagliAgente(FRMMG_AGENTI& schermata)
     : m_schermata(schermata)
     , m_giri(std::make_unique<GiriVisite>(schermata))
-    , m_soci(std::make_unique<SociAgente>(schermata))
-    , m_maturazione(std::make_unique<Maturazione>(schermata))
+    , m_soci(std::make_unique<SociAgente>(schermata.controlli().soci,
+                                          schermata.postoGestione(FRMMG_AGENTI::Soci), *this,
+                                          schermata.errori()))
+    , m_maturazione(std::make_unique<Maturazione>(
+          schermata.controlli().maturazione, schermata.postoGestione(FRMMG_AGENTI::Maturazione)))
     , m_tentataVendita(std::make_unique<TentataVendita>(schermata))
 {}
 
@@ -139,7 +143,9 @@ void DettagliAgente::collega()
                      &controls::Grid::cellTextRequested, contesto,
                      [this](controls::CellTextArgs& args) { GRID_AGENTIMAT_CellText(args); });
     m_giri->collega();
-    m_soci->collega();
+    m_soci->collega(m_schermata.globale().objects());
+    QObject::connect(&m_schermata, &controls::Form::unloaded, contesto,
+                     [this] { m_soci->rilascia(); });
     m_maturazione->collega();
     m_tentataVendita->collega();
 }

@@ -38,7 +38,8 @@ GiriVisite::GiriVisite(FRMMG_AGENTI& schermata)
     : m_schermata(schermata)
     , m_controllo(std::make_unique<ControlloRigaGiro>(schermata))
     , m_righe(std::make_unique<RigheGiro>(schermata))
-    , m_ordine(std::make_unique<OrdineGiro>(schermata))
+    , m_ordine(std::make_unique<OrdineGiro>(schermata.controlli().ordineGiro,
+                                            schermata.postoGestione(FRMMG_AGENTI::DettaglioGiri)))
     , m_clienti(std::make_unique<ClientiGiro>(schermata, *this))
 {}
 

@@ -1,15 +1,24 @@
 #pragma once
 
-namespace tarvello::agenti {
+#include "src/screen/controlliagenti.h"
 
-class FRMMG_AGENTI;
+#include <QObject>
+#include <QPointer>
+
+namespace tarvello::frame {
+class GestAnagrafica;
+}
+
+namespace tarvello::agenti {
 
 // The maturation-days page: the key check of a new payment type and the shortcut on the
 // last field of a row.
 class Maturazione {
 public:
-    explicit Maturazione(FRMMG_AGENTI& schermata)
-        : m_schermata(schermata)
+    Maturazione(const ControlliMaturazione& controlli,
+                const QPointer<frame::GestAnagrafica>& gestione)
+        : m_controlli(controlli)
+        , m_gestione(gestione)
     {}
     Maturazione(const Maturazione&) = delete;
     Maturazione& operator=(const Maturazione&) = delete;
@@ -18,7 +27,11 @@ public:
     void collega();
 
 private:
-    FRMMG_AGENTI& m_schermata; // Not owned: the screen owns this.
+    const ControlliMaturazione m_controlli;
+    // Not owned: the screen's place of the maturation-days frame.
+    const QPointer<frame::GestAnagrafica>& m_gestione;
+    // The handlers' connections end with this part.
+    QObject m_contesto;
 };
 
 } // namespace tarvello::agenti

@@ -6,7 +6,6 @@
 #include "platform/db/connection.h"
 #include "platform/frame/gestanagrafica.h"
 #include "src/common/errorstyles.h"
-#include "src/screen/frmmg_agenti.h"
 
 #include <QList>
 #include <utility>
@@ -54,16 +53,18 @@ void scriviCampi(db::Recordset& righe, const Campi& campi)
 
 } // namespace
 
-OrdineGiro::OrdineGiro(FRMMG_AGENTI& schermata)
-    : m_schermata(schermata)
+OrdineGiro::OrdineGiro(const ControlliOrdineGiro& controlli,
+                       const QPointer<frame::GestAnagrafica>& dettaglio)
+    : m_controlli(controlli)
+    , m_dettaglio(dettaglio)
 {}
 
 void OrdineGiro::collega()
 {
-    QObject::connect(&m_schermata.controllo<controls::Button>(u"CMD_UP"),
-                     &controls::Button::clicked, &m_schermata, [this] { CMD_UP_ButtonClick(); });
-    QObject::connect(&m_schermata.controllo<controls::Button>(u"CMD_DOWN"),
-                     &controls::Button::clicked, &m_schermata, [this] { CMD_DOWN_ButtonClick(); });
+    QObject::connect(&m_controlli.CMD_UP, &controls::Button::clicked, &m_contesto,
+                     [this] { CMD_UP_ButtonClick(); });
+    QObject::connect(&m_controlli.CMD_DOWN, &controls::Button::clicked, &m_contesto,
+                     [this] { CMD_DOWN_ButtonClick(); });
 }
 
 void OrdineGiro::CMD_UP_ButtonClick()
@@ -83,12 +84,12 @@ void OrdineGiro::sposta(Verso verso)
     db::Recordset::Bookmark selezionata{};
     Campi primo;
     Campi secondo;
-    auto& griglia = m_schermata.controllo<controls::Grid>(u"GRD_DETTAGLIOGIRI");
+    controls::Grid& griglia = m_controlli.GRD_DETTAGLIOGIRI;
     const bool su = verso == Verso::Su;
     ignoreEachStep({
         [&] {
-            righe = m_schermata.Grst_GestAnagrafica(FRMMG_AGENTI::DettaglioGiri);
-            dettaglio = m_schermata.FME_GestAnagrafica(FRMMG_AGENTI::DettaglioGiri);
+            dettaglio = m_dettaglio.data();
+            righe = dettaglio ? dettaglio->recordset() : nullptr;
             if (!righe || !dettaglio || righe->eof() || righe->bof())
                 return Flow::Leave;
             return Flow::Next;
@@ -137,7 +138,7 @@ void OrdineGiro::sposta(Verso verso)
         [&] { griglia.setDataSource(righe); },
         [&] { dettaglio->setFollowRowMoves(true); },
         [&] { dettaglio->setChangeFlag(true); },
-        [&] { m_schermata.controllo<controls::Navigator>(u"INTERNAV").setChangeIndicator(true); },
+        [&] { m_controlli.INTERNAV.setChangeIndicator(true); },
     });
 }
 

@@ -1,15 +1,23 @@
 #pragma once
 
-namespace tarvello::agenti {
+#include "src/screen/controlliagenti.h"
 
-class FRMMG_AGENTI;
+#include <QObject>
+#include <QPointer>
+
+namespace tarvello::frame {
+class GestAnagrafica;
+}
+
+namespace tarvello::agenti {
 
 // Moves the selected customer of the route on view one place up or down: the selected row
 // and its neighbour exchange every value but their position, so positions never collide,
 // and the selection follows the customer. Nothing is written until the agent is saved.
 class OrdineGiro {
 public:
-    explicit OrdineGiro(FRMMG_AGENTI& schermata);
+    OrdineGiro(const ControlliOrdineGiro& controlli,
+               const QPointer<frame::GestAnagrafica>& dettaglio);
     OrdineGiro(const OrdineGiro&) = delete;
     OrdineGiro& operator=(const OrdineGiro&) = delete;
 
@@ -22,7 +30,11 @@ private:
     enum class Verso { Su, Giu };
     void sposta(Verso verso);
 
-    FRMMG_AGENTI& m_schermata; // Not owned: the screen owns this.
+    const ControlliOrdineGiro m_controlli;
+    // Not owned: the screen's place of the route-detail frame.
+    const QPointer<frame::GestAnagrafica>& m_dettaglio;
+    // The buttons' connections end with this part.
+    QObject m_contesto;
 };
 
 } // namespace tarvello::agenti

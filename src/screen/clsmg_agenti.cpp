@@ -260,6 +260,16 @@ void CLSMG_AGENTI::AfterMediaCreate(const db::Value& CodiceMedia)
     });
 }
 
+void CLSMG_AGENTI::setCallingData(const db::ValueList& data)
+{
+    if (!data.isEmpty())
+        m_codiceAgente = data.at(0);
+    if (data.size() > 1)
+        m_idAgente = data.at(1);
+    if (data.size() > 2)
+        ignoreEachStep({[&] { m_calledById = data.at(2).toBool(); }});
+}
+
 db::Value CLSMG_AGENTI::TransferData(const db::Value& Calling_parameters)
 {
     ignoreEachStep({[&] {

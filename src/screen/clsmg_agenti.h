@@ -17,8 +17,9 @@ namespace tarvello::agenti {
 
 // The module object of "Anagrafica agenti": the host creates one per window, fills the
 // contract and calls ShowForm, which opens the agents screen. A program that opens the
-// module to pick an agent sets IsCalled with CodiceAgente (or IDAGENTE and CalledById) and
-// gets the chosen agent back through DataTransfer.
+// module to pick an agent sets IsCalled with CodiceAgente (or IDAGENTE and CalledById), which
+// a host without this class at hand hands over as the calling data, and gets the chosen agent
+// back through DataTransfer.
 //
 // Apart from ShowForm and TransferData every member only stores and returns its value. No
 // member lets a run-time error out: a value that cannot be stored leaves the old one, a
@@ -28,6 +29,7 @@ namespace tarvello::agenti {
 // first asks whether this module is the active one) and those of the multimedia archive it
 // opens for the agent on view.
 class CLSMG_AGENTI final : public host::ModuleContract,
+                           public host::CalledModule,
                            public host::NavigatorEvents,
                            public host::HyperMediaEvents {
 public:
@@ -54,9 +56,13 @@ public:
     void setCalledById(bool value) { m_calledById = value; }
     bool CalledById() const { return m_calledById; }
 
+    host::Cinterface& contract() override { return *this; }
+    // The calling data are CodiceAgente, IDAGENTE and CalledById, in this order; a member the
+    // data do not reach keeps its value.
+    void setCallingData(const db::ValueList& data) override;
     // The event DataTransfer(Data), raised by TransferData for the program that opened the
     // module.
-    host::EventSource<host::DataTransferEvents>& dataTransfer() { return m_dataTransfer; }
+    host::EventSource<host::DataTransferEvents>& dataTransfer() override { return m_dataTransfer; }
 
     // The screen the last ShowForm created; none before the first.
     AgentiScreen* screen() const { return m_screen; }

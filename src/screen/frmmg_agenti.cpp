@@ -72,10 +72,18 @@ controls::Form::WindowState statoFinestra(short stato)
     }
 }
 
+// Lays the screen out and reaches the controls its parts are built with.
+ControlliAgenti disponiControlli(FRMMG_AGENTI& schermata)
+{
+    creaControlliAgenti(schermata);
+    return controlliAgenti(schermata);
+}
+
 } // namespace
 
 FRMMG_AGENTI::FRMMG_AGENTI(QObject* parent)
     : controls::Form(QStringLiteral("FRMMG_AGENTI"), parent)
+    , m_controlli(disponiControlli(*this))
     , m_albero(std::make_unique<AlberoAgenti>(*this))
     , m_dettagli(std::make_unique<DettagliAgente>(*this))
     , m_scheda(std::make_unique<SchedaAgente>(*this))
@@ -84,7 +92,6 @@ FRMMG_AGENTI::FRMMG_AGENTI(QObject* parent)
     , m_classificazioni(std::make_unique<Classificazioni>(*this))
     , m_provvigioni(std::make_unique<Provvigioni>(*this))
 {
-    creaControlliAgenti(*this);
     m_collegate->collega();
     // Connected before the load shows its first agent: the commission regime's rules run for
     // every value the list takes from the start.
@@ -197,15 +204,6 @@ QString FRMMG_AGENTI::Gstr_GestAnagrafica(int numero) const
     return gestione ? gestione->sql() : QString();
 }
 
-ImpostazioniCampoId FRMMG_AGENTI::impostazioniCampoId(QStringView nome) const
-{
-    if (nome == u"TXT_CAPOAREA")
-        return m_capoArea;
-    if (nome == u"TXT_CAPOZONA")
-        return m_capoZona;
-    return {};
-}
-
 // The record frames are part of the screen as it is designed: they exist from its load, and
 // the load binds them one by one.
 void FRMMG_AGENTI::creaGestioni()
@@ -241,19 +239,6 @@ std::unique_ptr<host::LookupDecoder> FRMMG_AGENTI::nuovoDecodificatore() const
     std::unique_ptr<host::LookupDecoder> decodificatore = globale().objects().newLookupDecoder();
     richiesto(decodificatore.get(), "LookupDecoder").bind(m_activeInterface);
     return decodificatore;
-}
-
-void FRMMG_AGENTI::impostaCampoId(const QString& nome, const QString& colonnaLegata)
-{
-    ImpostazioniCampoId& impostazioni = nome == u"TXT_CAPOAREA" ? m_capoArea : m_capoZona;
-    impostazioni.modulo = m_activeInterface;
-    impostazioni.colonnaDitta = QStringLiteral("MG17_DITTA_CG18");
-    impostazioni.ditta = globale().company().code;
-    impostazioni.filtroDitta = true;
-    impostazioni.colonnaLegata = colonnaLegata;
-    impostazioni.tabella = QStringLiteral("MG17_AGENTI");
-    impostazioni.colonnaId = QStringLiteral("MG17_IDAGENTE");
-    impostazioni.colonnaCodice = QStringLiteral("MG17_AGENTE");
 }
 
 void FRMMG_AGENTI::Form_Load()
@@ -343,14 +328,6 @@ void FRMMG_AGENTI::Form_Load()
             [&] { modulo().setConnection(m_connessione.get()); },
             [&] { modulo().setActiveFrame(FME_GestAnagrafica(Agenti)); },
             [&] { navigatore().registerModule(m_activeInterface); },
-            [&] {
-                impostaCampoId(QStringLiteral("TXT_CAPOAREA"),
-                               QStringLiteral("MG17_IDCAPOAREA_MG17"));
-            },
-            [&] {
-                impostaCampoId(QStringLiteral("TXT_CAPOZONA"),
-                               QStringLiteral("MG17_IDCAPOZONA_MG17"));
-            },
             [&] {
                 m_oggetti.classificazioni = nuovoDecodificatore();
                 m_oggetti.agenti = nuovoDecodificatore();
@@ -662,8 +639,6 @@ void FRMMG_AGENTI::Form_Unload()
 {
     m_scaricata = true;
     ignoreEachStep({
-        [&] { m_capoArea = {}; },
-        [&] { m_capoZona = {}; },
         [&] {
             const QString chiave = richiesto(modulo().ClsVoceMenu(), "ClsVoceMenu").key();
             richiesto(navigatore().scriptObject(), "ScriptObject").key(chiave);

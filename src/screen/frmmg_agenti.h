@@ -7,6 +7,7 @@
 #include "src/common/errorreporter.h"
 #include "src/host/agentiscreen.h"
 #include "src/screen/controlli.h"
+#include "src/screen/controlliagenti.h"
 #include "src/screen/frmmg_messaggio.h"
 
 #include <QPointer>
@@ -39,19 +40,6 @@ class ListeCodificate;
 class NavigazioneAgenti;
 class Provvigioni;
 class SchedaAgente;
-
-// How the host's id field finds the agent behind the id it holds (TXT_CAPOAREA and
-// TXT_CAPOZONA): set at load, let go at unload.
-struct ImpostazioniCampoId {
-    host::Cinterface* modulo = nullptr; // Not owned.
-    QString colonnaDitta;
-    qint32 ditta = 0;
-    bool filtroDitta = false;
-    QString colonnaLegata;
-    QString tabella;
-    QString colonnaId;
-    QString colonnaCodice;
-};
 
 // The agents screen: the header of the agent, the agents tree, the six pages of TAB_AGENTI
 // and the inner navigator, with the five record frames FME_GestAnagrafica1 (agents) to 5
@@ -112,6 +100,12 @@ public:
     const ErrorReporter& errori() const { return m_errori; }
     qint32 Codice_Ditta() const { return m_ditta; }
     frame::GestAnagrafica* FME_GestAnagrafica(int gestione) const;
+    // Where a record frame sits: empty until the load makes the frame and again once the
+    // unload lets it go. A part keeps it to reach the frame of the moment.
+    const QPointer<frame::GestAnagrafica>& postoGestione(int numero) const
+    {
+        return m_gestioni.at(numero - 1);
+    }
     // The same frame, a run-time error when the screen has none (not loaded, or unloaded).
     frame::GestAnagrafica& gestione(int numero) const;
     // The rows and the query of a record frame, as the frame holds them.
@@ -154,9 +148,9 @@ public:
     GestioniCollegate& collegate() const { return *m_collegate; }
     Classificazioni& classificazioni() const { return *m_classificazioni; }
     Provvigioni& provvigioni() const { return *m_provvigioni; }
-    // The settings of TXT_CAPOAREA or TXT_CAPOZONA; empty ones for any other name.
-    ImpostazioniCampoId impostazioniCampoId(QStringView nome) const;
 
+    // The controls the parts are built with, by kind.
+    const ControlliAgenti& controlli() const { return m_controlli; }
     template <class T>
     T& controllo(QStringView nome) const
     {
@@ -195,7 +189,6 @@ private:
                       const QString& griglia);
     void registraCampi(int numero, const QStringList& campi);
     std::unique_ptr<host::LookupDecoder> nuovoDecodificatore() const;
-    void impostaCampoId(const QString& nome, const QString& colonnaLegata);
     void posizionaSuAgenteRichiesto();
     void rilasciaGestioni();
 
@@ -211,12 +204,12 @@ private:
     qint32 m_ditta = 0;
     QStringList m_tipiEffetti;
     OggettiHost m_oggetti;
-    ImpostazioniCampoId m_capoArea;
-    ImpostazioniCampoId m_capoZona;
     bool m_cambioTabDaCodice = false;
     bool m_inserisciClienteNelGiro = false;
     bool m_nonRichiederePiu = false;
     ErrorReporter m_errori;
+    // Made with the screen, before the parts that are given their controls from it.
+    const ControlliAgenti m_controlli;
     std::unique_ptr<ListeCodificate> m_liste;
     std::unique_ptr<AlberoAgenti> m_albero;
     std::unique_ptr<DettagliAgente> m_dettagli;

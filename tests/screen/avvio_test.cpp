@@ -56,22 +56,6 @@ TEST_F(AvvioSchermata, EveryRegisteredFieldIsBoundToAColumnOfItsFrame)
     EXPECT_EQ(controllo<controls::ArchiveLinkField>(u"TXT_ARCHELESOS1").archiveKind(), 9);
 }
 
-TEST_F(AvvioSchermata, ConfiguresTheManagerFieldsToFindAgentsOfTheCompanyById)
-{
-    agenti::CLSMG_AGENTI& aperto = apri({}, dittaSemplice);
-    const agenti::ImpostazioniCampoId capoArea = schermata().impostazioniCampoId(u"TXT_CAPOAREA");
-    EXPECT_EQ(capoArea.modulo, &aperto);
-    EXPECT_EQ(capoArea.ditta, dittaSemplice);
-    EXPECT_TRUE(capoArea.filtroDitta);
-    EXPECT_EQ(capoArea.colonnaLegata, QStringLiteral("MG17_IDCAPOAREA_MG17"));
-    EXPECT_EQ(capoArea.colonnaId, QStringLiteral("MG17_IDAGENTE"));
-    EXPECT_EQ(schermata().impostazioniCampoId(u"TXT_CAPOZONA").colonnaLegata,
-              QStringLiteral("MG17_IDCAPOZONA_MG17"));
-
-    schermata().unload();
-    EXPECT_EQ(schermata().impostazioniCampoId(u"TXT_CAPOAREA").modulo, nullptr);
-}
-
 // The module error of a failed start-up is answered 1: the screen must go.
 TEST_F(AvvioSchermata, UnloadsWhenTheStartUpFailsAndTheErrorIsAnsweredAbandon)
 {
@@ -114,22 +98,6 @@ TEST_F(AvvioSchermata, TellsTheToolbarTheStatusOfTheAgentFrame)
     gestione(FRMMG_AGENTI::Agenti).enterSearch();
     schermata().AggiornaNavigatore();
     EXPECT_EQ(toolbar->shownStatus(), frame::FrameStatus::Search);
-}
-
-TEST_F(AvvioSchermata, ClosingIsRefusedWhileTheAgentHasChangesTheUserKeeps)
-{
-    inserisciAgente(QStringLiteral("A001"));
-    apri();
-    ASSERT_TRUE(controllo<controls::Field>(u"TXT_PERPROV").typeText(QStringLiteral("12")));
-    rispondi(host::Cancel);
-
-    EXPECT_FALSE(schermata().requestClose());
-
-    EXPECT_TRUE(schermata().isLoaded());
-    ASSERT_EQ(prompts.history().size(), 1);
-    EXPECT_EQ(prompts.history().first().answer, QStringLiteral("cancel"));
-    EXPECT_EQ(modulo->ActiveDll(), modulo.get());
-    EXPECT_EQ(toolbar->scriptLog().lines().size(), 2) << "tsClose is told even when refused";
 }
 
 TEST_F(AvvioSchermata, UnloadLetsGoOfEverythingAndOfTheModule)

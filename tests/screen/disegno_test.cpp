@@ -10,6 +10,7 @@
 #include "platform/controls/picture.h"
 #include "platform/controls/tabstrip.h"
 #include "platform/controls/treegrid.h"
+#include "src/screen/controlliagenti.h"
 #include "src/screen/frmmg_messaggio.h"
 #include "src/screen/layoutagenti.h"
 
@@ -204,6 +205,21 @@ INSTANTIATE_TEST_SUITE_P(
     [](const ::testing::TestParamInfo<Maschera>& info) {
         return QString::fromLatin1(info.param.file).section(u'.', 0, 0).toStdString();
     });
+
+// The parts are given their controls when the screen is built: a control the layout lacks
+// must stop the building there, named, not fail at the first event that needs it.
+TEST(ControlliAgenti, AControlTheLayoutLacksIsNamedWhenTheScreenIsBuilt)
+{
+    controls::Form schermata(QStringLiteral("FRMMG_AGENTI"));
+    agenti::creaControlliAgenti(schermata);
+    schermata.control(u"TXT_GGMAT")->setObjectName(QStringLiteral("TXT_ALTRO"));
+    try {
+        agenti::controlliAgenti(schermata);
+        FAIL() << "the screen was built without TXT_GGMAT";
+    } catch (const std::logic_error& errore) {
+        EXPECT_NE(std::string(errore.what()).find("TXT_GGMAT"), std::string::npos) << errore.what();
+    }
+}
 
 } // namespace
 } // namespace tarvello::test
