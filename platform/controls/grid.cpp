@@ -19,6 +19,7 @@ void Grid::setDataSource(db::RecordsetPtr recordset)
         db::Recordset* source = m_source.get();
         m_sourceConnections = {
             connect(source, &db::Recordset::rowsReset, this, &Grid::reload),
+            connect(source, &db::Recordset::rowAppended, this, &Grid::onRowAppended),
             connect(source, &db::Recordset::currentChanged, this, &Grid::updateSelection),
             connect(source, &db::Recordset::rowChanged, this, &Grid::onRowChanged),
         };
@@ -285,6 +286,26 @@ void Grid::rearrange()
         m_rowOf.insert(m_rows.at(i), int(i));
     Q_EMIT rowsReset();
     updateSelection();
+}
+
+// Rows added one by one (a list of customers handed to a route) thus cost each the same,
+// however many the grid already shows.
+void Grid::onRowAppended(db::Recordset::Bookmark bookmark)
+{
+    if (!m_reader || !appendRow(bookmark)) {
+        reload();
+        return;
+    }
+    m_recordOrder.append(bookmark);
+    Q_EMIT rowsReset();
+    updateSelection();
+}
+
+bool Grid::appendRow(db::Recordset::Bookmark bookmark)
+{
+    m_rowOf.insert(bookmark, int(m_rows.size()));
+    m_rows.append(bookmark);
+    return true;
 }
 
 QList<db::Recordset::Bookmark> Grid::arrangeRows(const QList<db::Recordset::Bookmark>& rows)

@@ -89,6 +89,9 @@ protected:
     virtual QList<db::Recordset::Bookmark> arrangeRows(const QList<db::Recordset::Bookmark>& rows);
     // The recordset moved to a row that is not shown; true when it should be shown now.
     virtual bool revealRow(db::Recordset::Bookmark) { return false; }
+    // Shows a row the recordset added after its others; false when the layout cannot simply
+    // grow by it and the rows must be read again.
+    virtual bool appendRow(db::Recordset::Bookmark bookmark);
     // Lays the rows out again from the rows already read.
     void rearrange();
     db::Value valueAt(db::Recordset::Bookmark bookmark, QStringView field) const;
@@ -99,6 +102,7 @@ protected:
 
 private:
     void reload();
+    void onRowAppended(db::Recordset::Bookmark bookmark);
     void updateSelection();
     void onRowChanged(db::Recordset::Bookmark bookmark);
     std::optional<db::Recordset::Bookmark> bookmarkOfKey(const db::Value& key) const;

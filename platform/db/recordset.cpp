@@ -1,9 +1,7 @@
 #include "platform/db/recordset.h"
 
 #include "platform/db/connection.h"
-#include "platform/db/criteria.h"
 #include "platform/db/rowstore.h"
-#include "platform/db/rowwriter.h"
 #include "platform/db/runtimeerror.h"
 
 #include <QRegularExpression>
@@ -13,43 +11,6 @@
 namespace tarvello::db {
 
 namespace {
-
-// Matches rows one after another against parsed criteria, with their fields resolved to
-// columns once rather than by name for every row.
-class RowMatcher {
-public:
-    RowMatcher(const Criteria& criteria, QList<std::pair<QString, int>> columns)
-        : m_criteria(criteria)
-        , m_columns(std::move(columns))
-        , m_reader([this](const QString& name) { return read(name); })
-    {}
-    RowMatcher(const RowMatcher&) = delete;
-    RowMatcher& operator=(const RowMatcher&) = delete;
-
-    bool matches(const StoredRow& row)
-    {
-        if (m_criteria.isEmpty())
-            return true;
-        m_row = &row;
-        return m_criteria.matches(m_reader);
-    }
-
-private:
-    Value read(const QString& name) const
-    {
-        for (const auto& [field, column] : m_columns) {
-            if (field.compare(name, Qt::CaseInsensitive) == 0)
-                return m_row->values.at(column);
-        }
-        throw RuntimeError(RuntimeError::ItemNotFound,
-                           QStringLiteral("Item cannot be found in the collection"));
-    }
-
-    const Criteria& m_criteria;
-    const QList<std::pair<QString, int>> m_columns;
-    const StoredRow* m_row = nullptr;
-    const Criteria::FieldReader m_reader;
-};
 
 [[noreturn]] void noCurrentRecord()
 {
@@ -434,170 +395,17 @@ bool Recordset::hasBookmark(Bookmark bookmark) const
     return viewPosition(bookmark) >= 0;
 }
 
-std::optional<QList<Recordset::Bookmark>>
-Recordset::filterCandidates(const Criteria& criteria) const
-{
-    // The row an AddNew is filling is shown whatever the filter says: the whole scan finds it.
-    if (m_filterGroup != FilterGroup::None || m_store->adding)
-        return std::nullopt;
-    const auto equality = criteria.textEquality();
-    if (!equality)
-        return std::nullopt;
-    return m_store->rowsWithText(requireField(equality->first), equality->second);
-}
-
-QList<std::pair<QString, int>> Recordset::criteriaColumns(const Criteria& criteria) const
-{
-    QList<std::pair<QString, int>> columns;
-    for (const QString& name : criteria.fields())
-        columns.append({name, requireField(name)});
-    return columns;
-}
-
-bool Recordset::find(const QString& criterion, qsizetype skip, bool forward)
-{
-    const Criteria criteria = Criteria::parse(criterion);
-    RowMatcher matcher(criteria, criteriaColumns(criteria));
-    qsizetype index = std::clamp<qsizetype>(m_index, 0, qMax<qsizetype>(m_view.size() - 1, 0));
-    index += forward ? skip : -skip;
-    for (; index >= 0 && index < m_view.size(); index += forward ? 1 : -1) {
-        const RowStore::Row* row = m_store->find(m_view[index]);
-        if (row && matcher.matches(*row)) {
-            setCurrentIndex(index);
-            return true;
-        }
-    }
-    setCurrentIndex(forward ? m_view.size() : -1);
-    return false;
-}
-
-void Recordset::setFilter(const QString& criteria)
-{
-    const Criteria parsed = Criteria::parse(criteria);
-    for (const QString& name : parsed.fields())
-        requireField(name);
-    m_filter = criteria;
-    m_filterGroup = FilterGroup::None;
-    rebuildView(0);
-    m_index = 0;
-    Q_EMIT currentChanged();
-}
-
-void Recordset::setFilter(FilterGroup group)
-{
-    m_filter.clear();
-    m_filterGroup = group;
-    rebuildView(0);
-    m_index = 0;
-    Q_EMIT currentChanged();
-}
-
-QString Recordset::filter() const
-{
-    return m_filter;
-}
-
-void Recordset::setSort(const QString& sort)
-{
-    m_sort = sort;
-    const Bookmark keep = m_index >= 0 && m_index < m_view.size() ? m_view[m_index] : 0;
-    rebuildView(keep);
-}
-
-QString Recordset::sort() const
-{
-    return m_sort;
-}
-
-void Recordset::rebuildViewKeepingCurrent()
-{
-    rebuildView(m_index >= 0 && m_index < m_view.size() ? m_view[m_index] : 0);
-}
-
-// The row being added is shown whatever the filter, after the rows already shown, as a rebuild
-// would place it; only a sort or a view of conflicts needs every row considered again. Adding
-// rows one by one thus costs each of them the same, however many the recordset holds.
-void Recordset::showAddedRow(Bookmark added)
-{
-    if (!m_sort.trimmed().isEmpty() || m_filterGroup == FilterGroup::ConflictingRecords) {
-        rebuildViewKeepingCurrent();
-        return;
-    }
-    m_view.append(added);
-    if (!m_positions.isEmpty())
-        m_positions.insert(added, m_view.size() - 1);
-    m_onDeleted = false;
-    Q_EMIT rowsReset();
-}
-
-void Recordset::rebuildView(Bookmark keep)
-{
-    const Criteria criteria = Criteria::parse(m_filter);
-    RowMatcher matcher(criteria, criteriaColumns(criteria));
-    QList<Bookmark> view;
-    const auto consider = [&](const RowStore::Row& row) {
-        const bool pending = row.status != RowStatus::Unmodified;
-        bool visible = row.status != RowStatus::Deleted;
-        if (m_filterGroup == FilterGroup::PendingRecords)
-            visible = pending;
-        else if (m_filterGroup == FilterGroup::ConflictingRecords)
-            visible = row.conflict;
-        else if (visible && row.bookmark != m_store->adding)
-            visible = matcher.matches(row);
-        if (visible)
-            view << row.bookmark;
-    };
-    if (const std::optional<QList<Bookmark>> candidates = filterCandidates(criteria)) {
-        for (const Bookmark bookmark : *candidates) {
-            if (const RowStore::Row* row = m_store->find(bookmark))
-                consider(*row);
-        }
-    } else {
-        view.reserve(m_store->rows().size());
-        for (const RowStore::Row& row : m_store->rows())
-            consider(row);
-    }
-    if (!m_sort.trimmed().isEmpty())
-        sortView(view);
-    setView(std::move(view));
-    m_onDeleted = false;
-    const qsizetype kept = keep ? m_view.indexOf(keep) : -1;
-    if (kept >= 0)
-        m_index = kept;
-    else
-        m_index = std::clamp<qsizetype>(m_index, 0, m_view.size());
-    Q_EMIT rowsReset();
-}
-
-void Recordset::sortView(QList<Bookmark>& view) const
-{
-    struct Key {
-        int column;
-        bool descending;
-    };
-    QList<Key> keys;
-    for (const QString& part : m_sort.split(u',', Qt::SkipEmptyParts)) {
-        const QStringList words = part.simplified().split(u' ');
-        const bool descending =
-            words.size() > 1 && words[1].compare(QStringLiteral("DESC"), Qt::CaseInsensitive) == 0;
-        keys << Key{requireField(words[0]), descending};
-    }
-    std::stable_sort(view.begin(), view.end(), [&](Bookmark a, Bookmark b) {
-        const RowStore::Row* x = m_store->find(a);
-        const RowStore::Row* y = m_store->find(b);
-        for (const Key& key : keys) {
-            const int c = compareValues(x->values.at(key.column), y->values.at(key.column));
-            if (c != 0)
-                return key.descending ? c > 0 : c < 0;
-        }
-        return false;
-    });
-}
-
 RecordsetPtr Recordset::clone() const
 {
     RecordsetPtr copy(new Recordset(m_store));
-    copy->rebuildView(0);
+    // Unfiltered and unsorted, this handle already shows what the clone's own view would be
+    // (every row not deleted, in the order read): the clone shares it instead of walking
+    // every row again, which matters to a clone taken only to be filtered down to one row.
+    if (m_store->open && m_filter.isEmpty() && m_filterGroup == FilterGroup::None &&
+        m_sort.trimmed().isEmpty())
+        copy->setView(m_view);
+    else
+        copy->rebuildView(0);
     copy->m_index = 0;
     return copy;
 }
@@ -615,6 +423,19 @@ void Recordset::addNew()
 {
     requireWritable();
     leaveEdit();
+    // The defaults are asked of the table once per reading of the rows: rows added one after
+    // another (a list of customers) would otherwise each check the schema again.
+    if (!m_store->newRow)
+        m_store->newRow = defaultRow();
+    const Bookmark added = m_store->append(*m_store->newRow, RowStatus::New);
+    m_store->adding = added;
+    m_store->notifyRowAdded(added);
+    m_index = viewPosition(added);
+    Q_EMIT currentChanged();
+}
+
+PackedRow Recordset::defaultRow() const
+{
     PackedRow values;
     const TableInfo* info = m_store->connection && !m_store->baseTable.isEmpty()
                                 ? &m_store->connection->tableInfo(m_store->baseTable)
@@ -623,11 +444,7 @@ void Recordset::addNew()
         const TableInfo::ColumnInfo* base = info ? info->column(column.baseColumn) : nullptr;
         values.append(base && !column.baseColumn.isEmpty() ? base->defaultValue : Value::null());
     }
-    const Bookmark added = m_store->append(std::move(values), RowStatus::New);
-    m_store->adding = added;
-    m_store->notifyRowAdded(added);
-    m_index = m_view.indexOf(added);
-    Q_EMIT currentChanged();
+    return values;
 }
 
 void Recordset::update()
@@ -734,184 +551,6 @@ qsizetype Recordset::pendingCount() const
     return std::count_if(
         m_store->rows().cbegin(), m_store->rows().cend(),
         [](const RowStore::Row& row) { return row.status != RowStatus::Unmodified; });
-}
-
-void Recordset::writeRows(const QList<Bookmark>& bookmarks)
-{
-    requireWritable();
-    if (!m_store->connection || m_store->baseTable.isEmpty())
-        throw RuntimeError(
-            RuntimeError::OperationNotAllowed,
-            QStringLiteral("The rows come from no single table and cannot be written"));
-    leaveEdit();
-    Connection& connection = *m_store->connection;
-    RowWriter writer(connection, m_store->baseTable, m_store->columns);
-
-    QList<Bookmark> pending;
-    for (Bookmark bookmark : bookmarks) {
-        const RowStore::Row* row = m_store->find(bookmark);
-        if (row && row->status != RowStatus::Unmodified && !row->awaitingCommit)
-            pending << bookmark;
-    }
-    QList<Written> written;
-    QList<Bookmark> refused;
-    std::optional<QString> dropped; // why the database dropped the whole write
-    {
-        TransactionGuard transaction(connection);
-        for (Bookmark bookmark : std::as_const(pending)) {
-            RowStore::Row* row = m_store->find(bookmark);
-            try {
-                const RowWriter::Result result = writer.write(*row);
-                row->conflict = result.outcome == RowWriter::Outcome::Conflict;
-                row->error = row->conflict ? QStringLiteral("la riga è stata modificata o "
-                                                            "eliminata da un altro utente dopo "
-                                                            "la lettura")
-                                           : QString();
-                if (!row->conflict)
-                    written << Written{bookmark, result.identity};
-            } catch (const RuntimeError& e) {
-                row->conflict = true;
-                row->error = e.description();
-                // The rows written so far went with the transaction, and the ones after it
-                // would be committed on their own: nothing more is written.
-                if (connection.transactionAborted()) {
-                    dropped = e.description();
-                    break;
-                }
-            }
-            if (row->conflict)
-                refused << bookmark;
-        }
-        if (!dropped) {
-            try {
-                transaction.commit();
-            } catch (const RuntimeError& e) {
-                dropped = e.description();
-            }
-        }
-    }
-    if (dropped) {
-        const QStringList names = rowNames(pending);
-        m_store->notifyRowsChanged();
-        throw RuntimeError(RuntimeError::TransactionAborted,
-                           QStringLiteral("Nessuna riga è stata scritta: il database ha annullato "
-                                          "l'intera operazione.\n%1\nRighe non scritte: %2")
-                               .arg(*dropped, names.join(QStringLiteral(", "))));
-    }
-    settleWhenCommitted(connection, std::move(written), writer.identityIndex());
-    if (refused.isEmpty())
-        return;
-    QStringList reasons = rowNames(refused);
-    for (qsizetype i = 0; i < refused.size(); ++i)
-        reasons[i] += QStringLiteral(": ") + m_store->find(refused.at(i))->error;
-    throw RuntimeError(RuntimeError::RowConflict,
-                       QStringLiteral("Righe non scritte nel database: %1")
-                           .arg(reasons.join(QStringLiteral("; "))));
-}
-
-void Recordset::settleWhenCommitted(Connection& connection, QList<Written> written,
-                                    int identityIndex)
-{
-    for (const Written& w : std::as_const(written))
-        m_store->find(w.bookmark)->awaitingCommit = true;
-    const std::weak_ptr<RowStore> store = m_store;
-    connection.whenTransactionEnds([store, written, identityIndex](bool committed) {
-        const std::shared_ptr<RowStore> rows = store.lock();
-        if (!rows)
-            return;
-        for (const Written& w : written) {
-            RowStore::Row* row = rows->find(w.bookmark);
-            if (!row)
-                continue;
-            row->awaitingCommit = false;
-            if (!committed)
-                continue;
-            if (row->status == RowStatus::Deleted) {
-                rows->remove(w.bookmark);
-                continue;
-            }
-            if (row->status == RowStatus::New && identityIndex >= 0)
-                row->values.set(identityIndex, w.identity);
-            row->original.reset();
-            row->status = RowStatus::Unmodified;
-        }
-        rows->notifyRowsChanged();
-    });
-}
-
-QStringList Recordset::rowNames(const QList<Bookmark>& bookmarks) const
-{
-    // One walk over the rows gives every place, however many rows are named.
-    QHash<Bookmark, qsizetype> places;
-    qsizetype place = 0;
-    for (const RowStore::Row& row : m_store->rows())
-        places.insert(row.bookmark, row.status == RowStatus::Deleted ? 0 : ++place);
-    QStringList names;
-    for (const Bookmark bookmark : bookmarks) {
-        const qsizetype at = places.value(bookmark);
-        names << (at == 0 ? QStringLiteral("una riga eliminata")
-                          : QStringLiteral("riga %1").arg(at));
-    }
-    return names;
-}
-
-void Recordset::updateBatch()
-{
-    QList<Bookmark> pending;
-    for (const RowStore::Row& row : m_store->rows()) {
-        if (row.status != RowStatus::Unmodified)
-            pending << row.bookmark;
-    }
-    writeRows(pending);
-}
-
-void Recordset::updateCurrent()
-{
-    writeRows({currentRowData().bookmark});
-}
-
-bool Recordset::changedInDatabase() const
-{
-    if (!m_store->connection || !m_store->open)
-        return false;
-    // Rows compared whole and without regard to order: a text per row, sorted.
-    const auto rowText = [](const ValueList& values) {
-        QStringList texts;
-        for (const Value& value : values)
-            texts << (value.isNull() || value.isEmpty() ? QStringLiteral("\x01")
-                                                        : value.toString());
-        return texts.join(u'\x02');
-    };
-    QStringList read;
-    for (const RowStore::Row& row : m_store->rows()) {
-        if (row.status != RowStatus::New)
-            read << rowText((row.original ? *row.original : row.values).toList());
-    }
-    QStringList now;
-    for (const ValueList& values : m_store->connection->query(m_store->source).rows)
-        now << rowText(values);
-    read.sort();
-    now.sort();
-    return read != now;
-}
-
-QStringList Recordset::duplicatedUniqueKey() const
-{
-    const StoredRow& row = currentRowData();
-    if (!m_store->connection || m_store->baseTable.isEmpty())
-        return {};
-    Connection& connection = *m_store->connection;
-    const TableInfo& table = connection.tableInfo(m_store->baseTable);
-    QList<QStringList> keys = table.uniqueKeys;
-    // A primary key the person types (a code, not an identity) is taken the same way.
-    if (table.identityColumn().isEmpty() && !table.primaryKey().isEmpty())
-        keys << table.primaryKey();
-    RowWriter writer(connection, m_store->baseTable, m_store->columns);
-    for (const QStringList& key : std::as_const(keys)) {
-        if (writer.anotherRowHolds(row, key))
-            return key;
-    }
-    return {};
 }
 
 void Recordset::requery()

@@ -21,6 +21,7 @@ using RecordsetPtr = std::shared_ptr<Recordset>;
 enum class RowStatus { Unmodified, Modified, New, Deleted };
 struct StoredRow;
 class Criteria;
+class PackedRow;
 
 // A client-side recordset in the manner the module expects: rows read completely, a cursor
 // with BOF/EOF, fields by name, bookmarks, Find, Filter and Sort, clones sharing the same
@@ -152,6 +153,9 @@ Q_SIGNALS:
     void currentChanged();
     // Rows were added, removed, re-read, filtered or sorted: views read them again.
     void rowsReset();
+    // A row was added after the rows shown, the others staying as they were: views add it
+    // rather than read every row again.
+    void rowAppended(tarvello::db::Recordset::Bookmark bookmark);
     // A value of the row with this bookmark changed.
     void rowChanged(tarvello::db::Recordset::Bookmark bookmark);
 
@@ -168,6 +172,8 @@ private:
     void setCurrentIndex(qsizetype index);
     void leaveEdit();
     static void endEdit(StoredRow& row);
+    // A new row: the base table's column defaults, null for the other columns.
+    PackedRow defaultRow() const;
     int requireField(QStringView name) const;
     void requireWritable() const;
     StoredRow& currentRowData() const;

@@ -11,14 +11,13 @@ void RowStore::reset(QList<PackedRow> rows)
     m_textIndexes.clear();
     m_rows.clear();
     m_rows.reserve(rows.size());
-    m_index.clear();
-    m_index.reserve(rows.size());
+    dropIndex();
     adding = 0;
+    newRow.reset();
     for (PackedRow& values : rows) {
         Row row;
         row.bookmark = m_next++;
         row.values = std::move(values);
-        m_index.insert(row.bookmark, m_rows.size());
         m_rows.append(std::move(row));
     }
 }
@@ -30,21 +29,22 @@ Recordset::Bookmark RowStore::append(PackedRow values, Recordset::RowStatus stat
     row.bookmark = m_next++;
     row.values = std::move(values);
     row.status = status;
-    m_index.insert(row.bookmark, m_rows.size());
+    if (m_indexed)
+        m_index.insert(row.bookmark, m_rows.size());
     m_rows.append(std::move(row));
     return m_rows.last().bookmark;
 }
 
 void RowStore::remove(Recordset::Bookmark bookmark)
 {
-    const auto found = m_index.constFind(bookmark);
-    if (found == m_index.cend())
+    const qsizetype at = placeOf(bookmark);
+    if (at < 0)
         return;
     m_textIndexes.clear();
-    m_rows.removeAt(*found);
+    m_rows.removeAt(at);
     if (adding == bookmark)
         adding = 0;
-    reindex();
+    dropIndex();
 }
 
 RowStore::Row* RowStore::find(Recordset::Bookmark bookmark)
@@ -68,6 +68,8 @@ qsizetype RowStore::placeOf(Recordset::Bookmark bookmark) const
         if (guess < m_rows.size() && m_rows.at(guess).bookmark == bookmark)
             return guess;
     }
+    if (!m_indexed)
+        buildIndex();
     const auto found = m_index.constFind(bookmark);
     return found == m_index.cend() ? -1 : *found;
 }
@@ -131,11 +133,19 @@ void RowStore::indexColumns()
         m_columnIndex.insert(columns[i].name.toUpper(), i);
 }
 
-void RowStore::reindex()
+void RowStore::buildIndex() const
 {
     m_index.clear();
+    m_index.reserve(m_rows.size());
     for (qsizetype i = 0; i < m_rows.size(); ++i)
         m_index.insert(m_rows[i].bookmark, i);
+    m_indexed = true;
+}
+
+void RowStore::dropIndex()
+{
+    m_index.clear();
+    m_indexed = false;
 }
 
 } // namespace tarvello::db

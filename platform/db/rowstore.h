@@ -39,6 +39,8 @@ public:
     QString baseTable;
     bool open = false;
     Recordset::Bookmark adding = 0; // the row an AddNew is filling, 0 when none
+    // What an AddNew starts from, once one has asked (reset drops it with the rows).
+    std::optional<PackedRow> newRow;
 
     void reset(QList<PackedRow> rows);
     Recordset::Bookmark append(PackedRow values, Recordset::RowStatus status);
@@ -79,12 +81,16 @@ Q_SIGNALS:
     void valueChanged(tarvello::db::Recordset::Bookmark bookmark);
 
 private:
-    void reindex();
+    // Places by bookmark, needed only once a removal has left the bookmarks apart from the
+    // places (placeOf); built then, on the first look-up that misses.
+    void buildIndex() const;
+    void dropIndex();
     // Where the row with that bookmark is kept; -1 when none is.
     qsizetype placeOf(Recordset::Bookmark bookmark) const;
 
     QList<Row> m_rows;
-    QHash<Recordset::Bookmark, qsizetype> m_index;
+    mutable QHash<Recordset::Bookmark, qsizetype> m_index;
+    mutable bool m_indexed = false;
     QHash<QString, int> m_columnIndex; // upper-case name -> column
     // By column: row positions by case-folded text; none for a column that is not all texts.
     mutable QHash<int, std::optional<QMultiHash<QString, qsizetype>>> m_textIndexes;

@@ -170,6 +170,28 @@ void rewriteDelete(Statement& s, int first)
     s[s.previous(s.end(), from)].after += u')';
 }
 
+std::optional<QString> temporaryLookupIndex(const Statement& s, int first)
+{
+    if (!s.isWord(first, u"SELECT"))
+        return std::nullopt;
+    int from = s.next(first);
+    while (from < s.end() && !s.isWord(from, u"FROM"))
+        from = s.next(s.skipGroup(from));
+    const int table = s.next(from);
+    if (!s.isName(table) || s.nameLast(table) != table || !s.bareName(table).startsWith(u'#'))
+        return std::nullopt;
+    const int where = s.next(table);
+    const int column = s.next(where);
+    if (!s.isWord(where, u"WHERE") || !s.isName(column) || s.nameLast(column) != column ||
+        !s.isSym(s.next(column), u"="))
+        return std::nullopt;
+    const QString name = s.bareName(table);
+    const QString field = s.bareName(column);
+    return QStringLiteral("CREATE INDEX IF NOT EXISTS temp.") +
+           quoteIdentifier(name + u'_' + field) + QStringLiteral(" ON ") + quoteIdentifier(name) +
+           QStringLiteral(" (") + quoteIdentifier(field) + u')';
+}
+
 // "IF OBJECT_ID('tempdb..#T'[, 'U']) IS NOT NULL [BEGIN] DROP TABLE #T [;] [END]".
 std::optional<QString> dropIfExists(const Statement& s, int first)
 {

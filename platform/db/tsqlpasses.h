@@ -25,6 +25,10 @@ void rewriteTop(Statement& s, int begin, int end);
 void rewriteSelectInto(Statement& s, int select);
 // "DELETE t FROM ... JOIN ..." becomes a DELETE of the rows the join selects.
 void rewriteDelete(Statement& s, int first);
+// "SELECT ... FROM #T WHERE col = ...": the index of #T on col, created the first time such a
+// lookup runs ("CREATE INDEX IF NOT EXISTS ..."), so that a walk over a temporary hierarchy,
+// one lookup per level, does not scan the whole table at every level.
+std::optional<QString> temporaryLookupIndex(const Statement& s, int first);
 // The whole statement, when it is "IF OBJECT_ID(...) IS NOT NULL DROP TABLE ...".
 std::optional<QString> dropIfExists(const Statement& s, int first);
 

@@ -100,6 +100,9 @@ QStringList TsqlRewriter::rewrite(const QString& tsql) const
     QStringList statements;
     for (const Range& range : splitBatch(tokens, partner)) {
         Statement statement(tokens, partner, range);
+        if (const std::optional<QString> index =
+                temporaryLookupIndex(statement, statement.next(statement.begin() - 1)))
+            statements.append(*index);
         QString text = rewriteStatement(statement, m_isTextColumn, m_undecidedPlus);
         if (!text.isEmpty())
             statements.append(std::move(text));

@@ -14,9 +14,10 @@ namespace tarvello::db {
 // are the ones the module and the host lookups send: table hints, N'' literals, ISNULL, LEN,
 // SUBSTRING, LEFT/RIGHT, GETDATE, CAST/CONVERT, TOP, '+' (by the operands' types),
 // SELECT ... INTO #T,
-// #temp names, IF OBJECT_ID(...) ... DROP TABLE, DELETE t FROM ... JOIN, batches and
-// SET NOCOUNT. Anything else goes through unchanged, so an unsupported form fails in SQLite
-// with its own message instead of running with another meaning.
+// #temp names (and an index for a lookup of a #temp table by one column), IF OBJECT_ID(...) ...
+// DROP TABLE, DELETE t FROM ... JOIN, batches and SET NOCOUNT. Anything else goes through
+// unchanged, so an unsupported form fails in SQLite with its own message instead of running with
+// another meaning.
 //
 // The result depends only on the text and on the lookup's answers, so it can be cached per
 // text for as long as the schema does not change.

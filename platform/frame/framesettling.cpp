@@ -235,11 +235,16 @@ void GestAnagrafica::updateBatch()
     const db::RecordsetPtr rows = m_recordset;
     bool touched = false;
     QMetaObject::Connection watch;
-    if (rows)
+    QMetaObject::Connection watchAdded;
+    if (rows) {
         watch =
             connect(rows.get(), &db::Recordset::rowsReset, this, [&touched] { touched = true; });
+        watchAdded =
+            connect(rows.get(), &db::Recordset::rowAppended, this, [&touched] { touched = true; });
+    }
     raise("UpdateBatchAll", [&] { Q_EMIT UpdateBatchAll(); });
     disconnect(watch);
+    disconnect(watchAdded);
     // A handler that left the person's changes pending without even trying to write them
     // (its procedure had no branch for what the frame holds) would lose them without a word.
     // Showing nothing, the frame holds only rows confirmed or deleted: it writes them itself.

@@ -59,10 +59,10 @@ TEST(TsqlRewriter, writesLiteralsAndNamesForSqlite)
 
 TEST(TsqlRewriter, translatesFunctions)
 {
-    EXPECT_REWRITE("SELECT ISNULL(MG17_IDAGERIF_MG17,0) AS MG17_IDAGERIF_MG17 FROM #TAB_TREEVIEW "
+    EXPECT_REWRITE("SELECT ISNULL(MG17_IDAGERIF_MG17,0) AS MG17_IDAGERIF_MG17 FROM TREE "
                    "WHERE MG17_IDAGENTE = 7 ",
-                   "SELECT IFNULL(MG17_IDAGERIF_MG17,0) AS MG17_IDAGERIF_MG17 FROM "
-                   "\"#TAB_TREEVIEW\" WHERE MG17_IDAGENTE = 7");
+                   "SELECT IFNULL(MG17_IDAGERIF_MG17,0) AS MG17_IDAGERIF_MG17 FROM TREE WHERE "
+                   "MG17_IDAGENTE = 7");
     EXPECT_REWRITE("SELECT LEN(a), SUBSTRING(b, 2, 3) FROM T",
                    "SELECT LENGTH(RTRIM(a)), SUBSTR(b, 2, 3) FROM T");
     EXPECT_REWRITE("SELECT LEFT(a, 3), RIGHT(b, 2) FROM T LEFT JOIN U ON 1 = 1",
@@ -152,6 +152,23 @@ TEST(TsqlRewriter, buildsTheHierarchyTableAsTemporaryTable)
                    "CREATE TABLE Copia AS SELECT a FROM T LIMIT 3");
     EXPECT_REWRITE("CREATE TABLE #W (a INT)", "CREATE TEMP TABLE \"#W\" (a INT)");
     EXPECT_REWRITE("INSERT INTO #W (a) SELECT 1", "INSERT INTO \"#W\" (a) SELECT 1");
+}
+
+// A walk up a temporary hierarchy looks up one row per level: without an index each lookup
+// scans the whole table, and a deep chain over many agents takes seconds.
+TEST(TsqlRewriter, indexesTheTemporaryTableALookupReadsByOneColumn)
+{
+    EXPECT_EQ(hostRewriter().rewrite(
+                  QStringLiteral("SELECT ISNULL(MG17_IDAGENTE,0) AS MG17_IDAGENTE FROM "
+                                 "#TAB_TREEVIEW WHERE MG17_IDAGERIF_MG17 = 12 ")),
+              QStringList({QStringLiteral("CREATE INDEX IF NOT EXISTS "
+                                          "temp.\"#TAB_TREEVIEW_MG17_IDAGERIF_MG17\" ON "
+                                          "\"#TAB_TREEVIEW\" (\"MG17_IDAGERIF_MG17\")"),
+                           QStringLiteral("SELECT IFNULL(MG17_IDAGENTE,0) AS MG17_IDAGENTE FROM "
+                                          "\"#TAB_TREEVIEW\" WHERE MG17_IDAGERIF_MG17 = 12")}));
+    for (const char* other : {"SELECT a FROM T WHERE b = 1", "SELECT a FROM #T t WHERE t.b = 1",
+                              "SELECT a FROM #T WHERE 1 = 1", "SELECT a FROM #T"})
+        EXPECT_EQ(hostRewriter().rewrite(QString::fromLatin1(other)).size(), 1) << other;
 }
 
 TEST(TsqlRewriter, turnsDeleteWithJoinIntoRowidSubquery)
