@@ -1,6 +1,7 @@
 #include "src/screen/controlliagenti.h"
 
 #include "platform/controls/button.h"
+#include "platform/controls/checkbox.h"
 #include "platform/controls/combobox.h"
 #include "platform/controls/field.h"
 #include "platform/controls/grid.h"
@@ -34,6 +35,15 @@ ControlliAgenti controlliAgenti(const controls::Form& schermata)
                 .CMD_UP = controlloDi<Button>(schermata, u"CMD_UP"),
                 .CMD_DOWN = controlloDi<Button>(schermata, u"CMD_DOWN"),
                 .GRD_DETTAGLIOGIRI = controlloDi<Grid>(schermata, u"GRD_DETTAGLIOGIRI"),
+                .INTERNAV = controlloDi<Navigator>(schermata, u"INTERNAV"),
+            },
+        .tentataVendita =
+            {
+                .CHK_TVINDXH = controlloDi<CheckBox>(schermata, u"CHK_TVINDXH"),
+                .TXT_TVDEP = controlloDi<Field>(schermata, u"TXT_TVDEP"),
+                .TXT_DESCDEP = controlloDi<DataControl>(schermata, u"TXT_DESCDEP"),
+                .TXT_TVSEZ = controlloDi<Field>(schermata, u"TXT_TVSEZ"),
+                .TXT_DESCSEZ = controlloDi<DataControl>(schermata, u"TXT_DESCSEZ"),
                 .INTERNAV = controlloDi<Navigator>(schermata, u"INTERNAV"),
             },
     };

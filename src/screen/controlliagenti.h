@@ -2,8 +2,10 @@
 
 namespace tarvello::controls {
 class Button;
+class CheckBox;
 class ComboBox;
 class Control;
+class DataControl;
 class Field;
 class Form;
 class Grid;
@@ -39,12 +41,24 @@ struct ControlliOrdineGiro {
     controls::Navigator& INTERNAV;
 };
 
+// The van-sales page: the depot and register fields with their descriptions, the last field
+// of the page and the navigator its exit key presses.
+struct ControlliTentataVendita {
+    controls::CheckBox& CHK_TVINDXH;
+    controls::Field& TXT_TVDEP;
+    controls::DataControl& TXT_DESCDEP;
+    controls::Field& TXT_TVSEZ;
+    controls::DataControl& TXT_DESCSEZ;
+    controls::Navigator& INTERNAV;
+};
+
 // The agents screen's controls by kind, for the parts of the screen that are given theirs
 // when they are built.
 struct ControlliAgenti {
     ControlliSoci soci;
     ControlliMaturazione maturazione;
     ControlliOrdineGiro ordineGiro;
+    ControlliTentataVendita tentataVendita;
 };
 
 // Reaches every control of ControlliAgenti on a screen laid out by creaControlliAgenti, once:

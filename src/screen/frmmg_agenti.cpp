@@ -162,21 +162,6 @@ void FRMMG_AGENTI::UltimoAgente()
     m_navigazione->UltimoAgente();
 }
 
-host::Cinterface& FRMMG_AGENTI::modulo() const
-{
-    return richiesto(m_activeInterface, "ActiveInterface");
-}
-
-host::GlobalContext& FRMMG_AGENTI::globale() const
-{
-    return richiesto(modulo().ClsGlobal(), "ClsGlobal");
-}
-
-host::Navigator& FRMMG_AGENTI::navigatore() const
-{
-    return richiesto(modulo().ActiveNavigator(), "ActiveNavigator");
-}
-
 db::Connection& FRMMG_AGENTI::connessione() const
 {
     return richiesto(m_connessione.get(), "Gcon_Connect");

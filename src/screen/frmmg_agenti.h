@@ -6,6 +6,7 @@
 #include "platform/db/value.h"
 #include "src/common/errorreporter.h"
 #include "src/host/agentiscreen.h"
+#include "src/screen/ambienteagenti.h"
 #include "src/screen/controlli.h"
 #include "src/screen/controlliagenti.h"
 #include "src/screen/frmmg_messaggio.h"
@@ -159,9 +160,12 @@ public:
 
     // The contract of the module, the host's context and navigator: a run-time error when the
     // module has not given them (or has let them go).
-    host::Cinterface& modulo() const;
-    host::GlobalContext& globale() const;
-    host::Navigator& navigatore() const;
+    host::Cinterface& modulo() const { return m_ambiente.modulo(); }
+    host::GlobalContext& globale() const { return m_ambiente.globale(); }
+    host::Navigator& navigatore() const { return m_ambiente.navigatore(); }
+    // The same, with the company, the connection string and the error reporter, for the parts
+    // that are given what they use.
+    const AmbienteAgenti& ambiente() const { return m_ambiente; }
     db::Connection& connessione() const;
 
 private:
@@ -208,6 +212,8 @@ private:
     bool m_inserisciClienteNelGiro = false;
     bool m_nonRichiederePiu = false;
     ErrorReporter m_errori;
+    const AmbienteAgenti m_ambiente{*this, m_activeInterface, m_ditta, m_stringaConnessione,
+                                    m_errori};
     // Made with the screen, before the parts that are given their controls from it.
     const ControlliAgenti m_controlli;
     std::unique_ptr<ListeCodificate> m_liste;
