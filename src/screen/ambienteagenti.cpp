@@ -20,4 +20,9 @@ host::Navigator& AmbienteAgenti::navigatore() const
     return richiesto(modulo().ActiveNavigator(), "ActiveNavigator");
 }
 
+db::Connection& AmbienteAgenti::connessione() const
+{
+    return richiesto(m_connessione.get(), "Gcon_Connect");
+}
+
 } // namespace tarvello::agenti

@@ -46,6 +46,28 @@ ControlliAgenti controlliAgenti(const controls::Form& schermata)
                 .TXT_DESCSEZ = controlloDi<DataControl>(schermata, u"TXT_DESCSEZ"),
                 .INTERNAV = controlloDi<Navigator>(schermata, u"INTERNAV"),
             },
+        .provvigioni =
+            {
+                .CBO_REGPROV = controlloDi<ComboBox>(schermata, u"CBO_REGPROV"),
+                .CBO_INDTIPOLISFIX = controlloDi<ComboBox>(schermata, u"CBO_INDTIPOLISFIX"),
+                .TXT_NUMLISTFIX = controlloDi<Field>(schermata, u"TXT_NUMLISTFIX"),
+                .TXT_DESLISTFIX = controlloDi<DataControl>(schermata, u"TXT_DESLISTFIX"),
+                .CBO_IDENTIFTAB = controlloDi<ComboBox>(schermata, u"CBO_IDENTIFTAB"),
+                .CBO_IDENTIFRIGA = controlloDi<ComboBox>(schermata, u"CBO_IDENTIFRIGA"),
+                .CBO_IDENTIFCOL = controlloDi<ComboBox>(schermata, u"CBO_IDENTIFCOL"),
+                .CHK_FLGADEGUAMSCMAG = controlloDi<CheckBox>(schermata, u"CHK_FLGADEGUAMSCMAG"),
+                .TXT_CODPROVSC = controlloDi<Field>(schermata, u"TXT_CODPROVSC"),
+                .TXT_DESPROVSC = controlloDi<DataControl>(schermata, u"TXT_DESPROVSC"),
+                .CBO_INDCALCSCMAG = controlloDi<ComboBox>(schermata, u"CBO_INDCALCSCMAG"),
+                .CBO_INDBASEIMPSC = controlloDi<ComboBox>(schermata, u"CBO_INDBASEIMPSC"),
+                .CBO_INDBASEIMPMAG = controlloDi<ComboBox>(schermata, u"CBO_INDBASEIMPMAG"),
+                .TXT_TABPRIORITA = controlloDi<Field>(schermata, u"TXT_TABPRIORITA"),
+                .TXT_TABPRIORITA_DESCR =
+                    controlloDi<DataControl>(schermata, u"TXT_TABPRIORITA_DESCR"),
+                .TXT_IMPMINFATT = controlloDi<Field>(schermata, u"TXT_IMPMINFATT"),
+                .CBO_INDPREFSTDOC = controlloDi<ComboBox>(schermata, u"CBO_INDPREFSTDOC"),
+                .INTERNAV = controlloDi<Navigator>(schermata, u"INTERNAV"),
+            },
     };
 }
 

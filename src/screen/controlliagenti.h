@@ -52,6 +52,30 @@ struct ControlliTentataVendita {
     controls::Navigator& INTERNAV;
 };
 
+// The commission page: the regime and the fields its rules enable, require and reset, the
+// lists of the composite table's identifiers, the fields decoded with their descriptions, and
+// the navigator the page's last field moves on.
+struct ControlliProvvigioni {
+    controls::ComboBox& CBO_REGPROV;
+    controls::ComboBox& CBO_INDTIPOLISFIX;
+    controls::Field& TXT_NUMLISTFIX;
+    controls::DataControl& TXT_DESLISTFIX;
+    controls::ComboBox& CBO_IDENTIFTAB;
+    controls::ComboBox& CBO_IDENTIFRIGA;
+    controls::ComboBox& CBO_IDENTIFCOL;
+    controls::CheckBox& CHK_FLGADEGUAMSCMAG;
+    controls::Field& TXT_CODPROVSC;
+    controls::DataControl& TXT_DESPROVSC;
+    controls::ComboBox& CBO_INDCALCSCMAG;
+    controls::ComboBox& CBO_INDBASEIMPSC;
+    controls::ComboBox& CBO_INDBASEIMPMAG;
+    controls::Field& TXT_TABPRIORITA;
+    controls::DataControl& TXT_TABPRIORITA_DESCR;
+    controls::Field& TXT_IMPMINFATT;
+    controls::ComboBox& CBO_INDPREFSTDOC;
+    controls::Navigator& INTERNAV;
+};
+
 // The agents screen's controls by kind, for the parts of the screen that are given theirs
 // when they are built.
 struct ControlliAgenti {
@@ -59,6 +83,7 @@ struct ControlliAgenti {
     ControlliMaturazione maturazione;
     ControlliOrdineGiro ordineGiro;
     ControlliTentataVendita tentataVendita;
+    ControlliProvvigioni provvigioni;
 };
 
 // Reaches every control of ControlliAgenti on a screen laid out by creaControlliAgenti, once:

@@ -166,22 +166,9 @@ public:
     // The same, with the company, the connection string and the error reporter, for the parts
     // that are given what they use.
     const AmbienteAgenti& ambiente() const { return m_ambiente; }
-    db::Connection& connessione() const;
+    db::Connection& connessione() const { return m_ambiente.connessione(); }
 
 private:
-    // The lookup-and-decode objects of the host the screen works with.
-    struct OggettiHost {
-        std::unique_ptr<host::LookupDecoder> classificazioni;
-        std::unique_ptr<host::LookupDecoder> agenti;
-        std::unique_ptr<host::LookupDecoder> fornitori;
-        std::unique_ptr<host::LookupDecoder> clienti;
-        std::unique_ptr<host::LookupDecoder> giri;
-        std::unique_ptr<host::LookupDecoder> listini;
-        // Created only when a previous load left none.
-        std::unique_ptr<host::LookupDecoder> priorita;
-        std::unique_ptr<host::LookupDecoder> destinatari;
-    };
-
     void Form_Load();
     void Form_Activate();
     void Form_QueryUnload(controls::CloseArgs& args);
@@ -207,13 +194,12 @@ private:
     std::array<QPointer<frame::GestAnagrafica>, 5> m_gestioni; // Owned as QObject children.
     qint32 m_ditta = 0;
     QStringList m_tipiEffetti;
-    OggettiHost m_oggetti;
+    DecodificatoriAgenti m_oggetti;
     bool m_cambioTabDaCodice = false;
     bool m_inserisciClienteNelGiro = false;
     bool m_nonRichiederePiu = false;
     ErrorReporter m_errori;
-    const AmbienteAgenti m_ambiente{*this, m_activeInterface, m_ditta, m_stringaConnessione,
-                                    m_errori};
+    const AmbienteAgenti m_ambiente;
     // Made with the screen, before the parts that are given their controls from it.
     const ControlliAgenti m_controlli;
     std::unique_ptr<ListeCodificate> m_liste;
