@@ -94,12 +94,13 @@ protected:
     db::Value valueAt(db::Recordset::Bookmark bookmark, QStringView field) const;
     const QList<db::Recordset::Bookmark>& recordOrder() const { return m_recordOrder; }
     db::Recordset::Bookmark bookmarkAt(int row) const { return m_rows.at(row); }
+    // The data source's current row, if it has one.
+    std::optional<db::Recordset::Bookmark> sourceBookmark() const;
 
 private:
     void reload();
     void updateSelection();
     void onRowChanged(db::Recordset::Bookmark bookmark);
-    std::optional<db::Recordset::Bookmark> sourceBookmark() const;
     std::optional<db::Recordset::Bookmark> bookmarkOfKey(const db::Value& key) const;
     template <class Change>
     void changeColumn(const QString& keyOrField, Change change);

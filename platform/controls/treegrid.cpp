@@ -174,6 +174,14 @@ void TreeGrid::expandAll()
     rearrange();
 }
 
+void TreeGrid::setCollapsedNodes(const QSet<QString>& keys)
+{
+    m_collapsed = keys;
+    if (const std::optional<db::Recordset::Bookmark> current = sourceBookmark())
+        revealRow(*current);
+    rearrange();
+}
+
 void TreeGrid::collapseAll()
 {
     QSet<QString> parents;

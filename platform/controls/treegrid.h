@@ -39,6 +39,11 @@ public:
     void setExpanded(int row, bool expanded);
     void expandAll();
     void collapseAll();
+    // The collapsed nodes by key, to be given back after a while with everything expanded.
+    QSet<QString> collapsedNodes() const { return m_collapsed; }
+    // Collapses exactly these nodes, except those above the data source's row when the tree
+    // follows it, so the row on view stays in sight.
+    void setCollapsedNodes(const QSet<QString>& keys);
 
 Q_SIGNALS:
     void treeColumnsChanged();

@@ -91,6 +91,7 @@ ColumnValue toNumber(const Value& value, const ColumnFormat& format)
         number = value.isNumeric() ? std::optional(value.toDecimal())
                                    : db::Decimal::parse(value.toString());
     } catch (const db::RuntimeError&) {
+        // Not a number: the refusal below says why, in the person's terms.
         number.reset();
     }
     if (!number) {

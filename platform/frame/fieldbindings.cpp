@@ -11,6 +11,11 @@ using controls::DataControl;
 using db::identical;
 using db::Value;
 
+QString captionOf(const DataControl* control)
+{
+    return control->caption().isEmpty() ? control->name() : control->caption();
+}
+
 FieldBindings::FieldBindings(FormatOf formatOf, QObject* parent)
     : QObject(parent)
     , m_formatOf(std::move(formatOf))

@@ -20,6 +20,9 @@ class RuntimeError;
 
 namespace tarvello::frame {
 
+// How messages name a control: its caption, or its name when it has none.
+QString captionOf(const controls::DataControl* control);
+
 // The controls registered with a record frame, each bound to a column (its data field) or to
 // none, in the order they were registered. Showing a row sets the controls without taking
 // their changes for edits; an edit made afterwards, by the person or by code, is announced.

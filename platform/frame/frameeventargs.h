@@ -2,15 +2,16 @@
 
 namespace tarvello::frame {
 
-// What a record frame is doing with its row (`fenm_status`).
-namespace FrameStatus {
-// An existing row is shown; it may be changed and saved.
-inline constexpr int Browse = 0;
-// Search entry: the fields are empty and the key typed is looked up.
-inline constexpr int Search = 1;
-// A new row is being entered.
-inline constexpr int New = 2;
-} // namespace FrameStatus
+// What a record frame is doing with its row. Its value is the host's `fenm_status`, which
+// events carry as a number.
+enum class FrameStatus {
+    // An existing row is shown; it may be changed and saved.
+    Browse = 0,
+    // Search entry: the fields are empty and the key typed is looked up.
+    Search = 1,
+    // A new row is being entered.
+    New = 2,
+};
 
 // Why ChangeStatus was raised (`fenm_reason`). A screen reloads what it shows beside the
 // row (detail grids, say) for every reason but Refreshed.

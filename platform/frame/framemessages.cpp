@@ -1,6 +1,5 @@
 #include "platform/frame/framemessages.h"
 
-#include "platform/services/userprompts.h"
 #include "src/host/errorlog.h"
 
 namespace tarvello::frame {

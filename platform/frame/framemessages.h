@@ -1,12 +1,9 @@
 #pragma once
 
 #include "platform/frame/columnvalue.h"
+#include "platform/frame/messageboxes.h"
 
 #include <QString>
-
-namespace tarvello::services {
-class UserPrompts;
-}
 
 namespace tarvello::frame {
 
@@ -20,7 +17,7 @@ public:
     static constexpr int No = 7;
     static constexpr int Cancel = 2;
 
-    explicit FrameMessages(services::UserPrompts& prompts)
+    explicit FrameMessages(MessageBoxes& prompts)
         : m_prompts(prompts)
     {}
 
@@ -56,7 +53,7 @@ private:
     QString forWhat() const;
     void warn(const QString& text) const;
 
-    services::UserPrompts& m_prompts; // Not owned.
+    MessageBoxes& m_prompts; // Not owned.
     QString m_description;
 };
 

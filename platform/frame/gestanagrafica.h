@@ -6,10 +6,12 @@
 #include "platform/frame/fieldbindings.h"
 #include "platform/frame/frameeventargs.h"
 #include "platform/frame/framemessages.h"
+#include "platform/frame/keysearch.h"
 
 #include <QList>
 #include <QObject>
 #include <QPointer>
+#include <QScopedValueRollback>
 #include <QString>
 #include <QStringList>
 #include <functional>
@@ -27,10 +29,6 @@ class Connection;
 class RuntimeError;
 class TransactionGuard;
 } // namespace tarvello::db
-
-namespace tarvello::services {
-class UserPrompts;
-}
 
 namespace tarvello::frame {
 
@@ -65,34 +63,8 @@ namespace tarvello::frame {
 // screen showing the row and sets neither. Both flags can be set by code; the change
 // notification sets them.
 //
-// Master frame: save checks the registered fields, raises BeforeUpdate, writes the row to
-// the database (insert or update, the identity read back), raises AfterUpdate, then shows the
-// row in status 0; a save another user's row makes break a unique key (the same code) names
-// the field and keeps what was typed. Undo puts back the values read from the database; a new
-// row is dropped and the row shown before it comes back. Delete asks the person (Yes / No, No
-// by default), raises BeforeDelete, deletes the row in the database, raises AfterDelete and
-// shows the next row (or the previous, or none); BeforeDelete and the delete are one
-// transaction, in which the handler's own transaction nests, and a delete of data another
-// user changed since it was shown (the row, or the rows of a detail frame) is refused. Undo of
-// a master also drops the pending changes of its attached detail frames.
-//
-// Detail frame: "Nuovo" adds a row (status 2); "Conferma" checks it, raises BeforeUpdate and
-// keeps the row as a pending change (status 0); "Annulla" takes the row shown back to where
-// it was last confirmed (a new row back to its starting values, still in status 2);
-// "Elimina" asks, then marks the row deleted in the recordset. Nothing reaches the database
-// until the batch save, which raises UpdateBatchAll for the caller's handler to write.
-//
-// Checks on save: a registered control that the person can reach (enabled and visible) is
-// refused when it is required and empty, marked not valid, or holds a value its column
-// cannot take. The message names the control's caption and the focus goes to it. A control
-// the person cannot reach is never held against them.
-//
-// Row moves. The frame follows its recordset: a move made elsewhere (a grid click, code)
-// shows the row reached. Unconfirmed edits of the row left are confirmed first; when they are
-// refused the recordset goes back to that row. Following is suspended while the row-move
-// reaction is switched off, while a bulk-rewrite bracket is open and while the frame is
-// detached; when following resumes the frame shows the recordset's current row (or goes back
-// to its own when the recordset stands before the first or after the last row).
+// How a master and a detail frame save, undo and delete their rows, and how the frame follows
+// moves of its recordset, is told beside the code that does it.
 //
 // Events (the host's names and arguments) are raised with direct connections; a handler that
 // throws db::RuntimeError has its error reported to the host of the frame's form (or shown
@@ -140,7 +112,7 @@ public:
         QPointer<GestAnagrafica> m_frame; // Not owned.
     };
 
-    explicit GestAnagrafica(services::UserPrompts& prompts, QObject* parent = nullptr);
+    explicit GestAnagrafica(MessageBoxes& prompts, QObject* parent = nullptr);
     ~GestAnagrafica() override;
 
     // Binds the frame to its recordset and shows its current row (the first when it stands
@@ -186,17 +158,17 @@ public:
     void setGrid(controls::Grid* grid);
     controls::Navigator* navigator() const;
 
-    int status() const { return m_status; }
+    FrameStatus status() const { return m_status; }
     // A column of the existing row shown; none in search entry, while a new row is being
     // entered, or when there is no row to show.
     std::optional<db::Value> shownRowValue(const QString& column) const;
     // What the fields say the row shown is: its key and the first field after the key with a
     // text ("A001 RICCI FRANCESCA"); empty without a key.
     QString recordDescription() const;
-    // 2 adds a new row at once (code may write into it), 1 starts search entry, 0 shows the
-    // recordset's current row (a new row being entered stays as it is). Unconfirmed edits of
-    // the row left are dropped, not asked about.
-    void setStatus(int status);
+    // New adds a new row at once (code may write into it), Search starts search entry, Browse
+    // shows the recordset's current row (a new row being entered stays as it is). Unconfirmed
+    // edits of the row left are dropped, not asked about.
+    void setStatus(FrameStatus status);
     bool changeFlag() const { return m_changed; }
     void setChangeFlag(bool changed);
     bool secondChangeFlag() const { return m_rowEdited; }
@@ -301,12 +273,22 @@ Q_SIGNALS:
     void UpdateBatchAll();
 
     // The status or the change state changed.
-    void stateChanged(int status, bool changed);
+    void stateChanged(tarvello::frame::FrameStatus status, bool changed);
 
 private:
-    class Quiet;
+    // Marks the frame's own work on its recordset, which its reactions must not take for a
+    // move or a write made elsewhere, for the life of the object returned.
+    [[nodiscard]] QScopedValueRollback<int> quiet()
+    {
+        return QScopedValueRollback<int>(m_quietDepth, m_quietDepth + 1);
+    }
 
     bool isOpen() const;
+    // After TerminateGestAnagrafica the frame is gone for its module: a call then is the caller's
+    // fault, asserted in debug builds and a no-op in release builds. working() is alive and open;
+    // a frame asked to act before its rows are open does nothing, which is no fault.
+    bool alive() const;
+    bool working() const;
     bool writesAtOnce() const { return m_writeMode == WriteMode::AtOnce; }
     // A new row has been added and is being entered.
     bool entering() const;
@@ -378,8 +360,7 @@ private:
     // Raises the event through fire(); false when a handler failed (reported as the procedure
     // "<frame>_<event>"). A Before event whose handler failed refuses the operation whatever
     // the person answers: a row is never written or deleted after its checks failed halfway.
-    template <class Emit>
-    bool raise(const char* event, Emit fire);
+    bool raise(const char* event, const std::function<void()>& fire);
 
     FrameMessages m_messages;
     QPointer<QObject> m_module;              // Not owned.
@@ -394,10 +375,9 @@ private:
     QList<QPointer<GestAnagrafica>> m_details;  // Not owned.
     QPointer<GestAnagrafica> m_masterFrame;     // Not owned: the frame this is a detail of.
     QString m_sql;
-    QString m_searchFilter;
-    QStringList m_lastCompany;
+    KeySearch m_keySearch;
 
-    int m_status = FrameStatus::New;
+    FrameStatus m_status = FrameStatus::New;
     std::optional<Bookmark> m_shown;
     // The row to go back to when a new row or a search is left.
     std::optional<Bookmark> m_returnTo;

@@ -51,7 +51,7 @@ void RecordCaption::show()
     if (!m_form)
         return;
     QString record;
-    const int status = m_master ? m_master->status() : frame::FrameStatus::Browse;
+    const frame::FrameStatus status = m_master ? m_master->status() : frame::FrameStatus::Browse;
     if (status == frame::FrameStatus::Search)
         record = tr("Ricerca");
     else if (status == frame::FrameStatus::New)

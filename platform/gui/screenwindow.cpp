@@ -93,7 +93,10 @@ void ScreenWindow::remember() const
     if (!m_form)
         return;
     const WindowMemory memory(m_form->name());
-    memory.setGeometry(geometry());
+    // A maximized window keeps the place it had before for when it is restored.
+    memory.setMaximized(isMaximized());
+    if (!isMaximized())
+        memory.setGeometry(geometry());
     for (const QSplitter* splitter : widget()->findChildren<QSplitter*>())
         memory.setSplitter(splitter->objectName(), splitter->saveState());
     for (controls::Control* control : m_form->controls()) {
@@ -124,14 +127,24 @@ void ScreenWindow::place(const QSize& designed)
 {
     const QWidget* area = parentWidget();
     const QRect room = area ? area->rect() : QRect(QPoint(), designed);
-    const std::optional<QRect> kept =
-        m_form ? WindowMemory(m_form->name()).geometry() : std::nullopt;
-    QRect placed =
-        kept.value_or(QRect(QPoint(), designed + size() - widget()->size()).intersected(room));
+    const QSize framed = designed + size() - widget()->size();
+    std::optional<QRect> kept;
+    std::optional<bool> keptMaximized;
+    if (m_form) {
+        const WindowMemory memory(m_form->name());
+        kept = memory.geometry();
+        keptMaximized = memory.maximized();
+    }
+    QRect placed = kept.value_or(QRect(QPoint(), framed).intersected(room));
     placed.setSize(placed.size().boundedTo(room.size()));
     if (!room.contains(placed))
         placed.moveTopLeft(room.topLeft());
     setGeometry(placed);
+    // A screen the area cannot hold as designed gets the whole area, and with it the room its
+    // title bar and frame would take, unless the person left it otherwise.
+    const bool cramped = framed.width() > room.width() || framed.height() > room.height();
+    if (keptMaximized.value_or(cramped))
+        showMaximized();
 }
 
 ScreenWindow::~ScreenWindow()

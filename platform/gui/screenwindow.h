@@ -57,8 +57,9 @@ public:
     // page in view, else a tree; nullptr when no grid is in sight.
     QAbstractItemView* gridOnView() const;
 
-    // Puts the shown window where the person left it last time, or else at the size laid out
-    // in the designer (content size), both kept within the area the window lives in.
+    // Puts the shown window where the person left it last time, maximized if it was, or else
+    // at the size laid out in the designer (content size), maximized when the area the window
+    // lives in is smaller than that.
     void place(const QSize& designed);
     // Keeps the window's place, its splitters and its grids' column widths for next time.
     void remember() const;

@@ -11,6 +11,7 @@
 #include <QSortFilterProxyModel>
 #include <QTimer>
 #include <QTreeView>
+#include <utility>
 
 namespace tarvello::gui {
 
@@ -65,14 +66,22 @@ void TreeGridView::addFilterBox()
 
 void TreeGridView::narrow(const QString& text)
 {
-    // Rows under collapsed nodes are not in the tree's rows until their nodes open.
-    if (auto* tree = model<controls::TreeGrid>(); tree && !text.isEmpty())
+    auto* tree = model<controls::TreeGrid>();
+    // Rows under collapsed nodes are not in the tree's rows until their nodes open; the nodes
+    // the person had collapsed close again when the filter goes.
+    if (tree && !text.isEmpty() && !m_collapsedBeforeFilter) {
+        m_collapsedBeforeFilter = tree->collapsedNodes();
         tree->expandAll();
+    }
     m_shown->setFilterFixedString(text);
     if (!text.isEmpty()) {
         m_expanding = true;
         m_view.expandAll();
         m_expanding = false;
+    } else if (tree && m_collapsedBeforeFilter) {
+        // Rows the filter had hidden come back collapsed in the view: the tree lays them out
+        // again as its nodes say.
+        tree->setCollapsedNodes(*std::exchange(m_collapsedBeforeFilter, std::nullopt));
     }
     showSelection();
 }

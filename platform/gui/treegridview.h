@@ -3,6 +3,8 @@
 #include "platform/gui/rowsview.h"
 
 #include <QKeySequence>
+#include <QSet>
+#include <optional>
 
 class QLineEdit;
 class QSortFilterProxyModel;
@@ -53,6 +55,8 @@ private:
     QSortFilterProxyModel* m_shown;   // Owned (QObject child): the rows the filter leaves.
     QLineEdit* m_filterBox = nullptr; // Owned by the tree's parent widget.
     bool m_expanding = false;
+    // While the filter box holds a text: the nodes collapsed before it was typed.
+    std::optional<QSet<QString>> m_collapsedBeforeFilter;
 };
 
 } // namespace tarvello::gui

@@ -24,6 +24,17 @@ void WindowMemory::setGeometry(const QRect& geometry) const
     QSettings().setValue(key(QStringLiteral("geometria")), geometry);
 }
 
+std::optional<bool> WindowMemory::maximized() const
+{
+    const QVariant maximized = QSettings().value(key(QStringLiteral("massimizzata")));
+    return maximized.isValid() ? std::optional(maximized.toBool()) : std::nullopt;
+}
+
+void WindowMemory::setMaximized(bool maximized) const
+{
+    QSettings().setValue(key(QStringLiteral("massimizzata")), maximized);
+}
+
 QByteArray WindowMemory::windowGeometry() const
 {
     return QSettings().value(key(QStringLiteral("finestra"))).toByteArray();

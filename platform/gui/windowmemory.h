@@ -18,6 +18,9 @@ public:
 
     std::optional<QRect> geometry() const;
     void setGeometry(const QRect& geometry) const;
+    // Whether the window was left maximized; nothing when it was never left at all.
+    std::optional<bool> maximized() const;
+    void setMaximized(bool maximized) const;
     // A top-level window's own saved geometry (QWidget::saveGeometry).
     QByteArray windowGeometry() const;
     void setWindowGeometry(const QByteArray& geometry) const;

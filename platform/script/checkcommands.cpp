@@ -187,7 +187,7 @@ Action status(Arguments& args)
     const qint64 expected = args.integer(QStringLiteral("the status"));
     args.end();
     return [frame, expected](Scenario& scenario) {
-        const int actual = scenario.window().frame(frame).status();
+        const int actual = int(scenario.window().frame(frame).status());
         if (actual != expected)
             found(QStringLiteral("status %1").arg(actual));
     };

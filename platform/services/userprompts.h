@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/frame/messageboxes.h"
 #include "platform/services/promptanswer.h"
 
 #include <QList>
@@ -81,15 +82,10 @@ private:
 // implementation only shows it and returns what the person answered (Qt dialogs in the
 // shell, queued answers in scenarios and tests). An answer the prompt cannot take raises
 // PromptError naming the prompt.
-class UserPrompts {
+class UserPrompts : public frame::MessageBoxes {
 public:
-    virtual ~UserPrompts() = default;
-    UserPrompts() = default;
-    UserPrompts(const UserPrompts&) = delete;
-    UserPrompts& operator=(const UserPrompts&) = delete;
-
     // A message box: text, standard style number, title; returns the standard answer.
-    int messageBox(const QString& text, int style, const QString& title);
+    int messageBox(const QString& text, int style, const QString& title) override;
     // An error report offering a choice (abort / retry / ignore); returns the answer.
     int report(const QString& text, int style, const QString& title);
     // The module's question dialog; none when it was closed without an answer.

@@ -269,9 +269,10 @@ void DettagliAgente::FME_GestAnagrafica2_AfterUndo(int fenm_operationresult)
 void DettagliAgente::FME_GestAnagrafica2_ChangeStatus(int fenm_status)
 {
     auto& codice = m_schermata.controllo<controls::Field>(u"TXT_CODSOCIO");
-    if (fenm_status == frame::FrameStatus::Browse)
+    const frame::FrameStatus stato{fenm_status};
+    if (stato == frame::FrameStatus::Browse)
         codice.setEnabled(false);
-    else if (fenm_status == frame::FrameStatus::Search || fenm_status == frame::FrameStatus::New)
+    else if (stato == frame::FrameStatus::Search || stato == frame::FrameStatus::New)
         codice.setEnabled(true);
     mostraSociAggiungibili();
 }
@@ -279,10 +280,11 @@ void DettagliAgente::FME_GestAnagrafica2_ChangeStatus(int fenm_status)
 void DettagliAgente::FME_GestAnagrafica3_ChangeStatus(int fenm_status)
 {
     auto& tipo = m_schermata.controllo<controls::ComboBox>(u"CBO_TIPOEFF");
-    if (fenm_status == frame::FrameStatus::Search || fenm_status == frame::FrameStatus::New) {
+    const frame::FrameStatus stato{fenm_status};
+    if (stato == frame::FrameStatus::Search || stato == frame::FrameStatus::New) {
         tipo.setEnabled(true);
         tipo.setFocus();
-    } else if (fenm_status == frame::FrameStatus::Browse) {
+    } else if (stato == frame::FrameStatus::Browse) {
         tipo.setEnabled(false);
     }
 }

@@ -311,9 +311,9 @@ void GiriVisite::FME_GestAnagrafica5_ChangeStatus(int fenm_status)
                      {
                          [&] {
                              auto& cliente = m_schermata.controllo<controls::Field>(u"TXT_CLIENTE");
-                             if (fenm_status == frame::FrameStatus::New)
+                             if (frame::FrameStatus{fenm_status} == frame::FrameStatus::New)
                                  cliente.setEnabled(true);
-                             else if (fenm_status == frame::FrameStatus::Browse)
+                             else if (frame::FrameStatus{fenm_status} == frame::FrameStatus::Browse)
                                  cliente.setEnabled(false);
                          },
                      });

@@ -488,9 +488,9 @@ void FRMMG_AGENTI::Form_Activate()
                          },
                          [&] {
                              const qint32 modo = modulo().ProgramMode();
-                             if (modo >= frame::FrameStatus::Browse &&
-                                 modo <= frame::FrameStatus::New)
-                                 gestione(Agenti).setStatus(modo);
+                             if (modo >= int(frame::FrameStatus::Browse) &&
+                                 modo <= int(frame::FrameStatus::New))
+                                 gestione(Agenti).setStatus(frame::FrameStatus{modo});
                          },
                          [&] {
                              auto& pannello = controllo<controls::Panel>(u"FRAME_MESSAGGIO");
@@ -525,7 +525,7 @@ void FRMMG_AGENTI::AggiornaNavigatore()
             if (!gestione)
                 throw db::RuntimeError(db::RuntimeError::TypeMismatch,
                                        QStringLiteral("Type mismatch"));
-            navigatore().setFrameStatus(db::Value(gestione->status()).toShort());
+            navigatore().setFrameStatus(gestione->frameStatus());
         },
         [&] { navigatore().refresh(); },
     });

@@ -292,7 +292,7 @@ void SchedaAgente::FME_GestAnagrafica1_BeforeDelete(frame::CancelArgs& args)
 
 void SchedaAgente::FME_GestAnagrafica1_BeforeUpdate(frame::CancelArgs& args)
 {
-    m_statoSalvataggio = short(gestione(FRMMG_AGENTI::Agenti).status());
+    m_statoSalvataggio = gestione(FRMMG_AGENTI::Agenti).status();
 
     const QString ragioneSociale = RTrimN(testo(u"TXT_RAGSOANAG")).toString();
     if (m_schermata.connessione()
@@ -402,7 +402,8 @@ void SchedaAgente::FME_GestAnagrafica1_ChangeStatus(int fenm_status, int fenm_re
                 .setEnabled(aperti);
         m_schermata.controllo<controls::Control>(u"CMD_GESTCOLL").setEnabled(aperti);
     };
-    if (fenm_status == frame::FrameStatus::Browse) {
+    const frame::FrameStatus stato{fenm_status};
+    if (stato == frame::FrameStatus::Browse) {
         DecodificaCodice(m_schermata.connessione(),
                          CDecN(valoreAgente(QStringLiteral("MG17_ANAGEN_CG16"))), m_schermata);
         impostaDettagli(true);
@@ -412,8 +413,7 @@ void SchedaAgente::FME_GestAnagrafica1_ChangeStatus(int fenm_status, int fenm_re
         agente.setSecondChangeFlag(false);
         agente.refreshState();
         m_schermata.controllo<controls::Control>(u"CBO_REGPROV").setFocus();
-    } else if (fenm_status == frame::FrameStatus::Search ||
-               fenm_status == frame::FrameStatus::New) {
+    } else if (stato == frame::FrameStatus::Search || stato == frame::FrameStatus::New) {
         m_schermata.dettagli().ClearChild();
         campo(u"TXT_RAGSOANAG").setText(QString());
         // An empty screen: the reference code follows the empty id, as for an agent shown.

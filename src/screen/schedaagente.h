@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/db/value.h"
+#include "platform/frame/frameeventargs.h"
 
 #include <QSet>
 #include <QString>
@@ -46,7 +47,7 @@ public:
     void collega();
 
     // The agent frame's status when the last save began.
-    short StatoSalvataggio() const { return m_statoSalvataggio; }
+    frame::FrameStatus StatoSalvataggio() const { return m_statoSalvataggio; }
     // The reference agent was last validated to the end: the next save rebuilds the tree.
     bool AgenteRifVariato() const { return m_agenteRifVariato; }
     qint32 UltimoIdAgeRif() const { return m_ultimoIdAgeRif; }
@@ -127,7 +128,7 @@ private:
     void messaggio(const QString& testo, int stile, const QString& titolo) const;
 
     FRMMG_AGENTI& m_schermata; // Not owned: the screen owns this.
-    short m_statoSalvataggio = 0;
+    frame::FrameStatus m_statoSalvataggio = frame::FrameStatus::Browse;
     bool m_agenteRifVariato = false;
     qint32 m_ultimoIdAgeRif = 0;
     qint32 m_ultimoIdCapoArea = 0;

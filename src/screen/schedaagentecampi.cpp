@@ -29,7 +29,7 @@ namespace tarvello::agenti {
 namespace {
 
 using controls::Field;
-namespace FrameStatus = frame::FrameStatus;
+using frame::FrameStatus;
 
 constexpr int DomandaNuovaAnagrafica = 39135;
 constexpr short Si = 6;

@@ -43,7 +43,7 @@ protected:
 
 } // namespace
 
-TEST_F(ErrorStyles, IgnoreSkipsTheFailingStepAndAStepCanLeave)
+TEST_F(ErrorStyles, SilentStylesSkipOrLeaveAtAFailingStepAndAStepCanLeave)
 {
     const Outcome outcome = ignoreEachStep({
         [&] { done << "1"; },
@@ -65,6 +65,17 @@ TEST_F(ErrorStyles, IgnoreSkipsTheFailingStepAndAStepCanLeave)
     });
     EXPECT_EQ(left, Outcome::Left);
     EXPECT_EQ(done, QStringList({"1"}));
+
+    // Leaving silently ends at the first error, without a word either.
+    done.clear();
+    const Outcome silent = leaveSilently({
+        [&] { done << "1"; },
+        [] { throw failure(); },
+        [&] { done << "3"; },
+    });
+    EXPECT_EQ(silent, Outcome::Abandoned);
+    EXPECT_EQ(done, QStringList({"1"}));
+    EXPECT_TRUE(prompts.history().isEmpty());
 }
 
 // A fault of the program (or a prompt given a wrong answer in a scenario) must never be
@@ -96,9 +107,11 @@ TEST_F(ErrorStyles, RetryRunsTheFailingStepAgainAndReportsEachFailure)
     EXPECT_EQ(prompts.history().size(), 2);
 }
 
+// The report names the screen as titled when the error happened.
 TEST_F(ErrorStyles, IgnoreAnswerGoesOnWithTheNextStepAndAbortLeaves)
 {
     answer({host::Ignore});
+    screenTitle = QStringLiteral("Agenti - ditta 2");
     const Outcome outcome = reportWithChoice(reporter, QStringLiteral("Form_Activate"),
                                              {
                                                  [&] {
@@ -109,6 +122,7 @@ TEST_F(ErrorStyles, IgnoreAnswerGoesOnWithTheNextStepAndAbortLeaves)
                                              });
     EXPECT_EQ(outcome, Outcome::Completed);
     EXPECT_EQ(done, QStringList({"next"}));
+    EXPECT_TRUE(prompts.history().first().text.contains(QStringLiteral("Agenti - ditta 2")));
 
     // Abort leaves, keeping what was done.
     done.clear();
@@ -140,14 +154,6 @@ TEST_F(ErrorStyles, TheReportOffersAbortRetryIgnoreWithRetryAsDefault)
     EXPECT_TRUE(shown.defaulted);
     EXPECT_TRUE(shown.text.contains(QStringLiteral("Errore n. 13")));
     EXPECT_TRUE(shown.text.contains(QStringLiteral("CodiceFornitore")));
-}
-
-TEST_F(ErrorStyles, TheReportShowsTheScreenTitleOfTheMomentOfTheError)
-{
-    answer({host::Ignore});
-    screenTitle = QStringLiteral("Agenti - ditta 2");
-    reportWithChoice(reporter, QStringLiteral("Form_Activate"), {[] { throw failure(); }});
-    EXPECT_TRUE(prompts.history().first().text.contains(QStringLiteral("Agenti - ditta 2")));
 }
 
 // The reporting procedure has no trap of its own: without a log the failure goes on to the
@@ -190,18 +196,6 @@ TEST_F(ErrorStyles, ModuleErrorAnsweredOneAbandonsAndOtherwiseGoesOn)
                                              });
     EXPECT_EQ(goneOn, Outcome::Completed);
     EXPECT_EQ(done, QStringList({"next"}));
-}
-
-TEST_F(ErrorStyles, LeaveSilentlyEndsAtTheFirstError)
-{
-    const Outcome outcome = leaveSilently({
-        [&] { done << "1"; },
-        [] { throw failure(); },
-        [&] { done << "3"; },
-    });
-    EXPECT_EQ(outcome, Outcome::Abandoned);
-    EXPECT_EQ(done, QStringList({"1"}));
-    EXPECT_TRUE(prompts.history().isEmpty());
 }
 
 TEST_F(ErrorStyles, PassOnPrependsTheTraceTextWithALineBreak)

@@ -47,18 +47,6 @@ protected:
                                 {note, QStringLiteral("MGL1_NOTE")}};
 };
 
-TEST_P(DecodeTest, UnknownCodeMarksTheFieldNotValidAndEmptiesTheTargets)
-{
-    code->setText(QStringLiteral("NOR"));
-    ASSERT_EQ(code->decode(), Field::DecodeOutcome::Found);
-
-    code->setText(QStringLiteral("XYZ"));
-    EXPECT_EQ(code->decode(), Field::DecodeOutcome::NotFound);
-    EXPECT_FALSE(code->isValid());
-    EXPECT_TRUE(description->text().isEmpty());
-    EXPECT_TRUE(note->caption().isEmpty());
-}
-
 TEST_P(DecodeTest, CodeWithAQuoteIsFoundAndANullColumnEmptiesItsTarget)
 {
     note->setCaption(QStringLiteral("old"));

@@ -20,20 +20,6 @@ protected:
     Field* date = form.add<Field>(QStringLiteral("TXT_DATE"), Field::Kind::Date);
 };
 
-TEST_F(FieldTest, MaxLengthHoldsForTypingCodeAndAShorterLimit)
-{
-    code->setMaxLength(3);
-    code->typeText(QStringLiteral("ABCDE"));
-    EXPECT_EQ(code->text(), QStringLiteral("ABC"));
-    code->setText(QStringLiteral("WXYZ"));
-    EXPECT_EQ(code->text(), QStringLiteral("WXY"));
-    code->setMaxLength(2);
-    EXPECT_EQ(code->text(), QStringLiteral("WX"));
-    code->setMaxLength(0);
-    code->setText(QStringLiteral("LONGER"));
-    EXPECT_EQ(code->text(), QStringLiteral("LONGER"));
-}
-
 // A warning about the text holds for that text only: whatever replaces it starts accepted.
 TEST_F(FieldTest, ANewTextClearsTheWarningAboutTheOldOne)
 {
@@ -47,17 +33,6 @@ TEST_F(FieldTest, ANewTextClearsTheWarningAboutTheOldOne)
     code->typeText(QStringLiteral("X2"));
     EXPECT_TRUE(code->isAccepted());
     EXPECT_EQ(changes, (QList<bool>{false, true}));
-}
-
-TEST_F(FieldTest, UpperCaseAppliesToEveryTextSet)
-{
-    code->setText(QStringLiteral("nord"));
-    code->setUpperCase(true);
-    EXPECT_EQ(code->text(), QStringLiteral("NORD")) << "switching it on converts the text held";
-    code->setText(QStringLiteral("sud'est"));
-    EXPECT_EQ(code->text(), QStringLiteral("SUD'EST"));
-    code->typeText(QStringLiteral("àb"));
-    EXPECT_EQ(code->text(), QStringLiteral("ÀB"));
 }
 
 TEST_F(FieldTest, NumbersOnlyFiltersWhatThePersonTypes)

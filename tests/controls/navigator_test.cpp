@@ -61,13 +61,6 @@ TEST_F(NavigatorTest, PressRaisesBeforeClickActionAndAfterInOrder)
                                 "after Conferma failed"}));
 }
 
-TEST_F(NavigatorTest, CancelInBeforeButtonStopsTheActionAndTheAfterEvent)
-{
-    refuse << NavigatorKey::New;
-    EXPECT_FALSE(navigator->press(NavigatorKey::New));
-    EXPECT_EQ(log, QStringList({"before Nuovo"}));
-}
-
 // The new-row switch takes "Nuovo" from the person; a screen pressing it on the person's
 // behalf still reaches beforeButton, where it decides and can say why.
 TEST_F(NavigatorTest, EnabledSettingsAndTheNewRowSwitchStopPresses)

@@ -7,7 +7,7 @@ using controls::NavigatorKey::Cancel;
 using controls::NavigatorKey::Confirm;
 using controls::NavigatorKey::Delete;
 using controls::NavigatorKey::New;
-namespace FrameStatus = frame::FrameStatus;
+using frame::FrameStatus;
 
 constexpr int Yes = 6;
 

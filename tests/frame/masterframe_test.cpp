@@ -5,7 +5,7 @@
 namespace tarvello::test {
 namespace {
 
-namespace FrameStatus = frame::FrameStatus;
+using frame::FrameStatus;
 
 constexpr int Yes = 6;
 constexpr int No = 7;

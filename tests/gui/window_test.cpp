@@ -8,13 +8,79 @@
 #include <QHeaderView>
 #include <QMdiArea>
 #include <QMenu>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QSplitter>
 #include <QStatusBar>
+#include <QTabWidget>
 #include <QTableView>
 #include <QTemporaryDir>
 
 namespace tarvello::test {
 namespace {
+
+// Every page of the screen shows whole: nothing scrolls and no page is squeezed below the
+// room its fields need.
+void expectPagesWhole(gui::ScreenWindow& window)
+{
+    auto* pages = window.findChild<QTabWidget*>(QStringLiteral("TAB_AGENTI"));
+    ASSERT_NE(pages, nullptr);
+    for (int index = 0; index < pages->count(); ++index) {
+        pages->setCurrentIndex(index);
+        processEventsFor(20);
+        QWidget* page = pages->widget(index);
+        const QString name = pages->tabText(index);
+        EXPECT_TRUE(page->minimumSizeHint().boundedTo(page->size()) == page->minimumSizeHint())
+            << name.toStdString();
+        for (const QScrollArea* area : page->findChildren<QScrollArea*>()) {
+            EXPECT_FALSE(area->horizontalScrollBar()->isVisible()) << name.toStdString();
+            EXPECT_FALSE(area->verticalScrollBar()->isVisible()) << name.toStdString();
+        }
+    }
+}
+
+// "Dati generali" and every other page show whole at 1280 x 800, where the screen fills the
+// shell, and at the size the screen opens with on a larger display.
+TEST_F(AgentsShellTest, EveryPageShowsWholeAt1280x800AndAtTheOpeningSize)
+{
+    ASSERT_EQ(shell->size(), QSize(1280, 800));
+    expectPagesWhole(openAgents());
+    shell->screens().closeAllSubWindows();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QSettings().clear();
+
+    shell->resize(1600, 1000);
+    processEventsFor(20);
+    gui::ScreenWindow& window = openAgents();
+    ASSERT_LT(window.width(), shell->screens().width()) << "opened at its own size";
+    expectPagesWhole(window);
+}
+
+// Tab walks "Dati generali" as it is read: down a column, then from the top of the next.
+TEST_F(AgentsShellTest, TabWalksDatiGeneraliColumnByColumn)
+{
+    gui::ScreenWindow& window = openAgents();
+    QWidget& page = widget(window, "contenutoDatiGenerali");
+    const auto place = [&page](const QWidget* field) {
+        const QWidget* group = field->parentWidget();
+        return std::pair(group->mapTo(&page, QPoint()).x(), field->mapTo(&page, QPoint()));
+    };
+    widget(window, "CBO_REGPROV").setFocus();
+    for (QWidget* from = QApplication::focusWidget(); from && page.isAncestorOf(from);) {
+        keyClick(from, Qt::Key_Tab);
+        QWidget* to = QApplication::focusWidget();
+        if (!to || !page.isAncestorOf(to))
+            break;
+        const auto [fromColumn, fromPoint] = place(from);
+        const auto [toColumn, toPoint] = place(to);
+        const bool downTheColumn = toColumn == fromColumn &&
+                                   (toPoint.y() > fromPoint.y() ||
+                                    (toPoint.y() == fromPoint.y() && toPoint.x() > fromPoint.x()));
+        EXPECT_TRUE(downTheColumn || toColumn > fromColumn)
+            << from->objectName().toStdString() << " -> " << to->objectName().toStdString();
+        from = to;
+    }
+}
 
 // The screen names the agent on view and marks its changes; a save leaves a line in the status
 // bar.
@@ -35,11 +101,14 @@ TEST_F(AgentsShellTest, TheScreenNamesItsAgentAndReportsASave)
         << shell->statusBar()->currentMessage().toStdString();
 }
 
-// The place and size of the window, its splitter and the widths the person gave the columns
-// of a grid are there again at the next opening, and a reload of the rows keeps them.
+// The place and size of the window (maximized at first in a shell too small for it), its
+// splitter and the widths the person gave the columns of a grid are there again at the next
+// opening, and a reload of the rows keeps them.
 TEST_F(AgentsShellTest, TheScreenOpensAsThePersonLeftIt)
 {
     gui::ScreenWindow& first = openAgents();
+    EXPECT_TRUE(first.isMaximized());
+    first.showNormal();
     const QRect placed(30, 20, 1100, 660);
     first.setGeometry(placed);
     auto& splitter = widget<QSplitter>(first, "divisore");
@@ -54,6 +123,7 @@ TEST_F(AgentsShellTest, TheScreenOpensAsThePersonLeftIt)
     ASSERT_EQ(shell->screens().subWindowList().size(), 0);
 
     gui::ScreenWindow& second = openAgents();
+    EXPECT_FALSE(second.isMaximized());
     EXPECT_EQ(second.geometry(), placed);
     EXPECT_EQ(widget<QSplitter>(second, "divisore").sizes(), sizes);
     EXPECT_EQ(widget<QTableView>(second, "GRID_AGENTISOCI").horizontalHeader()->sectionSize(0),

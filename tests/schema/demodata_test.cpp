@@ -130,14 +130,6 @@ protected:
         for (const Invariant& invariant : invariants)
             EXPECT_EQ(count(QString::fromLatin1(invariant.violations)), 0) << invariant.what;
     }
-
-    qint64 agentId(int company, const QString& code)
-    {
-        return scalar(QStringLiteral("SELECT MG17_IDAGENTE FROM MG17_AGENTI WHERE "
-                                     "MG17_DITTA_CG18 = ? AND MG17_AGENTE = ?"),
-                      {company, code})
-            .toInt64();
-    }
 };
 
 TEST_P(DemoData, TheHandMadeSetKeepsItsInvariantsAndStaysOutOfTheStatementLog)
@@ -147,104 +139,6 @@ TEST_P(DemoData, TheHandMadeSetKeepsItsInvariantsAndStaysOutOfTheStatementLog)
     EXPECT_EQ(db().log().size(), 0);
     EXPECT_TRUE(db().log().isEnabled());
     expectInvariants();
-}
-
-TEST_P(DemoData, TheHandMadeSetHoldsTheAgentsTheScreenIsTriedOn)
-{
-    populateDemoData(db());
-    // Roots of the tree, with the reference agent Null and 0.
-    EXPECT_GE(count(QStringLiteral("SELECT COUNT(*) FROM MG17_AGENTI WHERE MG17_DITTA_CG18 = 1 "
-                                   "AND MG17_INDTIPOAGE = 2 AND MG17_IDAGERIF_MG17 IS NULL")),
-              1);
-    EXPECT_GE(count(QStringLiteral("SELECT COUNT(*) FROM MG17_AGENTI WHERE MG17_DITTA_CG18 = 1 "
-                                   "AND MG17_INDTIPOAGE = 2 AND MG17_IDAGERIF_MG17 = 0")),
-              1);
-    for (int type : {0, 1, 2}) {
-        EXPECT_GE(count(QStringLiteral("SELECT COUNT(*) FROM MG17_AGENTI WHERE MG17_DITTA_CG18 = 1 "
-                                       "AND MG17_INDTIPOAGE = ?"),
-                        {type}),
-                  2)
-            << type;
-    }
-    // An agent without supplier, one code in both companies, free registry entries.
-    EXPECT_GE(count(QStringLiteral("SELECT COUNT(*) FROM MG17_AGENTI WHERE MG17_CLIFOR_CG44 IS "
-                                   "NULL AND MG17_ANAGEN_CG16 IS NOT NULL")),
-              1);
-    EXPECT_NE(agentId(DemoCompanies::divisional, QStringLiteral("CA01")), 0);
-    EXPECT_NE(agentId(DemoCompanies::plain, QStringLiteral("CA01")), 0);
-    EXPECT_GE(count(QStringLiteral("SELECT COUNT(*) FROM CG16_ANAGGEN WHERE NOT EXISTS (SELECT 1 "
-                                   "FROM MG17_AGENTI WHERE MG17_ANAGEN_CG16 = CG16_CODICE) AND "
-                                   "NOT EXISTS (SELECT 1 FROM CG44_CLIFOR WHERE CG44_TIPOCF = 0 "
-                                   "AND CG44_CODICE_CG16 = CG16_CODICE)")),
-              1);
-}
-
-TEST_P(DemoData, TheHandMadeSetHasDetailsRoutesAndUsesOfAgents)
-{
-    populateDemoData(db());
-    // A partnership whose shares add up to exactly 100.
-    EXPECT_EQ(scalar(QStringLiteral("SELECT SUM(MG18_PERQUOTA) FROM MG18_AGENTISOCI WHERE "
-                                    "MG18_IDAGENTE_MG17 = ?"),
-                     {agentId(1, QStringLiteral("A004"))})
-                  .toDecimal(),
-              Decimal(100));
-    EXPECT_GE(count(QStringLiteral("SELECT COUNT(*) FROM MG16_AGENTIMAT WHERE MG16_TIPOEFF = 99")),
-              1);
-    EXPECT_GE(count(QStringLiteral("SELECT COUNT(*) FROM MG34_AGENTITV")), 1);
-
-    const qint64 a001 = agentId(1, QStringLiteral("A001"));
-    // Several routes of one agent; a customer on two of them, and on another agent's route.
-    EXPECT_GE(count(QStringLiteral("SELECT COUNT(DISTINCT MG1I_GIRO_MG1H) FROM MG1I_DETTAGLIOGIRI "
-                                   "WHERE MG1I_IDAGENTE_MG17 = ?"),
-                    {a001}),
-              2);
-    EXPECT_GE(count(QStringLiteral("SELECT COUNT(*) FROM MG1I_DETTAGLIOGIRI WHERE "
-                                   "MG1I_IDAGENTE_MG17 = ? AND MG1I_CLIFOR_CG44 = 1021"),
-                    {a001}),
-              2);
-    EXPECT_GE(count(QStringLiteral("SELECT COUNT(*) FROM MG1I_DETTAGLIOGIRI WHERE "
-                                   "MG1I_IDAGENTE_MG17 <> ? AND MG1I_DITTA_CG18 = 1 AND "
-                                   "MG1I_CLIFOR_CG44 = 1021 AND MG1I_CODDEST_MG22 IS NULL"),
-                    {a001}),
-              1);
-    EXPECT_GE(count(QStringLiteral("SELECT COUNT(*) FROM MG1I_DETTAGLIOGIRI WHERE "
-                                   "MG1I_CODDEST_MG22 IS NOT NULL")),
-              1);
-    EXPECT_GE(count(QStringLiteral("SELECT COUNT(*) FROM MG1H_GIRI WHERE NOT EXISTS (SELECT 1 FROM "
-                                   "MG1I_DETTAGLIOGIRI WHERE MG1I_GIRO_MG1H = MG1H_GIRO)")),
-              1);
-    EXPECT_GE(count(QStringLiteral("SELECT COUNT(*) FROM (SELECT MG1C_CLIFOR_CG44 FROM "
-                                   "MG1C_CLIFORAGEMUL GROUP BY MG1C_DITTA_CG18, MG1C_CLIFOR_CG44 "
-                                   "HAVING COUNT(*) > 1)")),
-              1);
-
-    // Agents in use by other modules' documents, counted as the module counts them.
-    for (const char* table : {"DO21_DOCTESTAPROV", "DO29_DOCTESAGENTI", "DO32_DOCCORPOPROV",
-                              "CT05_CATESTA", "CT06_CACORPO"})
-        EXPECT_GE(count(QStringLiteral("SELECT COUNT(*) FROM %1").arg(QString::fromLatin1(table))),
-                  1)
-            << table;
-    // Divisional rows of an agent, with details, and an entity of another kind.
-    EXPECT_GE(count(QStringLiteral("SELECT COUNT(*) FROM CO1G_DETTAGENTE INNER JOIN CO1C_ENTITADIV "
-                                   "ON CO1G_IDENTITADIV_CO1C = CO1C_IDENTITADIV WHERE "
-                                   "CO1C_IDENTITA = 3 AND CO1C_IDAGENTE_MG17 = ?"),
-                    {a001}),
-              2);
-    EXPECT_GE(count(QStringLiteral("SELECT COUNT(*) FROM CO1C_ENTITADIV WHERE CO1C_IDENTITA <> 3")),
-              1);
-    // The multimedia record an agent links to.
-    EXPECT_EQ(count(QStringLiteral("SELECT COUNT(*) FROM MG17_AGENTI INNER JOIN CG99_MULTIMEDIA ON "
-                                   "CG99_IDMEDIA = MG17_IDMEDIA_CG99")),
-              1);
-    // Every classification table, typologies, depots, registers and lookup tables are filled.
-    for (const char* table :
-         {"MGL1_MACROAREE", "MGL2_AREE", "MGL3_ZONE", "MGL4_MACROCATEGORIE", "MGL5_CATEGORIE",
-          "MGL6_SOTTOCATEGORIE", "MGL7_RAGGRUPPAMENTI1", "MGL8_RAGGRUPPAMENTI2",
-          "MGL9_RAGGRUPPAMENTI3", "MG1P_TIPOLOGIEAGENTI", "MG58_DEPOSITI", "CG68_NUMERDESC",
-          "LP09_TESTATAPRIORITA", "PA10_PROVSCANAG", "MG22_DESTINATARI"})
-        EXPECT_GE(count(QStringLiteral("SELECT COUNT(*) FROM %1").arg(QString::fromLatin1(table))),
-                  2)
-            << table;
 }
 
 TEST_P(DemoData, TheScaledSetHasTheRequestedAgentsWithDetailsInProportion)

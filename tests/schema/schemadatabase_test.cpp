@@ -50,39 +50,6 @@ TEST_P(SchemaOnDatabase, TheDatabaseDescribesEveryTableAsDeclared)
     }
 }
 
-TEST_P(SchemaOnDatabase, AnAgentNamedByCompanyAndCodeGetsAnIdAndTheListDefaults)
-{
-    const QString insert =
-        QStringLiteral("INSERT INTO MG17_AGENTI (MG17_DITTA_CG18, MG17_AGENTE) VALUES (?, ?)");
-    db().run(insert, {1, "A001"});
-    db().run(insert, {1, "A002"});
-    // Read as the module reads the agents: through a recordset.
-    const RecordsetPtr rs =
-        db().execute(QStringLiteral("SELECT * FROM MG17_AGENTI ORDER BY MG17_AGENTE"));
-    ASSERT_EQ(rs->recordCount(), 2);
-    rs->moveNext();
-    const qint64 secondId = rs->value(u"MG17_IDAGENTE").toInt64();
-    rs->moveFirst();
-    const auto value = [&](const char* column) { return rs->value(QString::fromLatin1(column)); };
-    EXPECT_GT(value("MG17_IDAGENTE").toInt64(), 0);
-    EXPECT_GT(secondId, value("MG17_IDAGENTE").toInt64());
-
-    for (const char* column : {"MG17_IDENTIFTAB", "MG17_IDENTIFRIGA", "MG17_IDENTIFCOL"})
-        EXPECT_EQ(value(column), Value(-1)) << column;
-    EXPECT_EQ(value("MG17_TIPORAPPOR"), Value(1));
-    for (const char* column :
-         {"MG17_INDTIPOAGE", "MG17_REGIMEPROV", "MG17_PERPROV", "MG17_FLGREGIMECL",
-          "MG17_FLGREGIMEART", "MG17_INDPRIORCLIART", "MG17_INDTIPOLISFIX", "MG17_FLGADEGUAMSCMAG",
-          "MG17_INDCALCSCMAG", "MG17_INDBASEIMPSC", "MG17_INDBASEIMPMAG", "MG17_FLGADEGDELTA",
-          "MG17_INDTIPOLIQ", "MG17_TIPOMAND", "MG17_TIPOSOC", "MG17_INDSTDISTENAS"})
-        EXPECT_EQ(value(column), Value(0)) << column;
-    EXPECT_EQ(value("MG17_INDPREFSTDOC"), Value("0"));
-    // An agent without supplier or reference agent keeps those columns Null.
-    for (const char* column : {"MG17_CLIFOR_CG44", "MG17_TIPOCF_CG44", "MG17_IDAGERIF_MG17",
-                               "MG17_ANAGEN_CG16", "MG17_DATAINRAPP", "MG17_IDMEDIA_CG99"})
-        EXPECT_TRUE(value(column).isNull()) << column;
-}
-
 TEST_P(SchemaOnDatabase, EveryTableTakesARowNamingOnlyItsRequiredColumns)
 {
     for (const TableDef& table : Schema::host().tables()) {

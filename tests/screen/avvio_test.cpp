@@ -89,31 +89,15 @@ TEST_F(AvvioSchermata, AModalScreenOpensAtItsDesignSizeAndWaitsUntilItCloses)
 TEST_F(AvvioSchermata, TellsTheToolbarTheStatusOfTheAgentFrame)
 {
     Apertura apertura;
-    apertura.programMode = frame::FrameStatus::New;
+    apertura.programMode = int(frame::FrameStatus::New);
     apri(apertura);
     ASSERT_EQ(gestione(FRMMG_AGENTI::Agenti).status(), frame::FrameStatus::New);
-    EXPECT_EQ(toolbar->shownStatus(), frame::FrameStatus::New);
+    EXPECT_EQ(toolbar->shownStatus(), short(frame::FrameStatus::New));
 
     inserisciAgente(QStringLiteral("A001"));
     gestione(FRMMG_AGENTI::Agenti).enterSearch();
     schermata().AggiornaNavigatore();
-    EXPECT_EQ(toolbar->shownStatus(), frame::FrameStatus::Search);
-}
-
-TEST_F(AvvioSchermata, ClosingIsRefusedWhileTheAgentHasChangesTheUserKeeps)
-{
-    inserisciAgente(QStringLiteral("A001"));
-    apri();
-    ASSERT_TRUE(controllo<controls::Field>(u"TXT_PERPROV").typeText(QStringLiteral("12")));
-    rispondi(host::Cancel);
-
-    EXPECT_FALSE(schermata().requestClose());
-
-    EXPECT_TRUE(schermata().isLoaded());
-    ASSERT_EQ(prompts.history().size(), 1);
-    EXPECT_EQ(prompts.history().first().answer, QStringLiteral("cancel"));
-    EXPECT_EQ(modulo->ActiveDll(), modulo.get());
-    EXPECT_EQ(toolbar->scriptLog().lines().size(), 2) << "tsClose is told even when refused";
+    EXPECT_EQ(toolbar->shownStatus(), short(frame::FrameStatus::Search));
 }
 
 TEST_F(AvvioSchermata, UnloadLetsGoOfEverythingAndOfTheModule)

@@ -25,45 +25,13 @@ protected:
         altro = inserisciAgente(QStringLiteral("A002"));
     }
 
-    void socio(qint64 id, int codice, const QString& nome)
-    {
-        db().run(QStringLiteral("INSERT INTO MG18_AGENTISOCI (MG18_DITTA_CG18, MG18_IDAGENTE_MG17, "
-                                "MG18_CODSOCIO, MG18_NOMECOGN, MG18_PERQUOTA) VALUES (1, ?, ?, ?, "
-                                "50)"),
-                 {id, codice, nome});
-    }
     void maturazione(qint64 id, int tipo, int giorni)
     {
         db().run(QStringLiteral("INSERT INTO MG16_AGENTIMAT (MG16_DITTA_CG18, MG16_IDAGENTE_MG17, "
                                 "MG16_TIPOEFF, MG16_GGMATUR) VALUES (1, ?, ?, ?)"),
                  {id, tipo, giorni});
     }
-    void giro(const QString& codice, const QString& descrizione)
-    {
-        db().run(QStringLiteral("INSERT INTO MG1H_GIRI (MG1H_DITTA_CG18, MG1H_GIRO, "
-                                "MG1H_DESCRIZIONE) VALUES (1, ?, ?)"),
-                 {codice, descrizione});
-    }
-    void tappa(qint64 id, const QString& codiceGiro, int progressivo, const db::Value& cliente)
-    {
-        db().run(QStringLiteral("INSERT INTO MG1I_DETTAGLIOGIRI (MG1I_DITTA_CG18, "
-                                "MG1I_IDAGENTE_MG17, MG1I_GIRO_MG1H, MG1I_PROGRESSIVO, "
-                                "MG1I_TIPOCF_CG44, MG1I_CLIFOR_CG44) VALUES (1, ?, ?, ?, 0, ?)"),
-                 {id, codiceGiro, progressivo, cliente});
-    }
     qint64 conta(const QString& sql) { return db().query(sql).rows.value(0).value(0).toInt64(); }
-
-    // Opens the screen, brings the agent frame onto the agent and shows its details, then
-    // forgets the statements sent so far.
-    void apriSu(const QString& codice)
-    {
-        apri();
-        const db::RecordsetPtr agenti = gestione(FRMMG_AGENTI::Agenti).recordset();
-        agenti->moveFirst();
-        ASSERT_TRUE(agenti->find(QStringLiteral("MG17_AGENTE = '%1'").arg(codice)));
-        dettagli().ShowChild();
-        schermata().Gcon_Connect()->log().clear();
-    }
 
     agenti::DettagliAgente& dettagli() const { return schermata().dettagli(); }
     db::RecordsetPtr righe(int numero) const { return schermata().Grst_GestAnagrafica(numero); }
@@ -101,114 +69,12 @@ QString tentataVenditaDi(qint64 id)
            QString::number(id);
 }
 
-// The route detail's customer field decodes the customer of the row shown.
-QString decodificaCliente(qint64 cliente)
-{
-    return QStringLiteral("SELECT CG16_RAGSOANAG, CG16_INDIRIZZO, CG16_CAP, CG16_CITTA, "
-                          "CG16_PROVINCIA, CG16_CODFISC, ISNULL(CG16_PARTIVA, CG16_CODFISC) AS "
-                          "CG16_PARTIVA FROM CG44_CLIFOR LEFT JOIN CG16_ANAGGEN ON CG16_CODICE = "
-                          "CG44_CODICE_CG16 WHERE CG44_DITTA_CG18 = 1 AND CG44_TIPOCF = 0 AND "
-                          "CG44_CLIFOR = ") +
-           QString::number(cliente);
-}
-
 QString giriDi(qint64 id)
 {
     return QStringLiteral("SELECT ROW_NUMBER() OVER (ORDER BY MG1I_DITTA_CG18) AS ID, * FROM "
                           "MG1I_DETTAGLIOGIRI WITH (NOLOCK)  WHERE MG1I_DITTA_CG18 = 1 AND "
                           "MG1I_IDAGENTE_MG17 = ") +
            QString::number(id);
-}
-
-TEST_F(DettagliTest, ShowChildLoadsEveryDetailOfTheAgentAndPutsItsFirstRouteOnView)
-{
-    socio(agente, 1, QStringLiteral("ROSSI MARIO"));
-    socio(agente, 2, QStringLiteral("BIANCHI LUCA"));
-    socio(altro, 1, QStringLiteral("VERDI ANNA"));
-    maturazione(agente, 1, 30);
-    giro(QStringLiteral("G01"), QStringLiteral("Giro del lunedì"));
-    giro(QStringLiteral("G02"), QStringLiteral("Giro del martedì"));
-    tappa(agente, QStringLiteral("G01"), 1, 10);
-    tappa(agente, QStringLiteral("G01"), 2, 11);
-    tappa(agente, QStringLiteral("G02"), 1, 12);
-    tappa(altro, QStringLiteral("G01"), 1, 13);
-    apriSu(QStringLiteral("A001"));
-
-    dettagli().ShowChild();
-
-    const QStringList attese{
-        sociDi(agente),
-        maturazioneDi(agente),
-        tentataVenditaDi(agente),
-        giriDi(agente),
-        decodificaCliente(10),
-        QStringLiteral("SELECT DISTINCT MG1H_GIRO, MG1H_DESCRIZIONE FROM MG1I_DETTAGLIOGIRI WITH "
-                       "(NOLOCK)  INNER JOIN MG1H_GIRI WITH (NOLOCK)     ON  MG1I_DITTA_CG18 = "
-                       "MG1H_DITTA_CG18     AND MG1H_GIRO = MG1I_GIRO_MG1H  WHERE MG1I_DITTA_CG18 "
-                       "= 1   AND MG1I_IDAGENTE_MG17 = ") +
-            QString::number(agente),
-        QStringLiteral("SELECT MG1H_DESCRIZIONE FROM MG1H_GIRI WHERE MG1H_DITTA_CG18 = 1 AND "
-                       "MG1H_GIRO = 'G01'"),
-        giriDi(agente) + QStringLiteral(" AND MG1I_GIRO_MG1H = 'G01'"),
-        decodificaCliente(10),
-    };
-    EXPECT_EQ(istruzioni(), attese);
-    EXPECT_EQ(schermata().Gstr_GestAnagrafica(FRMMG_AGENTI::Soci), sociDi(agente));
-    EXPECT_EQ(schermata().Gstr_GestAnagrafica(FRMMG_AGENTI::DettaglioGiri), attese.at(7));
-
-    EXPECT_EQ(righe(FRMMG_AGENTI::Soci)->recordCount(), 2);
-    EXPECT_EQ(controllo<controls::Grid>(u"GRID_AGENTISOCI").rowCount(), 2);
-    EXPECT_EQ(controllo<controls::Grid>(u"GRID_AGENTIMAT").rowCount(), 1);
-    EXPECT_EQ(gestione(FRMMG_AGENTI::TentataVendita).status(), frame::FrameStatus::New);
-
-    EXPECT_EQ(dettagli().GiroCorrente(), QStringLiteral("G01"));
-    EXPECT_EQ(controllo<controls::Field>(u"TXT_GIRO").text(), QStringLiteral("G01"));
-    EXPECT_EQ(controllo<controls::Field>(u"TXT_DESCGIRO").text(),
-              QStringLiteral("Giro del lunedì"));
-    EXPECT_EQ(controllo<controls::Grid>(u"GRD_GIRI").rowCount(), 2);
-    EXPECT_EQ(controllo<controls::Grid>(u"GRD_DETTAGLIOGIRI").rowCount(), 2);
-    EXPECT_EQ(righe(FRMMG_AGENTI::DettaglioGiri)->pendingCount(), 0)
-        << "the agent id written into the rows is theirs already";
-
-    // A click on the other route puts it on view.
-    auto& elenco = controllo<controls::Grid>(u"GRD_GIRI");
-    const int secondo =
-        dettagli().giri().Grst_ElencoGiri()->value(u"MG1H_GIRO").toString() == QStringLiteral("G01")
-            ? 1
-            : 0;
-    ASSERT_TRUE(elenco.clickRow(secondo));
-    EXPECT_EQ(dettagli().GiroCorrente(), QStringLiteral("G02"));
-    EXPECT_EQ(controllo<controls::Field>(u"TXT_DESCGIRO").text(),
-              QStringLiteral("Giro del martedì"));
-    EXPECT_EQ(controllo<controls::Grid>(u"GRD_DETTAGLIOGIRI").rowCount(), 1);
-}
-
-TEST_F(DettagliTest, ClearChildEmptiesTheDetailsAndLetsTheRouteListGo)
-{
-    socio(agente, 1, QStringLiteral("ROSSI MARIO"));
-    giro(QStringLiteral("G01"), QStringLiteral("Giro del lunedì"));
-    tappa(agente, QStringLiteral("G01"), 1, 10);
-    apriSu(QStringLiteral("A001"));
-
-    dettagli().ClearChild();
-
-    EXPECT_EQ(istruzioni(),
-              (QStringList{
-                  QStringLiteral("SELECT ROW_NUMBER() OVER (ORDER BY MG18_DITTA_CG18) AS ID, * "
-                                 "FROM MG18_AGENTISOCI WHERE 1 = 0"),
-                  QStringLiteral("SELECT ROW_NUMBER() OVER (ORDER BY MG16_DITTA_CG18) AS ID, * "
-                                 "FROM MG16_AGENTIMAT WHERE 1 = 0"),
-                  QStringLiteral("SELECT * FROM MG34_AGENTITV WHERE 1 = 0"),
-                  QStringLiteral("SELECT ROW_NUMBER() OVER (ORDER BY MG1I_DITTA_CG18) AS ID, * "
-                                 "FROM MG1I_DETTAGLIOGIRI WHERE 1 = 0"),
-                  giriDi(agente) + QStringLiteral(" AND MG1I_GIRO_MG1H = ''"),
-              }));
-    EXPECT_EQ(righe(FRMMG_AGENTI::Soci)->recordCount(), 0);
-    EXPECT_TRUE(controllo<controls::Field>(u"TXT_GIRO").text().isEmpty());
-    EXPECT_TRUE(dettagli().GiroCorrente().isEmpty());
-    EXPECT_EQ(dettagli().giri().Grst_ElencoGiri(), nullptr);
-    EXPECT_EQ(controllo<controls::Grid>(u"GRD_GIRI").dataSource(), nullptr);
-    EXPECT_EQ(controllo<controls::Grid>(u"GRD_DETTAGLIOGIRI").rowCount(), 0);
 }
 
 // Partners entered for an agent not saved yet follow it: their agent column becomes 0 until
@@ -259,19 +125,6 @@ TEST_F(DettagliTest, TheRouteTypedGoesIntoTheRouteFilterQuoted)
     EXPECT_EQ(gestione(FRMMG_AGENTI::DettaglioGiri).sql(), filtro);
     EXPECT_EQ(istruzioni(), QStringList{filtro});
     EXPECT_EQ(righe(FRMMG_AGENTI::DettaglioGiri)->recordCount(), 0);
-}
-
-TEST_F(DettagliTest, TheUnloadLetsTheRouteListGo)
-{
-    giro(QStringLiteral("G01"), QStringLiteral("Giro del lunedì"));
-    tappa(agente, QStringLiteral("G01"), 1, 10);
-    apriSu(QStringLiteral("A001"));
-    ASSERT_NE(dettagli().giri().Grst_ElencoGiri(), nullptr);
-
-    schermata().unload();
-
-    EXPECT_EQ(dettagli().giri().Grst_ElencoGiri(), nullptr);
-    EXPECT_EQ(controllo<controls::Grid>(u"GRD_GIRI").dataSource(), nullptr);
 }
 
 TEST_F(DettagliTest, UndoingTheOnlyNewPartnerReadsThePartnersAgainAndFocusesTheCode)
@@ -341,20 +194,6 @@ TEST_F(DettagliTest, TheRouteFieldListsTheCompanysRoutes)
     Q_EMIT campo.decodeRequested(decodifica);
     EXPECT_TRUE(decodifica.sql.isEmpty());
     EXPECT_TRUE(controllo<controls::Field>(u"TXT_DESCGIRO").text().isEmpty());
-}
-
-TEST_F(DettagliTest, MaturationSaveWithNoRowLeftGoesBackToEntry)
-{
-    maturazione(agente, 1, 30);
-    apriSu(QStringLiteral("A001"));
-    frame::GestAnagrafica& giorni = gestione(FRMMG_AGENTI::Maturazione);
-    rispondi(Si);
-    ASSERT_TRUE(giorni.deleteRecord());
-
-    giorni.updateBatch();
-
-    EXPECT_EQ(conta(QStringLiteral("SELECT COUNT(*) FROM MG16_AGENTIMAT")), 0);
-    EXPECT_EQ(giorni.status(), frame::FrameStatus::New);
 }
 
 // Another user deleted the row meanwhile: the save is refused, and the person must learn it

@@ -1,7 +1,5 @@
 #include "schermatafixture.h"
 #include "src/host/errorlog.h"
-#include "src/host/modulecontract.h"
-#include "src/host/stampaagenti.h"
 #include "src/linked/stampa.h"
 
 namespace tarvello::test {
@@ -26,56 +24,12 @@ TEST_F(EventiHost, MultimediaWhileAnotherModuleIsActiveDoesNothing)
     EXPECT_EQ(righe(QStringLiteral("SELECT * FROM CG99_MULTIMEDIA")), 0);
 }
 
-// A printout module that notes what the host and the screen had set when it was run.
-class StampaDiProva final : public host::ModuleContract, public host::AgentsPrintout {
-public:
-    struct Visto {
-        db::Value codice;
-        bool schermataAttiva = true;
-        bool attiva = false;
-        bool chiamata = false;
-        bool eLaAttiva = false;
-    };
-
-    StampaDiProva(host::Cinterface& agenti, std::optional<Visto>& visto, bool fallisce)
-        : m_agenti(agenti)
-        , m_visto(visto)
-        , m_fallisce(fallisce)
-    {}
-
-    void setCodiceAgente(const db::Value& code) override { m_codice = code; }
-    db::Value CodiceAgente() const override { return m_codice; }
-    host::Cinterface& contract() override { return *this; }
-    void setCallingData(const db::ValueList&) override {}
-    host::EventSource<host::DataTransferEvents>& dataTransfer() override { return m_eventi; }
-    db::Value TransferData(const db::Value&) override { return {}; }
-    db::Value ShowForm() override
-    {
-        m_visto = Visto{m_codice, m_agenti.IsActive(), IsActive(), IsCalled(),
-                        ClsGlobal() && ClsGlobal()->activeModule() == this};
-        if (m_fallisce)
-            throw db::RuntimeError(5, QStringLiteral("Invalid procedure call"),
-                                   QStringLiteral("CLSMG_STAGENTI"));
-        return {};
-    }
-
-private:
-    host::Cinterface& m_agenti;
-    std::optional<Visto>& m_visto;
-    bool m_fallisce;
-    db::Value m_codice;
-    host::EventSource<host::DataTransferEvents> m_eventi;
-};
-
 class StampaAgenti : public EventiHost {
 protected:
     void registraStampa(bool fallisce = false)
     {
-        host->modules().add(QStringLiteral("Brendolo.CLSMG_STAGENTI"), [this, fallisce] {
-            return std::make_unique<StampaDiProva>(*modulo, visto, fallisce);
-        });
+        registraModulo(QStringLiteral("Brendolo.CLSMG_STAGENTI"), std::nullopt, fallisce);
     }
-    std::optional<StampaDiProva::Visto> visto;
 };
 
 TEST_F(StampaAgenti, TheAgentOnViewIsPrintedWithThisModuleSetAside)

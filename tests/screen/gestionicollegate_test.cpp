@@ -1,8 +1,6 @@
 #include "platform/controls/field.h"
 #include "platform/controls/menubutton.h"
 #include "schermatafixture.h"
-#include "src/host/calledmodule.h"
-#include "src/host/modulecontract.h"
 #include "src/linked/gestionicollegate.h"
 
 namespace tarvello::test {
@@ -13,69 +11,12 @@ using agenti::FRMMG_AGENTI;
 
 const QString ModuloAnagrafiche = QStringLiteral("Dorvanti.CLSCO_TABANAGGEN");
 
-// A general-registry module that notes what it was opened with and what the host and the
-// screen had set at that moment, then hands back the value it was given (none: nothing).
-class AnagraficheDiProva final : public host::ModuleContract, public host::CalledModule {
-public:
-    struct Visto {
-        db::ValueList dati;
-        bool schermataAttiva = true;
-        bool attiva = false;
-        bool chiamata = false;
-        bool eLaAttiva = false;
-        bool eLaSeconda = false;
-    };
-
-    AnagraficheDiProva(host::Cinterface& agenti, std::optional<Visto>& visto,
-                       std::optional<db::Value> restituito, bool fallisce)
-        : m_agenti(agenti)
-        , m_visto(visto)
-        , m_restituito(std::move(restituito))
-        , m_fallisce(fallisce)
-    {}
-
-    host::Cinterface& contract() override { return *this; }
-    void setCallingData(const db::ValueList& data) override { m_dati = data; }
-    host::EventSource<host::DataTransferEvents>& dataTransfer() override { return m_eventi; }
-    db::Value TransferData(const db::Value& dati) override
-    {
-        m_eventi.raise(&host::DataTransferEvents::DataTransfer, dati);
-        return {};
-    }
-    db::Value ShowForm() override
-    {
-        host::GlobalContext* globale = ClsGlobal();
-        m_visto = Visto{m_dati,
-                        m_agenti.IsActive(),
-                        IsActive(),
-                        IsCalled(),
-                        globale && globale->activeModule() == this,
-                        globale && globale->secondModule() == this};
-        if (m_fallisce)
-            throw db::RuntimeError(5, QStringLiteral("Invalid procedure call"),
-                                   QStringLiteral("CLSCO_TABANAGGEN"));
-        if (m_restituito)
-            TransferData(db::ValueList{*m_restituito});
-        return {};
-    }
-
-private:
-    host::Cinterface& m_agenti;
-    std::optional<Visto>& m_visto;
-    std::optional<db::Value> m_restituito;
-    bool m_fallisce;
-    db::ValueList m_dati;
-    host::EventSource<host::DataTransferEvents> m_eventi;
-};
-
 class GestioniCollegate : public SchermataTest {
 protected:
     void registraAnagrafiche(std::optional<db::Value> restituito = std::nullopt,
                              bool fallisce = false)
     {
-        host->modules().add(ModuloAnagrafiche, [this, restituito, fallisce] {
-            return std::make_unique<AnagraficheDiProva>(*modulo, visto, restituito, fallisce);
-        });
+        registraModulo(ModuloAnagrafiche, std::move(restituito), fallisce);
     }
     // As a person does it: the focus on the menu button first.
     void variaDatiAnagrafici()
@@ -114,8 +55,6 @@ protected:
         EXPECT_EQ(host->secondModule(), nullptr);
         EXPECT_EQ(collegate().Pcls_Anagrafiche(), nullptr);
     }
-
-    std::optional<AnagraficheDiProva::Visto> visto;
 };
 
 TEST_F(GestioniCollegate, TheMenuOpensTheRegistryOnTheAgentsEntryWithTheModuleSetAside)

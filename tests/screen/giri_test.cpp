@@ -26,10 +26,8 @@ protected:
         SchermataTest::SetUp();
         agente = inserisciAgente(QStringLiteral("A001"));
         altro = inserisciAgente(QStringLiteral("A002"));
-        for (const QString& codice : {QStringLiteral("G01"), QStringLiteral("G02")})
-            db().run(QStringLiteral("INSERT INTO MG1H_GIRI (MG1H_DITTA_CG18, MG1H_GIRO, "
-                                    "MG1H_DESCRIZIONE) VALUES (1, ?, ?)"),
-                     {codice, QStringLiteral("Giro ") + codice});
+        giro(QStringLiteral("G01"), QStringLiteral("Giro G01"));
+        giro(QStringLiteral("G02"), QStringLiteral("Giro G02"));
         for (int cliente = 10; cliente <= 13; ++cliente) {
             db().run(QStringLiteral("INSERT INTO CG16_ANAGGEN (CG16_CODICE, CG16_RAGSOANAG) "
                                     "VALUES (?, ?)"),
@@ -42,27 +40,6 @@ protected:
                                     "VALUES (1, 0, ?, ?)"),
                      {cliente, agente});
         }
-    }
-
-    void tappa(qint64 id, const QString& giro, int progressivo, int cliente,
-               const db::Value& destinazione = db::Value::null())
-    {
-        db().run(QStringLiteral("INSERT INTO MG1I_DETTAGLIOGIRI (MG1I_DITTA_CG18, "
-                                "MG1I_IDAGENTE_MG17, MG1I_GIRO_MG1H, MG1I_PROGRESSIVO, "
-                                "MG1I_TIPOCF_CG44, MG1I_CLIFOR_CG44, MG1I_CODDEST_MG22) VALUES "
-                                "(1, ?, ?, ?, 0, ?, ?)"),
-                 {id, giro, progressivo, cliente, destinazione});
-    }
-
-    // Opens the screen on the agent, its details shown, and forgets the statements so far.
-    void apriSuAgente()
-    {
-        apri();
-        const db::RecordsetPtr agenti = gestione(FRMMG_AGENTI::Agenti).recordset();
-        agenti->moveFirst();
-        ASSERT_TRUE(agenti->find(QStringLiteral("MG17_AGENTE = 'A001'")));
-        schermata().dettagli().ShowChild();
-        schermata().Gcon_Connect()->log().clear();
     }
 
     agenti::GiriVisite& giri() const { return schermata().dettagli().giri(); }
@@ -106,7 +83,7 @@ TEST_F(GiriTest, ACustomerIsPresentForTheAgentWithTheSameDestinationOnAnyRoute)
     tappa(agente, QStringLiteral("G01"), 1, 10);
     tappa(agente, QStringLiteral("G02"), 1, 11, QStringLiteral("X'Y"));
     tappa(altro, QStringLiteral("G01"), 1, 12);
-    apriSuAgente();
+    apriSu(QStringLiteral("A001"));
     agenti::ControlloRigaGiro& controllo = giri().controllo();
 
     EXPECT_TRUE(controllo.ClienteGiaPresente(10, QStringLiteral("G02"), db::Value::null()));
@@ -131,7 +108,7 @@ TEST_F(GiriTest, ACustomerIsPresentForTheAgentWithTheSameDestinationOnAnyRoute)
 TEST_F(GiriTest, ARowWithoutARouteOnViewIsRefusedAndOneWithoutACustomerPassesUnnumbered)
 {
     tappa(agente, QStringLiteral("G01"), 1, 10);
-    apriSuAgente();
+    apriSu(QStringLiteral("A001"));
     ASSERT_TRUE(tappe().addNew());
     frame::CancelArgs args;
     controllo<controls::Field>(u"TXT_GIRO").setText(QString());
@@ -152,7 +129,7 @@ TEST_F(GiriTest, ARowBeingEnteredMovesUpOnceAcceptedAndNeverDown)
 {
     tappa(agente, QStringLiteral("G01"), 1, 10);
     tappa(agente, QStringLiteral("G01"), 2, 11);
-    apriSuAgente();
+    apriSu(QStringLiteral("A001"));
     agenti::OrdineGiro& ordineGiro = giri().ordine();
 
     nuovoCliente(12);
@@ -182,7 +159,7 @@ TEST_F(GiriTest, ARowBeingEnteredMovesUpOnceAcceptedAndNeverDown)
 TEST_F(GiriTest, TheCustomerListTakesThePlaceOfAnEmptyRowLeftOpen)
 {
     tappa(agente, QStringLiteral("G01"), 1, 10);
-    apriSuAgente();
+    apriSu(QStringLiteral("A001"));
     ASSERT_TRUE(tappe().addNew());
     prompts.queue(services::PromptAnswer::customers(
         {{QStringLiteral("10"), QString()}, {QStringLiteral("13"), QStringLiteral("D9")}}));
@@ -198,7 +175,7 @@ TEST_F(GiriTest, ARouteHandedBackGoesOnViewAndOtherOperationsDoNothing)
 {
     tappa(agente, QStringLiteral("G01"), 1, 10);
     tappa(agente, QStringLiteral("G02"), 1, 11);
-    apriSuAgente();
+    apriSu(QStringLiteral("A001"));
     host::WarehouseTransfer altra;
     altra.operation = 45;
     altra.value = QStringLiteral("G02");
@@ -221,7 +198,7 @@ TEST_F(GiriTest, ClearingTheRouteStopsAtARefusedNewRowAndOtherwiseDeletesTheRout
     tappa(agente, QStringLiteral("G01"), 1, 10);
     tappa(agente, QStringLiteral("G01"), 2, 11);
     tappa(agente, QStringLiteral("G02"), 1, 12);
-    apriSuAgente();
+    apriSu(QStringLiteral("A001"));
     nuovoCliente(10);
     prompts.queue(services::PromptAnswer::button(host::Ok));
     prompts.queue(services::PromptAnswer::button(host::Yes));
@@ -247,7 +224,7 @@ TEST_F(GiriTest, ANeverAboutAnotherAgentsRouteRefusesTheDestinationCaseWithoutAs
 {
     tappa(altro, QStringLiteral("G02"), 1, 12);
     tappa(altro, QStringLiteral("G02"), 2, 12, QStringLiteral("D1"));
-    apriSuAgente();
+    apriSu(QStringLiteral("A001"));
     suGiro(QStringLiteral("G01"));
     nuovoCliente(12);
     prompts.queue(services::PromptAnswer::question(services::QuestionAnswer::Mai));
@@ -262,23 +239,6 @@ TEST_F(GiriTest, ANeverAboutAnotherAgentsRouteRefusesTheDestinationCaseWithoutAs
     EXPECT_FALSE(tappe().save());
     EXPECT_EQ(prompts.history().size(), chiesti);
     EXPECT_EQ(tappe().status(), frame::FrameStatus::New);
-}
-
-// The stored row is in the database, so the agent "already has" its customer; the row is
-// not its own duplicate.
-TEST_F(GiriTest, ConfirmingAChangedStoredRowAsksAboutTheCustomerItHolds)
-{
-    tappa(agente, QStringLiteral("G01"), 1, 10);
-    apriSuAgente();
-    controllo<controls::Field>(u"TXT_NOTE").setText(QStringLiteral("citofonare"));
-    prompts.queue(services::PromptAnswer::question(services::QuestionAnswer::Si));
-    EXPECT_TRUE(tappe().save());
-    ASSERT_EQ(prompts.history().size(), 1);
-    EXPECT_EQ(prompts.history().first().text,
-              QStringLiteral("Il cliente 10 - CLIENTE 10 è già presente in un altro giro "
-                             "dell'agente. Inserirlo comunque?"));
-    EXPECT_EQ(righe()->value(u"MG1I_NOTE").toString(), QStringLiteral("citofonare"));
-    EXPECT_EQ(righe()->value(u"MG1I_PROGRESSIVO").toInt64(), 1);
 }
 
 } // namespace

@@ -68,59 +68,11 @@ protected:
     {
         return agenti::controlloDi<controls::ComboBox>(schermata, nome);
     }
-    QList<int> codici(QStringView nome)
-    {
-        QList<int> trovati;
-        for (const controls::ComboBox::Item& voce : lista(nome).items())
-            trovati << voce.code.toInt();
-        return trovati;
-    }
-    QString descrizione(QStringView nome, int codice)
-    {
-        const controls::ComboBox& trovata = lista(nome);
-        const int indice = trovata.indexOfCode(codice);
-        return indice < 0 ? QStringLiteral("<none>") : trovata.items().at(indice).caption;
-    }
 
     controls::Form schermata{QStringLiteral("FRMMG_AGENTI")};
     OggettiDiProva oggetti;
     ListeCodificate liste{schermata, oggetti};
 };
-
-TEST_F(ListeAgenti, IdentifierListsOfferWhatTheirAvailabilityAllows)
-{
-    liste.CaricaCombo_CBO_IDENTIFTAB();
-    liste.CaricaCombo_CBO_IDENTIFRIGA();
-    liste.CaricaCombo_CBO_IDENTIFCOL();
-    EXPECT_EQ(codici(u"CBO_IDENTIFTAB"), (QList<int>{-1, 0, 1, 2}));
-    EXPECT_EQ(codici(u"CBO_IDENTIFRIGA"), QList<int>{-1});
-    EXPECT_EQ(codici(u"CBO_IDENTIFCOL"), QList<int>{-1});
-
-    liste.disponibilitaRighe = {false, true, true};
-    liste.disponibilitaColonne = {false, false, true};
-    liste.CaricaCombo_CBO_IDENTIFRIGA();
-    liste.CaricaCombo_CBO_IDENTIFCOL();
-    EXPECT_EQ(codici(u"CBO_IDENTIFRIGA"), (QList<int>{-1, 1, 2}));
-    EXPECT_EQ(descrizione(u"CBO_IDENTIFRIGA", 1), QStringLiteral("Cliente"));
-    EXPECT_EQ(codici(u"CBO_IDENTIFCOL"), (QList<int>{-1, 2}));
-    EXPECT_EQ(descrizione(u"CBO_IDENTIFCOL", 2), QStringLiteral("Articolo"));
-}
-
-// A refill replaces the items: the availability can only shrink a list through it.
-TEST_F(ListeAgenti, ReloadingAnIdentifierListReplacesItsItems)
-{
-    liste.disponibilitaRighe = {true, true, true};
-    liste.CaricaCombo_CBO_IDENTIFRIGA();
-    liste.disponibilitaRighe = {true, false, false};
-    liste.CaricaCombo_CBO_IDENTIFRIGA();
-    EXPECT_EQ(codici(u"CBO_IDENTIFRIGA"), (QList<int>{-1, 0}));
-}
-
-TEST_F(ListeAgenti, AnEmptyTableOfPrintModesLeavesTheListEmpty)
-{
-    liste.CaricaCombo_CBO_INDPREFSTDOC();
-    EXPECT_EQ(lista(u"CBO_INDPREFSTDOC").count(), 0);
-}
 
 // The loader leaves at its first error without a word: what it added stays.
 TEST_F(ListeAgenti, APrintModeRowWithoutACodeEndsTheLoadKeepingTheItemsBefore)

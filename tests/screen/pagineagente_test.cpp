@@ -1,4 +1,3 @@
-#include "platform/controls/combobox.h"
 #include "platform/controls/field.h"
 #include "platform/controls/tabstrip.h"
 #include "schermatafixture.h"
@@ -10,7 +9,7 @@ namespace {
 
 using agenti::FRMMG_AGENTI;
 using controls::Field;
-namespace FrameStatus = frame::FrameStatus;
+using frame::FrameStatus;
 
 // The partners, maturation-days and van-sales pages of an agent of company 1.
 class PagineAgenteTest : public SchermataTest {
@@ -21,24 +20,11 @@ protected:
         agente = inserisciAgente(QStringLiteral("A001"));
     }
 
-    void socio(int codice, const QString& nome)
-    {
-        db().run(QStringLiteral("INSERT INTO MG18_AGENTISOCI (MG18_DITTA_CG18, MG18_IDAGENTE_MG17, "
-                                "MG18_CODSOCIO, MG18_NOMECOGN, MG18_PERQUOTA) VALUES (1, ?, ?, ?, "
-                                "50)"),
-                 {agente, codice, nome});
-    }
-
     // Opens the screen on the agent with its details, then forgets the statements and prompts
     // so far.
     void apriSuAgente()
     {
-        apri();
-        const db::RecordsetPtr agenti = gestione(FRMMG_AGENTI::Agenti).recordset();
-        agenti->moveFirst();
-        ASSERT_TRUE(agenti->find(QStringLiteral("MG17_AGENTE = 'A001'")));
-        schermata().dettagli().ShowChild();
-        schermata().Gcon_Connect()->log().clear();
+        apriSu(QStringLiteral("A001"));
         giaMostrati = prompts.history().size();
     }
 
@@ -53,7 +39,7 @@ protected:
 
 TEST_F(PagineAgenteTest, NoTaxCodeIsCheckedInSearchEntryOrWhenEmpty)
 {
-    socio(1, QStringLiteral("ROSSI MARIO"));
+    socio(agente, 1, QStringLiteral("ROSSI MARIO"));
     apriSuAgente();
     frame::GestAnagrafica& soci = gestione(FRMMG_AGENTI::Soci);
     schermata().SelezionaTab(1);
@@ -70,39 +56,6 @@ TEST_F(PagineAgenteTest, NoTaxCodeIsCheckedInSearchEntryOrWhenEmpty)
     EXPECT_EQ(codice.text(), QStringLiteral("ABC")) << "upper case in every status";
     EXPECT_TRUE(mostrati().isEmpty());
     EXPECT_TRUE(codice.isAccepted());
-}
-
-// A key typed into a new row that another row already has brings that row up, so the same
-// partner or payment type cannot be entered twice.
-TEST_F(PagineAgenteTest, AKeyAlreadyTakenBringsItsRowUpOnlyWhileANewRowIsEntered)
-{
-    socio(4, QStringLiteral("ROSSI MARIO"));
-    apriSuAgente();
-    frame::GestAnagrafica& soci = gestione(FRMMG_AGENTI::Soci);
-    ASSERT_TRUE(soci.addNew());
-    campo(u"TXT_CODSOCIO").setText(QStringLiteral("4"));
-    controls::CancelArgs args;
-    Q_EMIT campo(u"TXT_CODSOCIO").validate(args);
-    EXPECT_EQ(soci.status(), FrameStatus::Browse);
-    EXPECT_EQ(campo(u"TXT_NOMECOGN").text(), QStringLiteral("ROSSI MARIO"));
-    EXPECT_EQ(soci.recordset()->recordCount(), 1);
-
-    ASSERT_TRUE(soci.addNew());
-    campo(u"TXT_CODSOCIO").setText(QStringLiteral("5"));
-    Q_EMIT campo(u"TXT_CODSOCIO").validate(args);
-    EXPECT_EQ(soci.status(), FrameStatus::New) << "a free key stays on the new row";
-
-    db().run(QStringLiteral("INSERT INTO MG16_AGENTIMAT (MG16_DITTA_CG18, MG16_IDAGENTE_MG17, "
-                            "MG16_TIPOEFF, MG16_GGMATUR) VALUES (1, ?, 2, 60)"),
-             {agente});
-    schermata().dettagli().ShowChild();
-    frame::GestAnagrafica& maturazione = gestione(FRMMG_AGENTI::Maturazione);
-    auto& tipo = controllo<controls::ComboBox>(u"CBO_TIPOEFF");
-    ASSERT_TRUE(maturazione.addNew());
-    tipo.setValue(2);
-    Q_EMIT tipo.validate(args);
-    EXPECT_EQ(maturazione.status(), FrameStatus::Browse);
-    EXPECT_EQ(campo(u"TXT_GGMAT").text(), QStringLiteral("60"));
 }
 
 TEST_F(PagineAgenteTest, SelezionaTabSelectsThePageWithoutMovingTheFocus)

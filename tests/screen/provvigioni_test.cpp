@@ -1,10 +1,6 @@
 #include "platform/controls/checkbox.h"
-#include "platform/controls/combobox.h"
 #include "platform/controls/field.h"
-#include "platform/controls/keycodes.h"
 #include "schermatafixture.h"
-#include "src/host/calledmodule.h"
-#include "src/host/modulecontract.h"
 #include "src/screen/provvigioni.h"
 
 namespace tarvello::test {
@@ -12,46 +8,8 @@ namespace tarvello::test {
 namespace {
 
 using agenti::FRMMG_AGENTI;
-using controls::ComboBox;
 
 const QString ModuloTabProvv = QStringLiteral("Caspello.CLSPA_PROVVSCONTI");
-
-// The discount-tables management: notes what it was opened with and how the host stood.
-class TabProvvDiProva final : public host::ModuleContract, public host::CalledModule {
-public:
-    struct Visto {
-        db::ValueList dati;
-        bool schermataAttiva = true;
-        bool chiamata = false;
-        bool eLaAttiva = false;
-    };
-    TabProvvDiProva(host::Cinterface& agenti, std::optional<Visto>& visto, bool fallisce)
-        : m_agenti(agenti)
-        , m_visto(visto)
-        , m_fallisce(fallisce)
-    {}
-    host::Cinterface& contract() override { return *this; }
-    void setCallingData(const db::ValueList& data) override { m_dati = data; }
-    host::EventSource<host::DataTransferEvents>& dataTransfer() override { return m_eventi; }
-    db::Value TransferData(const db::Value&) override { return {}; }
-    db::Value ShowForm() override
-    {
-        host::GlobalContext* globale = ClsGlobal();
-        m_visto = Visto{m_dati, m_agenti.IsActive(), IsCalled(),
-                        globale && globale->activeModule() == this};
-        if (m_fallisce)
-            throw db::RuntimeError(5, QStringLiteral("Invalid procedure call"),
-                                   QStringLiteral("CLSPA_PROVVSCONTI"));
-        return {};
-    }
-
-private:
-    host::Cinterface& m_agenti;
-    std::optional<Visto>& m_visto;
-    bool m_fallisce;
-    db::ValueList m_dati;
-    host::EventSource<host::DataTransferEvents> m_eventi;
-};
 
 class Provvigioni : public SchermataTest {
 protected:
@@ -60,8 +18,7 @@ protected:
         SchermataTest::SetUp();
         db().run(QStringLiteral("INSERT INTO LP09_TESTATAPRIORITA (LP09_CODICE, LP09_DESCRIZIONE) "
                                 "VALUES ('PRI1', 'Prima'), ('PRI2', 'Seconda')"));
-        m_idAgente = inserisciAgente(QStringLiteral("A001"));
-        inserisciAgente(QStringLiteral("A002"));
+        inserisciAgente(QStringLiteral("A001"));
     }
 
     qint64 idPriorita(const char* codice)
@@ -75,47 +32,8 @@ protected:
             .toInt64();
     }
     controls::Field& campo(QStringView nome) const { return controllo<controls::Field>(nome); }
-    ComboBox& lista(QStringView nome) const { return controllo<ComboBox>(nome); }
-    // As a person chooses an item: the focus on the list first.
-    void scegli(QStringView nome, int codice)
-    {
-        ASSERT_TRUE(lista(nome).setFocus());
-        ASSERT_TRUE(lista(nome).chooseCode(codice));
-    }
-    void digita(QStringView nome, const QString& testo)
-    {
-        ASSERT_TRUE(campo(nome).setFocus());
-        campo(nome).setText(testo);
-        ASSERT_TRUE(controllo<controls::Control>(u"TXT_IMPMINFATT").setFocus());
-    }
-    bool abilitato(QStringView nome) const
-    {
-        return controllo<controls::Control>(nome).isEnabled();
-    }
-    bool richiesto(QStringView nome) const
-    {
-        return controllo<controls::DataControl>(nome).isRequired();
-    }
     agenti::Provvigioni& provvigioni() const { return schermata().provvigioni(); }
-
-    qint64 m_idAgente = 0;
 };
-
-TEST_F(Provvigioni, AShownAgentGetsItsIdentifiersInOrderWithEachListComplete)
-{
-    db().run(
-        QStringLiteral("UPDATE MG17_AGENTI SET MG17_REGIMEPROV = 12, MG17_IDENTIFTAB = 1, "
-                       "MG17_IDENTIFRIGA = 2, MG17_IDENTIFCOL = 0 WHERE MG17_AGENTE = 'A002'"));
-    apri();
-    gestione(FRMMG_AGENTI::Agenti).moveNext();
-    ASSERT_EQ(campo(u"TXT_AGENTE").text(), QStringLiteral("A002"));
-    EXPECT_EQ(lista(u"CBO_IDENTIFTAB").text(), QStringLiteral("1"));
-    EXPECT_EQ(lista(u"CBO_IDENTIFRIGA").text(), QStringLiteral("2"));
-    EXPECT_EQ(lista(u"CBO_IDENTIFCOL").text(), QStringLiteral("0"));
-    EXPECT_EQ(lista(u"CBO_IDENTIFRIGA").currentIndex(), 2);
-    EXPECT_EQ(lista(u"CBO_IDENTIFCOL").currentIndex(), 1);
-    EXPECT_TRUE(abilitato(u"CBO_IDENTIFTAB"));
-}
 
 TEST_F(Provvigioni, PriorityCodesAndIdsConvertBothWays)
 {
@@ -149,50 +67,10 @@ TEST_F(Provvigioni, AnIdBeyondSixteenBitsShowsNoPriorityTableAndNoMessage)
     EXPECT_TRUE(prompts.history().isEmpty()) << prompts.history().first().text.toStdString();
 }
 
-TEST_F(Provvigioni, TheFixedListIsLookedUpAndDecodedAmongTheCompanysLists)
-{
-    db().run(QStringLiteral("INSERT INTO LS01_LISTINI (LS01_DITTA_CG18, LS01_NUMLIS, "
-                            "LS01_DESCRLIS) VALUES (1, 3, 'Listino base'), (2, 3, 'Altro')"));
-    apri();
-    scegli(u"CBO_REGPROV", 5);
-    scegli(u"CBO_INDTIPOLISFIX", 1);
-    digita(u"TXT_NUMLISTFIX", QStringLiteral("3"));
-    EXPECT_EQ(campo(u"TXT_DESLISTFIX").text(), QStringLiteral("Listino base"));
-    EXPECT_TRUE(campo(u"TXT_NUMLISTFIX").isValid());
-    digita(u"TXT_NUMLISTFIX", QStringLiteral("9"));
-    EXPECT_FALSE(campo(u"TXT_NUMLISTFIX").isValid());
-
-    controls::LookupArgs args;
-    Q_EMIT campo(u"TXT_NUMLISTFIX").lookupRequested(args);
-    EXPECT_TRUE(args.sql.contains(u"LS01_DITTA_CG18 = 1"));
-    EXPECT_EQ(args.title, QStringLiteral("Elenco listini"));
-    EXPECT_EQ(campo(u"TXT_NUMLISTFIX").lookupId(), QStringLiteral("Lkp_NumListFix"));
-}
-
-TEST_F(Provvigioni, TheAdjustmentSwitchesTheDiscountSettingsKeepingTheirValues)
-{
-    apri();
-    auto& adegua = controllo<controls::CheckBox>(u"CHK_FLGADEGUAMSCMAG");
-    adegua.setValue(1);
-    campo(u"TXT_CODPROVSC").setText(QStringLiteral("T1"));
-    for (const char* nome :
-         {"TXT_CODPROVSC", "CBO_INDCALCSCMAG", "CBO_INDBASEIMPSC", "CBO_INDBASEIMPMAG"})
-        EXPECT_TRUE(abilitato(QString::fromLatin1(nome))) << nome;
-    adegua.setValue(0);
-    for (const char* nome :
-         {"TXT_CODPROVSC", "CBO_INDCALCSCMAG", "CBO_INDBASEIMPSC", "CBO_INDBASEIMPMAG"})
-        EXPECT_FALSE(abilitato(QString::fromLatin1(nome))) << nome;
-    EXPECT_EQ(campo(u"TXT_CODPROVSC").text(), QStringLiteral("T1"));
-}
-
 TEST_F(Provvigioni, TheDiscountTablesManagementRunsWithTheHostHandedToItAndBack)
 {
-    std::optional<TabProvvDiProva::Visto> visto;
-    bool fallisce = false;
     apri();
-    host->modules().add(ModuloTabProvv, [&] {
-        return std::make_unique<TabProvvDiProva>(*modulo, visto, fallisce);
-    });
+    registraModulo(ModuloTabProvv);
     controllo<controls::CheckBox>(u"CHK_FLGADEGUAMSCMAG").setValue(1);
     campo(u"TXT_CODPROVSC").setText(QStringLiteral("T1"));
 
@@ -210,7 +88,7 @@ TEST_F(Provvigioni, TheDiscountTablesManagementRunsWithTheHostHandedToItAndBack)
     EXPECT_EQ(host->activeModule(), modulo.get());
 
     // A failing management is left without a word and the host is taken back.
-    fallisce = true;
+    registraModulo(ModuloTabProvv, std::nullopt, true);
     const qsizetype prima = prompts.history().size();
     campo(u"TXT_CODPROVSC").pressManagementKey();
     EXPECT_EQ(prompts.history().size(), prima);

@@ -13,7 +13,7 @@ namespace tarvello::test {
 namespace {
 
 using agenti::FRMMG_AGENTI;
-namespace FrameStatus = frame::FrameStatus;
+using frame::FrameStatus;
 
 const QString QuoteOltreCento = QStringLiteral("Il totale delle % quote supera il 100% !!!");
 
@@ -46,32 +46,6 @@ protected:
     qint64 id = 0;
 };
 
-// The list "-1" stands for no fixed price list: it must be stored as Null, not as -1.
-TEST_F(SchedaAgenteTest, TheUnboundValuesAreSavedAndShownBack)
-{
-    lista(u"CBO_INDTIPOLISFIX").setValue(-1);
-    campo(u"TXT_NUMLISTFIX").setText(QString());
-    lista(u"CBO_IDENTIFRIGA").setValue(2);
-    cambiaProvvigione(QStringLiteral("3"));
-    ASSERT_TRUE(agente().save());
-    const db::ValueList salvata =
-        db().query(QStringLiteral("SELECT MG17_INDTIPOLISFIX, MG17_NUMLISFIX, MG17_IDENTIFRIGA "
-                                  "FROM MG17_AGENTI"))
-            .rows.first();
-    EXPECT_TRUE(salvata.at(0).isNull());
-    EXPECT_TRUE(salvata.at(1).isNull());
-    EXPECT_EQ(salvata.at(2), db::Value(2));
-
-    lista(u"CBO_IDENTIFRIGA").setValue(0);
-    agente().setStatus(FrameStatus::Search);
-    campo(u"TXT_AGENTE").setText(QStringLiteral("A001"));
-    ASSERT_TRUE(agente().search(false, true));
-    EXPECT_EQ(lista(u"CBO_INDTIPOLISFIX").text(), QStringLiteral("-1"));
-    EXPECT_EQ(lista(u"CBO_IDENTIFRIGA").text(), QStringLiteral("2"));
-    EXPECT_EQ(lista(u"CBO_IDENTIFTAB").text(), QStringLiteral("-1"));
-    EXPECT_FALSE(agente().secondChangeFlag()) << "showing the row is not a change";
-}
-
 // Reason 7 is the frame showing again the row it just saved: the detail grids hold what they
 // must and reloading them would drop what the person sees.
 TEST_F(SchedaAgenteTest, AStatusChangeAfterASaveDoesNotReloadTheDetails)
@@ -85,12 +59,12 @@ TEST_F(SchedaAgenteTest, AStatusChangeAfterASaveDoesNotReloadTheDetails)
         return false;
     };
     schermata().Gcon_Connect()->log().clear();
-    Q_EMIT agente().ChangeStatus(FrameStatus::Browse, frame::StatusReason::Refreshed);
+    Q_EMIT agente().ChangeStatus(int(FrameStatus::Browse), frame::StatusReason::Refreshed);
     EXPECT_FALSE(dettagliCaricati());
     EXPECT_EQ(campo(u"TXT_RAGSOANAG").text(), QStringLiteral("AGENTE A001"));
     EXPECT_FALSE(campo(u"TXT_AGENTE").isEnabled());
 
-    Q_EMIT agente().ChangeStatus(FrameStatus::Browse, frame::StatusReason::Moved);
+    Q_EMIT agente().ChangeStatus(int(FrameStatus::Browse), frame::StatusReason::Moved);
     EXPECT_TRUE(dettagliCaricati()) << istruzioni().join(u'\n').toStdString();
 }
 
@@ -134,41 +108,6 @@ TEST_F(SchedaAgenteTest, UndoRecountsWhetherAPartnerMayBeAdded)
     EXPECT_TRUE(navigatore.isAvailable(controls::NavigatorKey::New));
 }
 
-// A new agent starts with nothing below it: the details are locked and their navigators off
-// until a code is typed; the routes wait for the save.
-TEST_F(SchedaAgenteTest, ANewAgentOpensItsDetailsOnceItHasACode)
-{
-    ASSERT_TRUE(agente().addNew());
-    EXPECT_EQ(campo(u"TXT_RAGSOANAG").text(), QString());
-    EXPECT_TRUE(campo(u"TXT_AGENTE").isEnabled());
-    EXPECT_TRUE(campo(u"TXT_RAGSOANAG").isEnabled());
-    EXPECT_FALSE(controllo<controls::Control>(u"CMD_GESTCOLL").isEnabled());
-    EXPECT_FALSE(controllo<controls::Control>(u"GRIDNAV_AGENTISOCI").isEnabled());
-    for (int numero = FRMMG_AGENTI::Soci; numero <= FRMMG_AGENTI::DettaglioGiri; ++numero)
-        EXPECT_TRUE(gestione(numero).isLocked()) << numero;
-
-    ASSERT_TRUE(campo(u"TXT_AGENTE").setFocus());
-    campo(u"TXT_AGENTE").typeText(QStringLiteral("N001"));
-    ASSERT_TRUE(controllo<controls::Control>(u"CBO_REGPROV").setFocus());
-    EXPECT_EQ(agente().status(), FrameStatus::New);
-    EXPECT_TRUE(controllo<controls::Control>(u"GRIDNAV_AGENTISOCI").isEnabled());
-    EXPECT_TRUE(controllo<controls::Control>(u"GRIDNAV_AGENTIMAT").isEnabled());
-    for (int numero : {FRMMG_AGENTI::Soci, FRMMG_AGENTI::Maturazione, FRMMG_AGENTI::TentataVendita})
-        EXPECT_FALSE(gestione(numero).isLocked()) << numero;
-    EXPECT_TRUE(gestione(FRMMG_AGENTI::DettaglioGiri).isLocked());
-
-    // The code of an existing agent brings that agent up instead.
-    ASSERT_TRUE(agente().undo());
-    ASSERT_TRUE(agente().addNew());
-    ASSERT_TRUE(campo(u"TXT_AGENTE").setFocus());
-    campo(u"TXT_AGENTE").typeText(QStringLiteral("A001"));
-    controllo<controls::Control>(u"CBO_REGPROV").setFocus();
-    EXPECT_EQ(agente().status(), FrameStatus::Browse);
-    EXPECT_EQ(riga(QStringLiteral("MG17_IDAGENTE")), db::Value(id));
-    EXPECT_FALSE(campo(u"TXT_AGENTE").isEnabled());
-    EXPECT_TRUE(controllo<controls::Control>(u"CMD_GESTCOLL").isEnabled());
-}
-
 // The managers' fields are never typed into, but equal managers are refused all the same.
 TEST_F(SchedaAgenteTest, TheSameManagerForZoneAndAreaIsRefused)
 {
@@ -190,23 +129,6 @@ TEST_F(SchedaAgenteTest, TheSameManagerForZoneAndAreaIsRefused)
     controls::CancelArgs vuoti;
     Q_EMIT campo(u"TXT_CAPOZONA").validate(vuoti);
     EXPECT_FALSE(vuoti.cancel);
-}
-
-// In search entry an agent picked in the registry search is looked up by its code, without
-// writing into the row the frame last showed.
-TEST_F(SchedaAgenteTest, AnAgentPickedInSearchEntryIsShown)
-{
-    const qint64 altro = inserisciAgente(QStringLiteral("B'02"));
-    agente().setStatus(FrameStatus::Search);
-    prompts.queue(services::PromptAnswer::agent(QStringLiteral("B'02")));
-    schermata().scheda().RicercaAnagrafiche();
-    EXPECT_EQ(agente().status(), FrameStatus::Browse);
-    EXPECT_EQ(riga(QStringLiteral("MG17_IDAGENTE")), db::Value(altro));
-    EXPECT_EQ(campo(u"TXT_RAGSOANAG").text(), QStringLiteral("AGENTE B'02"));
-    const db::RecordsetPtr righe = agente().recordset()->clone();
-    ASSERT_TRUE(righe->find(QStringLiteral("MG17_IDAGENTE = %1").arg(id)));
-    EXPECT_EQ(righe->value(u"MG17_AGENTE"), db::Value(QStringLiteral("A001")));
-    EXPECT_EQ(righe->status(), db::RowStatus::Unmodified);
 }
 
 // The flag of a completed reference validation is never cleared: from then on every save

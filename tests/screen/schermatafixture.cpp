@@ -1,8 +1,51 @@
 #include "schermatafixture.h"
 
 #include "platform/db/demodata.h"
+#include "platform/db/runtimeerror.h"
+#include "src/detail/dettagliagente.h"
 
 namespace tarvello::test {
+
+ModuloDiProva::ModuloDiProva(host::Cinterface& agenti, QString nome, std::optional<Visto>& visto,
+                             std::optional<db::Value> restituito, bool fallisce)
+    : m_agenti(agenti)
+    , m_nome(std::move(nome))
+    , m_visto(visto)
+    , m_restituito(std::move(restituito))
+    , m_fallisce(fallisce)
+{}
+
+db::Value ModuloDiProva::TransferData(const db::Value& dati)
+{
+    m_eventi.raise(&host::DataTransferEvents::DataTransfer, dati);
+    return {};
+}
+
+db::Value ModuloDiProva::ShowForm()
+{
+    host::GlobalContext* globale = ClsGlobal();
+    m_visto = Visto{m_dati,
+                    m_codice,
+                    m_agenti.IsActive(),
+                    IsActive(),
+                    IsCalled(),
+                    globale && globale->activeModule() == this,
+                    globale && globale->secondModule() == this};
+    if (m_fallisce)
+        throw db::RuntimeError(5, QStringLiteral("Invalid procedure call"), m_nome);
+    if (m_restituito)
+        TransferData(db::ValueList{*m_restituito});
+    return {};
+}
+
+void SchermataTest::registraModulo(const QString& identificativo,
+                                   std::optional<db::Value> restituito, bool fallisce)
+{
+    host->modules().add(identificativo, [this, identificativo, restituito, fallisce] {
+        return std::make_unique<ModuloDiProva>(*modulo, identificativo.section(u'.', 1), visto,
+                                               restituito, fallisce);
+    });
+}
 
 void SchermataTest::SetUp()
 {
@@ -55,6 +98,39 @@ qint64 SchermataTest::inserisciAgente(const QString& codice, qint32 ditta, qint6
             {ditta, codice, anagrafica, riferimento ? db::Value(riferimento) : db::Value::null()},
             QStringLiteral("MG17_IDAGENTE"))
         .toInt64();
+}
+
+void SchermataTest::socio(qint64 agente, int codice, const QString& nome)
+{
+    db().run(QStringLiteral("INSERT INTO MG18_AGENTISOCI (MG18_DITTA_CG18, MG18_IDAGENTE_MG17, "
+                            "MG18_CODSOCIO, MG18_NOMECOGN, MG18_PERQUOTA) VALUES (1, ?, ?, ?, 50)"),
+             {agente, codice, nome});
+}
+
+void SchermataTest::giro(const QString& codice, const QString& descrizione)
+{
+    db().run(QStringLiteral("INSERT INTO MG1H_GIRI (MG1H_DITTA_CG18, MG1H_GIRO, MG1H_DESCRIZIONE) "
+                            "VALUES (1, ?, ?)"),
+             {codice, descrizione});
+}
+
+void SchermataTest::tappa(qint64 agente, const QString& codiceGiro, int progressivo,
+                          const db::Value& cliente, const db::Value& destinazione)
+{
+    db().run(QStringLiteral("INSERT INTO MG1I_DETTAGLIOGIRI (MG1I_DITTA_CG18, MG1I_IDAGENTE_MG17, "
+                            "MG1I_GIRO_MG1H, MG1I_PROGRESSIVO, MG1I_TIPOCF_CG44, MG1I_CLIFOR_CG44, "
+                            "MG1I_CODDEST_MG22) VALUES (1, ?, ?, ?, 0, ?, ?)"),
+             {agente, codiceGiro, progressivo, cliente, destinazione});
+}
+
+void SchermataTest::apriSu(const QString& codice)
+{
+    apri();
+    const db::RecordsetPtr agenti = gestione(agenti::FRMMG_AGENTI::Agenti).recordset();
+    agenti->moveFirst();
+    ASSERT_TRUE(agenti->find(QStringLiteral("MG17_AGENTE = '%1'").arg(codice)));
+    schermata().dettagli().ShowChild();
+    schermata().Gcon_Connect()->log().clear();
 }
 
 agenti::CLSMG_AGENTI& SchermataTest::apri(const Apertura& apertura, qint32 codiceDitta)

@@ -7,6 +7,8 @@
 #include "platform/services/hostnavigator.h"
 #include "platform/services/scriptedprompts.h"
 #include "src/host/menuentry.h"
+#include "src/host/modulecontract.h"
+#include "src/host/stampaagenti.h"
 #include "src/screen/clsmg_agenti.h"
 #include "src/screen/controlli.h"
 #include "src/screen/frmmg_agenti.h"
@@ -21,6 +23,42 @@ namespace tarvello::test {
 class MenuAgenti final : public host::MenuEntry {
 public:
     QString key() const override { return QStringLiteral("MNU_ANAGRAFICA_AGENTI"); }
+};
+
+// Another module of the host as the agents screen opens it: it notes what it was opened with
+// and how the host and the screen stood at that moment, then hands back a value or fails.
+class ModuloDiProva final : public host::ModuleContract, public host::AgentsPrintout {
+public:
+    struct Visto {
+        db::ValueList dati;
+        db::Value codice;
+        bool schermataAttiva = true;
+        bool attiva = false;
+        bool chiamata = false;
+        bool eLaAttiva = false;
+        bool eLaSeconda = false;
+    };
+
+    ModuloDiProva(host::Cinterface& agenti, QString nome, std::optional<Visto>& visto,
+                  std::optional<db::Value> restituito, bool fallisce);
+
+    host::Cinterface& contract() override { return *this; }
+    void setCallingData(const db::ValueList& data) override { m_dati = data; }
+    host::EventSource<host::DataTransferEvents>& dataTransfer() override { return m_eventi; }
+    void setCodiceAgente(const db::Value& code) override { m_codice = code; }
+    db::Value CodiceAgente() const override { return m_codice; }
+    db::Value TransferData(const db::Value& dati) override;
+    db::Value ShowForm() override;
+
+private:
+    host::Cinterface& m_agenti;
+    QString m_nome;
+    std::optional<Visto>& m_visto;
+    std::optional<db::Value> m_restituito;
+    bool m_fallisce;
+    db::ValueList m_dati;
+    db::Value m_codice;
+    host::EventSource<host::DataTransferEvents> m_eventi;
 };
 
 // How the host opens the agents module.
@@ -49,9 +87,18 @@ protected:
     qint64 inserisciAgente(const QString& codice, qint32 ditta = dittaDivisionale,
                            qint64 riferimento = 0);
 
+    // Rows below the agents of company 1: a partner, a route, a customer on an agent's route.
+    void socio(qint64 agente, int codice, const QString& nome);
+    void giro(const QString& codice, const QString& descrizione);
+    void tappa(qint64 agente, const QString& codiceGiro, int progressivo, const db::Value& cliente,
+               const db::Value& destinazione = db::Value::null());
+
     // Creates the module, fills the contract as the host does, calls ShowForm and makes the
     // module the active one.
     agenti::CLSMG_AGENTI& apri(const Apertura& apertura = {}, qint32 ditta = dittaDivisionale);
+    // Opens the screen, brings the agent frame onto the agent and shows its details, then
+    // forgets the statements sent so far.
+    void apriSu(const QString& codice);
     agenti::FRMMG_AGENTI& schermata() const;
     frame::GestAnagrafica& gestione(int numero) const;
     template <class T>
@@ -64,6 +111,9 @@ protected:
     // The name of the control holding the focus; empty when none does.
     QString fuoco() const;
     void rispondi(int risposta) { prompts.queue(services::PromptAnswer::button(risposta)); }
+    // Installs the host module `identificativo` as a ModuloDiProva noting into `visto`.
+    void registraModulo(const QString& identificativo,
+                        std::optional<db::Value> restituito = std::nullopt, bool fallisce = false);
 
     std::unique_ptr<TestDatabase> m_database;
     services::ScriptedPrompts prompts;
@@ -72,6 +122,7 @@ protected:
     MenuAgenti menu;
     // Last: the module and its screens go before the host they were opened in.
     std::unique_ptr<agenti::CLSMG_AGENTI> modulo;
+    std::optional<ModuloDiProva::Visto> visto;
 
 private:
     host::Company ditta(qint32 codice);

@@ -1,8 +1,13 @@
 #include "platform/db/runtimeerror.h"
+#include "platform/services/divisionaldatamanagement.h"
 #include "platform/services/hostcontext.h"
+#include "platform/services/parametertext.h"
 #include "platform/services/scriptedprompts.h"
+#include "platform/services/warehouselink.h"
 #include "src/host/calledmodule.h"
 #include "src/host/cinterface.h"
+#include "src/host/hostobjects.h"
+#include "support/plainmodule.h"
 
 #include <gtest/gtest.h>
 
@@ -49,4 +54,41 @@ TEST_F(Context, AReleasedModuleLeavesTheContext)
     }
     EXPECT_EQ(context.activeModule(), nullptr);
     EXPECT_EQ(context.secondModule(), nullptr);
+}
+
+// The host's windows opened for no module fail to their caller without a word.
+TEST_F(Context, WindowsOpenedForNoModuleDoNotOpen)
+{
+    const std::unique_ptr<host::WarehouseConnection> link =
+        context.objects().newWarehouseConnection();
+    ASSERT_NE(link, nullptr);
+    EXPECT_THROW(link->openCustomerList(QStringLiteral("A001")), db::RuntimeError);
+    EXPECT_THROW(link->openRoutes(QString()), db::RuntimeError);
+
+    test::PlainModule opener;
+    DivisionalDataManagement management(context.managements());
+    management.initialise(&opener, nullptr, host::DivisionalData::AgentEntity,
+                          QStringLiteral("A001"));
+    management.setModule(nullptr);
+    try {
+        management.run();
+        FAIL() << "opened without a module";
+    } catch (const db::RuntimeError& error) {
+        EXPECT_EQ(error.number(), db::RuntimeError::ObjectRequired);
+    }
+    EXPECT_TRUE(prompts.history().isEmpty());
+}
+
+TEST(ParameterText, KeepsEveryValueAsItWas)
+{
+    QString text;
+    text = appendParameter(text, QStringLiteral("Pvar_ZONE_MACROAREA"), QStringLiteral("N=O"));
+    text = appendParameter(text, QStringLiteral("Pvar_ZONE_AREA"), QStringLiteral("a\\n\nb\r"));
+    text = appendParameter(text, QStringLiteral("CalledRamo"), QStringLiteral("2"));
+    const auto parameters = readParameters(text);
+    ASSERT_EQ(parameters.size(), 3);
+    EXPECT_EQ(parameters[0],
+              std::make_pair(QStringLiteral("Pvar_ZONE_MACROAREA"), QStringLiteral("N=O")));
+    EXPECT_EQ(parameters[1].second, QStringLiteral("a\\n\nb\r"));
+    EXPECT_EQ(parameters[2].first, QStringLiteral("CalledRamo"));
 }

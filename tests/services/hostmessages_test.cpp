@@ -6,15 +6,11 @@
 using namespace tarvello;
 using services::HostMessages;
 
-// The route-detail check passes its values in this order; each must land in its own place.
-TEST(HostMessages, ParametersTakeThePlacesInTheOrderTheyArePassed)
+// The route-detail check passes its values in this order; each must land in its own place
+// (the messages without a destination are shown by the route scenarios).
+TEST(HostMessages, DestinationMessagesTakeTheirParametersInTheOrderPassed)
 {
     const HostMessages catalogue;
-    const QString onOtherAgent = catalogue.message(
-        71472, {"120", "ROSSI SPA", "G01", "Giro centro", "A001", "BIANCHI MARIO"});
-    EXPECT_EQ(onOtherAgent, QStringLiteral("Il cliente 120 - ROSSI SPA è già presente nel giro "
-                                           "G01 - Giro centro dell'agente A001 - BIANCHI MARIO. "
-                                           "Inserirlo comunque?"));
     const QString withDestination = catalogue.message(
         71473, {"D1", "120", "ROSSI SPA", "G01", "Giro centro", "A001", "BIANCHI MARIO"});
     EXPECT_TRUE(withDestination.startsWith(
@@ -23,10 +19,6 @@ TEST(HostMessages, ParametersTakeThePlacesInTheOrderTheyArePassed)
     EXPECT_EQ(catalogue.message(71474, {"D1", "120", "ROSSI SPA"}),
               QStringLiteral("Il cliente 120 - ROSSI SPA con la destinazione D1 è già presente in "
                              "un altro giro dell'agente. Inserirlo comunque?"));
-    EXPECT_TRUE(catalogue.message(71475, {"120", "ROSSI SPA"})
-                    .startsWith(QStringLiteral("Il cliente 120 - ROSSI SPA è già presente")));
-    EXPECT_TRUE(catalogue.message(71476, {"120", "ROSSI SPA"})
-                    .contains(QStringLiteral("cliente 120 - ROSSI SPA")));
 }
 
 // A customer named "50%1" must not pull another parameter into its name.

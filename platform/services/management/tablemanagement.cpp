@@ -8,7 +8,7 @@
 #include "platform/db/runtimeerror.h"
 #include "platform/frame/columnvalue.h"
 #include "platform/frame/gestanagrafica.h"
-#include "platform/frame/keylookup.h"
+#include "platform/frame/keysearch.h"
 #include "platform/services/userprompts.h"
 
 namespace tarvello::services {
@@ -135,7 +135,7 @@ void TableManagement::connectEvents()
                 fillNewRow();
         });
         connect(m_frame, &frame::GestAnagrafica::ChangeStatus, this,
-                [this](int status, int) { showKeyFields(status); });
+                [this](int status, int) { showKeyFields(frame::FrameStatus(status)); });
     }
 }
 
@@ -208,7 +208,7 @@ void TableManagement::position()
         frame::toColumnValue(m_opening.position, frame::ColumnFormat{code->kind(), {}});
     if (!key.accepted())
         return;
-    if (const auto found = frame::findKey(*m_rows, code->name, *key.value, -1))
+    if (const auto found = frame::KeySearch::findAmong(*m_rows, code->name, *key.value, -1))
         m_rows->setBookmark(*found);
 }
 
@@ -217,7 +217,7 @@ bool TableManagement::isKeyOrParent(const QString& column) const
     return m_description.key.contains(column) || m_description.parentColumns.contains(column);
 }
 
-void TableManagement::showKeyFields(int status)
+void TableManagement::showKeyFields(frame::FrameStatus status)
 {
     for (const ManagedColumn& column : m_description.columns) {
         auto* field = m_form->find<controls::Field>(fieldName(column.name));

@@ -90,7 +90,7 @@ private:
     QString ownRowsFilter() const;
     void position();
     void fillNewRow();
-    void showKeyFields(int status);
+    void showKeyFields(frame::FrameStatus status);
     void onKey(controls::KeyArgs& args, bool inGrid);
     bool settle();
     QList<db::ValueList> rowsToHandBack() const;
