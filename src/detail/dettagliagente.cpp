@@ -77,7 +77,8 @@ DettagliAgente::DettagliAgente(FRMMG_AGENTI& schermata)
                                           schermata.errori()))
     , m_maturazione(std::make_unique<Maturazione>(
           schermata.controlli().maturazione, schermata.postoGestione(FRMMG_AGENTI::Maturazione)))
-    , m_tentataVendita(std::make_unique<TentataVendita>(schermata))
+    , m_tentataVendita(std::make_unique<TentataVendita>(schermata.controlli().tentataVendita,
+                                                        schermata.ambiente()))
 {}
 
 DettagliAgente::~DettagliAgente() = default;

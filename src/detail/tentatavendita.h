@@ -1,5 +1,8 @@
 #pragma once
 
+#include "src/screen/controlliagenti.h"
+
+#include <QObject>
 #include <QString>
 #include <memory>
 
@@ -7,7 +10,6 @@ namespace tarvello::controls {
 struct DecodeArgs;
 struct KeyArgs;
 struct LookupArgs;
-class Field;
 } // namespace tarvello::controls
 
 namespace tarvello::host {
@@ -17,14 +19,14 @@ class WarehouseConnection;
 
 namespace tarvello::agenti {
 
-class FRMMG_AGENTI;
+class AmbienteAgenti;
 
 // The van-sales page: the depot (TXT_TVDEP) and document register (TXT_TVSEZ) of the agent's
 // van, with their decodings, lists and managements, and the shortcut on the page's last
 // field.
 class TentataVendita {
 public:
-    explicit TentataVendita(FRMMG_AGENTI& schermata);
+    TentataVendita(const ControlliTentataVendita& controlli, const AmbienteAgenti& ambiente);
     ~TentataVendita();
     TentataVendita(const TentataVendita&) = delete;
     TentataVendita& operator=(const TentataVendita&) = delete;
@@ -46,18 +48,20 @@ private:
     void TXT_TVSEZ_Gestione(const QString& chiave);
     // A decoding answered with a statement of the code typed; an empty code empties the
     // description and runs nothing.
-    void decodifica(controls::DecodeArgs& args, const QString& campo, const QString& etichetta,
-                    const QString& colonna, QString (*istruzione)(qint32, const QString&)) const;
+    void decodifica(controls::DecodeArgs& args, const controls::Field& campo,
+                    controls::DataControl& descrizione, const QString& colonna,
+                    QString (*istruzione)(qint32, const QString&)) const;
     // Hands the host back to the screen once a management has closed, and lets the
     // component go.
     template <class Componente>
     void rientro(std::unique_ptr<Componente>& componente);
 
-    controls::Field& campo(QStringView nome) const;
-
-    FRMMG_AGENTI& m_schermata;                                     // Not owned.
+    const ControlliTentataVendita m_controlli;
+    const AmbienteAgenti& m_ambiente;                              // Not owned: the screen's.
     std::unique_ptr<host::WarehouseConnection> m_connectMagazzino; // Owned while open.
     std::unique_ptr<host::RegisterManagement> m_sezionali;         // Owned while open.
+    // The fields' connections end with this part.
+    QObject m_contesto;
 };
 
 } // namespace tarvello::agenti

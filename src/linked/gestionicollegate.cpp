@@ -97,7 +97,7 @@ void GestioniCollegate::GestioneAnagraficheGenerali(const std::optional<db::Valu
     // screen takes the host back as the management's closing would have done.
     if (esito == Outcome::Abandoned && m_anagrafiche) {
         rilasciaAnagrafiche();
-        RiprendiHost(m_schermata);
+        RiprendiHost(m_schermata.ambiente());
     }
 }
 

@@ -4,7 +4,7 @@
 #include "src/common/richiesto.h"
 #include "src/host/cinterface.h"
 #include "src/host/globalcontext.h"
-#include "src/screen/frmmg_agenti.h"
+#include "src/screen/ambienteagenti.h"
 
 namespace tarvello::agenti {
 
@@ -16,11 +16,11 @@ void AffidaModulo(host::GlobalContext& globale, host::Cinterface& chiamato)
     chiamato.setIsCalled(true);
 }
 
-void RiprendiHost(FRMMG_AGENTI& schermata)
+void RiprendiHost(const AmbienteAgenti& ambiente)
 {
     ignoreEachStep({
-        [&] { schermata.modulo().setIsActive(true); },
-        [&] { schermata.globale().setActiveModule(schermata.ActiveInterface()); },
+        [&] { ambiente.modulo().setIsActive(true); },
+        [&] { ambiente.globale().setActiveModule(ambiente.ActiveInterface()); },
     });
 }
 

@@ -1,6 +1,7 @@
 #include "src/screen/controlliagenti.h"
 
 #include "platform/controls/button.h"
+#include "platform/controls/checkbox.h"
 #include "platform/controls/combobox.h"
 #include "platform/controls/field.h"
 #include "platform/controls/grid.h"
@@ -34,6 +35,37 @@ ControlliAgenti controlliAgenti(const controls::Form& schermata)
                 .CMD_UP = controlloDi<Button>(schermata, u"CMD_UP"),
                 .CMD_DOWN = controlloDi<Button>(schermata, u"CMD_DOWN"),
                 .GRD_DETTAGLIOGIRI = controlloDi<Grid>(schermata, u"GRD_DETTAGLIOGIRI"),
+                .INTERNAV = controlloDi<Navigator>(schermata, u"INTERNAV"),
+            },
+        .tentataVendita =
+            {
+                .CHK_TVINDXH = controlloDi<CheckBox>(schermata, u"CHK_TVINDXH"),
+                .TXT_TVDEP = controlloDi<Field>(schermata, u"TXT_TVDEP"),
+                .TXT_DESCDEP = controlloDi<DataControl>(schermata, u"TXT_DESCDEP"),
+                .TXT_TVSEZ = controlloDi<Field>(schermata, u"TXT_TVSEZ"),
+                .TXT_DESCSEZ = controlloDi<DataControl>(schermata, u"TXT_DESCSEZ"),
+                .INTERNAV = controlloDi<Navigator>(schermata, u"INTERNAV"),
+            },
+        .provvigioni =
+            {
+                .CBO_REGPROV = controlloDi<ComboBox>(schermata, u"CBO_REGPROV"),
+                .CBO_INDTIPOLISFIX = controlloDi<ComboBox>(schermata, u"CBO_INDTIPOLISFIX"),
+                .TXT_NUMLISTFIX = controlloDi<Field>(schermata, u"TXT_NUMLISTFIX"),
+                .TXT_DESLISTFIX = controlloDi<DataControl>(schermata, u"TXT_DESLISTFIX"),
+                .CBO_IDENTIFTAB = controlloDi<ComboBox>(schermata, u"CBO_IDENTIFTAB"),
+                .CBO_IDENTIFRIGA = controlloDi<ComboBox>(schermata, u"CBO_IDENTIFRIGA"),
+                .CBO_IDENTIFCOL = controlloDi<ComboBox>(schermata, u"CBO_IDENTIFCOL"),
+                .CHK_FLGADEGUAMSCMAG = controlloDi<CheckBox>(schermata, u"CHK_FLGADEGUAMSCMAG"),
+                .TXT_CODPROVSC = controlloDi<Field>(schermata, u"TXT_CODPROVSC"),
+                .TXT_DESPROVSC = controlloDi<DataControl>(schermata, u"TXT_DESPROVSC"),
+                .CBO_INDCALCSCMAG = controlloDi<ComboBox>(schermata, u"CBO_INDCALCSCMAG"),
+                .CBO_INDBASEIMPSC = controlloDi<ComboBox>(schermata, u"CBO_INDBASEIMPSC"),
+                .CBO_INDBASEIMPMAG = controlloDi<ComboBox>(schermata, u"CBO_INDBASEIMPMAG"),
+                .TXT_TABPRIORITA = controlloDi<Field>(schermata, u"TXT_TABPRIORITA"),
+                .TXT_TABPRIORITA_DESCR =
+                    controlloDi<DataControl>(schermata, u"TXT_TABPRIORITA_DESCR"),
+                .TXT_IMPMINFATT = controlloDi<Field>(schermata, u"TXT_IMPMINFATT"),
+                .CBO_INDPREFSTDOC = controlloDi<ComboBox>(schermata, u"CBO_INDPREFSTDOC"),
                 .INTERNAV = controlloDi<Navigator>(schermata, u"INTERNAV"),
             },
     };

@@ -2,8 +2,10 @@
 
 namespace tarvello::controls {
 class Button;
+class CheckBox;
 class ComboBox;
 class Control;
+class DataControl;
 class Field;
 class Form;
 class Grid;
@@ -39,12 +41,49 @@ struct ControlliOrdineGiro {
     controls::Navigator& INTERNAV;
 };
 
+// The van-sales page: the depot and register fields with their descriptions, the last field
+// of the page and the navigator its exit key presses.
+struct ControlliTentataVendita {
+    controls::CheckBox& CHK_TVINDXH;
+    controls::Field& TXT_TVDEP;
+    controls::DataControl& TXT_DESCDEP;
+    controls::Field& TXT_TVSEZ;
+    controls::DataControl& TXT_DESCSEZ;
+    controls::Navigator& INTERNAV;
+};
+
+// The commission page: the regime and the fields its rules enable, require and reset, the
+// lists of the composite table's identifiers, the fields decoded with their descriptions, and
+// the navigator the page's last field moves on.
+struct ControlliProvvigioni {
+    controls::ComboBox& CBO_REGPROV;
+    controls::ComboBox& CBO_INDTIPOLISFIX;
+    controls::Field& TXT_NUMLISTFIX;
+    controls::DataControl& TXT_DESLISTFIX;
+    controls::ComboBox& CBO_IDENTIFTAB;
+    controls::ComboBox& CBO_IDENTIFRIGA;
+    controls::ComboBox& CBO_IDENTIFCOL;
+    controls::CheckBox& CHK_FLGADEGUAMSCMAG;
+    controls::Field& TXT_CODPROVSC;
+    controls::DataControl& TXT_DESPROVSC;
+    controls::ComboBox& CBO_INDCALCSCMAG;
+    controls::ComboBox& CBO_INDBASEIMPSC;
+    controls::ComboBox& CBO_INDBASEIMPMAG;
+    controls::Field& TXT_TABPRIORITA;
+    controls::DataControl& TXT_TABPRIORITA_DESCR;
+    controls::Field& TXT_IMPMINFATT;
+    controls::ComboBox& CBO_INDPREFSTDOC;
+    controls::Navigator& INTERNAV;
+};
+
 // The agents screen's controls by kind, for the parts of the screen that are given theirs
 // when they are built.
 struct ControlliAgenti {
     ControlliSoci soci;
     ControlliMaturazione maturazione;
     ControlliOrdineGiro ordineGiro;
+    ControlliTentataVendita tentataVendita;
+    ControlliProvvigioni provvigioni;
 };
 
 // Reaches every control of ControlliAgenti on a screen laid out by creaControlliAgenti, once:

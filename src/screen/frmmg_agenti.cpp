@@ -83,6 +83,8 @@ ControlliAgenti disponiControlli(FRMMG_AGENTI& schermata)
 
 FRMMG_AGENTI::FRMMG_AGENTI(QObject* parent)
     : controls::Form(QStringLiteral("FRMMG_AGENTI"), parent)
+    , m_ambiente(*this, m_activeInterface, m_ditta, m_stringaConnessione, m_connessione, m_oggetti,
+                 m_errori)
     , m_controlli(disponiControlli(*this))
     , m_albero(std::make_unique<AlberoAgenti>(*this))
     , m_dettagli(std::make_unique<DettagliAgente>(*this))
@@ -90,7 +92,8 @@ FRMMG_AGENTI::FRMMG_AGENTI(QObject* parent)
     , m_navigazione(std::make_unique<NavigazioneAgenti>(*this))
     , m_collegate(std::make_unique<GestioniCollegate>(*this))
     , m_classificazioni(std::make_unique<Classificazioni>(*this))
-    , m_provvigioni(std::make_unique<Provvigioni>(*this))
+    , m_provvigioni(std::make_unique<Provvigioni>(m_controlli.provvigioni, postoGestione(Agenti),
+                                                  m_liste, m_ambiente))
 {
     m_collegate->collega();
     // Connected before the load shows its first agent: the commission regime's rules run for
@@ -160,26 +163,6 @@ void FRMMG_AGENTI::ProssimoRamoAgente()
 void FRMMG_AGENTI::UltimoAgente()
 {
     m_navigazione->UltimoAgente();
-}
-
-host::Cinterface& FRMMG_AGENTI::modulo() const
-{
-    return richiesto(m_activeInterface, "ActiveInterface");
-}
-
-host::GlobalContext& FRMMG_AGENTI::globale() const
-{
-    return richiesto(modulo().ClsGlobal(), "ClsGlobal");
-}
-
-host::Navigator& FRMMG_AGENTI::navigatore() const
-{
-    return richiesto(modulo().ActiveNavigator(), "ActiveNavigator");
-}
-
-db::Connection& FRMMG_AGENTI::connessione() const
-{
-    return richiesto(m_connessione.get(), "Gcon_Connect");
 }
 
 frame::GestAnagrafica* FRMMG_AGENTI::FME_GestAnagrafica(int numero) const

@@ -6,6 +6,7 @@
 #include "platform/db/value.h"
 #include "src/common/errorreporter.h"
 #include "src/host/agentiscreen.h"
+#include "src/screen/ambienteagenti.h"
 #include "src/screen/controlli.h"
 #include "src/screen/controlliagenti.h"
 #include "src/screen/frmmg_messaggio.h"
@@ -159,25 +160,15 @@ public:
 
     // The contract of the module, the host's context and navigator: a run-time error when the
     // module has not given them (or has let them go).
-    host::Cinterface& modulo() const;
-    host::GlobalContext& globale() const;
-    host::Navigator& navigatore() const;
-    db::Connection& connessione() const;
+    host::Cinterface& modulo() const { return m_ambiente.modulo(); }
+    host::GlobalContext& globale() const { return m_ambiente.globale(); }
+    host::Navigator& navigatore() const { return m_ambiente.navigatore(); }
+    // The same, with the company, the connection string and the error reporter, for the parts
+    // that are given what they use.
+    const AmbienteAgenti& ambiente() const { return m_ambiente; }
+    db::Connection& connessione() const { return m_ambiente.connessione(); }
 
 private:
-    // The lookup-and-decode objects of the host the screen works with.
-    struct OggettiHost {
-        std::unique_ptr<host::LookupDecoder> classificazioni;
-        std::unique_ptr<host::LookupDecoder> agenti;
-        std::unique_ptr<host::LookupDecoder> fornitori;
-        std::unique_ptr<host::LookupDecoder> clienti;
-        std::unique_ptr<host::LookupDecoder> giri;
-        std::unique_ptr<host::LookupDecoder> listini;
-        // Created only when a previous load left none.
-        std::unique_ptr<host::LookupDecoder> priorita;
-        std::unique_ptr<host::LookupDecoder> destinatari;
-    };
-
     void Form_Load();
     void Form_Activate();
     void Form_QueryUnload(controls::CloseArgs& args);
@@ -203,11 +194,12 @@ private:
     std::array<QPointer<frame::GestAnagrafica>, 5> m_gestioni; // Owned as QObject children.
     qint32 m_ditta = 0;
     QStringList m_tipiEffetti;
-    OggettiHost m_oggetti;
+    DecodificatoriAgenti m_oggetti;
     bool m_cambioTabDaCodice = false;
     bool m_inserisciClienteNelGiro = false;
     bool m_nonRichiederePiu = false;
     ErrorReporter m_errori;
+    const AmbienteAgenti m_ambiente;
     // Made with the screen, before the parts that are given their controls from it.
     const ControlliAgenti m_controlli;
     std::unique_ptr<ListeCodificate> m_liste;

@@ -5,7 +5,7 @@
 #include "platform/controls/eventargs.h"
 #include "platform/controls/field.h"
 #include "platform/controls/keycodes.h"
-#include "platform/controls/navigatorbar.h"
+#include "platform/controls/navigator.h"
 #include "platform/db/connection.h"
 #include "platform/db/recordset.h"
 #include "platform/db/runtimeerror.h"
@@ -20,11 +20,12 @@
 #include "src/host/lookupdecoder.h"
 #include "src/host/navigator.h"
 #include "src/linked/modulochiamato.h"
-#include "src/screen/frmmg_agenti.h"
+#include "src/screen/ambienteagenti.h"
 #include "src/screen/listecodificate.h"
 #include "src/screen/rispostedecodificatore.h"
 
 #include <QCoreApplication>
+#include <initializer_list>
 #include <limits>
 
 namespace tarvello::agenti {
@@ -50,35 +51,25 @@ bool entita(const QString& codice)
 }
 
 // A decoding that does not run: an empty code has no description, and is no error.
-void senzaCodice(controls::DecodeArgs& args, controls::DataControl* descrizione)
+void senzaCodice(controls::DecodeArgs& args, controls::DataControl& descrizione)
 {
     args.cancel = true;
-    if (descrizione)
-        descrizione->setValue(QString());
+    descrizione.setValue(QString());
 }
 
 } // namespace
 
-Provvigioni::Provvigioni(FRMMG_AGENTI& schermata)
-    : m_schermata(schermata)
+Provvigioni::Provvigioni(const ControlliProvvigioni& controlli,
+                         const QPointer<frame::GestAnagrafica>& agente,
+                         const std::unique_ptr<ListeCodificate>& liste,
+                         const AmbienteAgenti& ambiente)
+    : m_controlli(controlli)
+    , m_agente(agente)
+    , m_liste(liste)
+    , m_ambiente(ambiente)
 {}
 
 Provvigioni::~Provvigioni() = default;
-
-Field& Provvigioni::campo(QStringView nome) const
-{
-    return m_schermata.controllo<Field>(nome);
-}
-
-QString Provvigioni::testoLista(QStringView nome) const
-{
-    return m_schermata.controllo<ComboBox>(nome).text();
-}
-
-void Provvigioni::impostaLista(QStringView nome, const QString& testo) const
-{
-    m_schermata.controllo<ComboBox>(nome).setText(testo);
-}
 
 qint16 Provvigioni::idPriorita(const db::Value& valore)
 {
@@ -91,23 +82,22 @@ qint16 Provvigioni::idPriorita(const db::Value& valore)
 
 void Provvigioni::collega()
 {
-    QObject* contesto = &m_schermata;
-    QObject::connect(&m_schermata.controllo<ComboBox>(u"CBO_REGPROV"), &ComboBox::valueSet,
-                     contesto, [this](const db::Value& codice) { CBO_REGPROV_Click(codice); });
-    auto& tipoListino = m_schermata.controllo<ComboBox>(u"CBO_INDTIPOLISFIX");
+    QObject* contesto = &m_contesto;
+    QObject::connect(&m_controlli.CBO_REGPROV, &ComboBox::valueSet, contesto,
+                     [this](const db::Value& codice) { CBO_REGPROV_Click(codice); });
+    ComboBox& tipoListino = m_controlli.CBO_INDTIPOLISFIX;
     QObject::connect(&tipoListino, &ComboBox::valueSet, contesto,
                      [this] { CBO_INDTIPOLISFIX_Click(); });
     QObject::connect(&tipoListino, &ComboBox::lostFocus, contesto,
                      [this] { CBO_INDTIPOLISFIX_LostFocus(); });
-    QObject::connect(&m_schermata.controllo<ComboBox>(u"CBO_IDENTIFTAB"), &ComboBox::valueSet,
-                     contesto, [this] { CBO_IDENTIFTAB_Click(); });
-    QObject::connect(&m_schermata.controllo<ComboBox>(u"CBO_IDENTIFRIGA"), &ComboBox::valueSet,
-                     contesto, [this] { CBO_IDENTIFRIGA_Click(); });
-    QObject::connect(&m_schermata.controllo<controls::CheckBox>(u"CHK_FLGADEGUAMSCMAG"),
-                     &controls::CheckBox::valueSet, contesto,
+    QObject::connect(&m_controlli.CBO_IDENTIFTAB, &ComboBox::valueSet, contesto,
+                     [this] { CBO_IDENTIFTAB_Click(); });
+    QObject::connect(&m_controlli.CBO_IDENTIFRIGA, &ComboBox::valueSet, contesto,
+                     [this] { CBO_IDENTIFRIGA_Click(); });
+    QObject::connect(&m_controlli.CHK_FLGADEGUAMSCMAG, &controls::CheckBox::valueSet, contesto,
                      [this](int valore) { CHK_FLGADEGUAMSCMAG_Click(valore); });
 
-    Field& tabProvv = campo(u"TXT_CODPROVSC");
+    Field& tabProvv = m_controlli.TXT_CODPROVSC;
     QObject::connect(&tabProvv, &Field::decodeRequested, contesto,
                      [this](controls::DecodeArgs& args) { TXT_CODPROVSC_Decodifica(args); });
     QObject::connect(&tabProvv, &Field::lookupRequested, contesto,
@@ -118,13 +108,13 @@ void Provvigioni::collega()
                              InvocaGestioneTabProvv();
                      });
 
-    Field& listino = campo(u"TXT_NUMLISTFIX");
+    Field& listino = m_controlli.TXT_NUMLISTFIX;
     QObject::connect(&listino, &Field::decodeRequested, contesto,
                      [this](controls::DecodeArgs& args) { TXT_NUMLISTFIX_Decodifica(args); });
     QObject::connect(&listino, &Field::lookupRequested, contesto,
                      [this](controls::LookupArgs& args) { TXT_NUMLISTFIX_StartLookup(args); });
 
-    Field& priorita = campo(u"TXT_TABPRIORITA");
+    Field& priorita = m_controlli.TXT_TABPRIORITA;
     QObject::connect(&priorita, &Field::gotFocus, contesto, [this, &priorita] {
         ignoreEachStep({[&] { m_prioritaPrecedente = RTrimN(priorita.text()).toString(); }});
     });
@@ -135,31 +125,30 @@ void Provvigioni::collega()
     QObject::connect(&priorita, &Field::lookupRequested, contesto,
                      [this](controls::LookupArgs& args) { TXT_TABPRIORITA_StartLookup(args); });
 
-    QObject::connect(&campo(u"TXT_IMPMINFATT"), &Field::validate, contesto,
+    QObject::connect(&m_controlli.TXT_IMPMINFATT, &Field::validate, contesto,
                      [this](controls::CancelArgs&) { TXT_IMPMINFATT_Validate(); });
-    QObject::connect(&m_schermata.controllo<ComboBox>(u"CBO_INDPREFSTDOC"), &ComboBox::keyDown,
-                     contesto, [this](controls::KeyArgs& args) { CBO_INDPREFSTDOC_KeyDown(args); });
+    QObject::connect(&m_controlli.CBO_INDPREFSTDOC, &ComboBox::keyDown, contesto,
+                     [this](controls::KeyArgs& args) { CBO_INDPREFSTDOC_KeyDown(args); });
 }
 
 void Provvigioni::CBO_REGPROV_Click(const db::Value& codice)
 {
-    const QString regime = testoLista(u"CBO_REGPROV");
+    const QString regime = m_controlli.CBO_REGPROV.text();
     const bool listinoFisso = regime == u"5" || regime == u"7";
     if (listinoFisso) {
         impostaListinoFisso(true);
         impostaIdentificatori(false, false);
-        impostaLista(u"CBO_INDTIPOLISFIX", QStringLiteral("0"));
+        m_controlli.CBO_INDTIPOLISFIX.setText(QStringLiteral("0"));
     } else {
         if (regime != u"11" && regime != u"12") {
-            Field& priorita = campo(u"TXT_TABPRIORITA");
+            Field& priorita = m_controlli.TXT_TABPRIORITA;
             if (CDecN(codice) == db::Value(15)) {
                 priorita.setEnabled(true);
             } else {
                 priorita.setEnabled(false);
                 priorita.setText(QString());
                 // Written only when it differs: a row shown with 0 is not edited for nothing.
-                const db::RecordsetPtr agenti =
-                    m_schermata.Grst_GestAnagrafica(FRMMG_AGENTI::Agenti);
+                const db::RecordsetPtr agenti = m_agente ? m_agente->recordset() : nullptr;
                 if (agenti && !agenti->bof() && !agenti->eof() &&
                     !(agenti->value(u"MG17_ID_LP09") == db::Value(0)))
                     agenti->setValue(QStringLiteral("MG17_ID_LP09"), 0);
@@ -167,58 +156,58 @@ void Provvigioni::CBO_REGPROV_Click(const db::Value& codice)
         }
         impostaListinoFisso(false);
         impostaIdentificatori(regime == u"12", regime == u"11" || regime == u"12");
-        impostaLista(u"CBO_INDTIPOLISFIX", QStringLiteral("-1"));
-        campo(u"TXT_NUMLISTFIX").setText(QString());
+        m_controlli.CBO_INDTIPOLISFIX.setText(QStringLiteral("-1"));
+        m_controlli.TXT_NUMLISTFIX.setText(QString());
     }
     // A list already on "-1" raises nothing when set to it again; its rule runs all the same,
     // so that a regime always finds the row and column lists built for its identifiers.
-    const auto nessuno = [this](QStringView nome, void (Provvigioni::*regola)()) {
-        if (testoLista(nome) == u"-1" && regola)
+    const auto nessuno = [this](ComboBox& lista, void (Provvigioni::*regola)()) {
+        if (lista.text() == u"-1" && regola)
             (this->*regola)();
         else
-            impostaLista(nome, QStringLiteral("-1"));
+            lista.setText(QStringLiteral("-1"));
     };
-    nessuno(u"CBO_IDENTIFTAB", &Provvigioni::CBO_IDENTIFTAB_Click);
-    nessuno(u"CBO_IDENTIFRIGA", &Provvigioni::CBO_IDENTIFRIGA_Click);
-    nessuno(u"CBO_IDENTIFCOL", nullptr);
+    nessuno(m_controlli.CBO_IDENTIFTAB, &Provvigioni::CBO_IDENTIFTAB_Click);
+    nessuno(m_controlli.CBO_IDENTIFRIGA, &Provvigioni::CBO_IDENTIFRIGA_Click);
+    nessuno(m_controlli.CBO_IDENTIFCOL, nullptr);
 }
 
 void Provvigioni::impostaListinoFisso(bool usato)
 {
-    for (const char* nome : {"CBO_INDTIPOLISFIX", "TXT_NUMLISTFIX"}) {
-        auto& controllo = m_schermata.controllo<controls::DataControl>(QString::fromLatin1(nome));
-        controllo.setRequired(usato);
-        controllo.setEnabled(usato);
+    for (controls::DataControl* controllo : std::initializer_list<controls::DataControl*>{
+             &m_controlli.CBO_INDTIPOLISFIX, &m_controlli.TXT_NUMLISTFIX}) {
+        controllo->setRequired(usato);
+        controllo->setEnabled(usato);
     }
 }
 
 void Provvigioni::impostaIdentificatori(bool tabella, bool righe)
 {
-    m_schermata.controllo<ComboBox>(u"CBO_IDENTIFTAB").setEnabled(tabella);
-    m_schermata.controllo<ComboBox>(u"CBO_IDENTIFRIGA").setEnabled(righe);
-    m_schermata.controllo<ComboBox>(u"CBO_IDENTIFCOL").setEnabled(righe);
+    m_controlli.CBO_IDENTIFTAB.setEnabled(tabella);
+    m_controlli.CBO_IDENTIFRIGA.setEnabled(righe);
+    m_controlli.CBO_IDENTIFCOL.setEnabled(righe);
 }
 
 void Provvigioni::CBO_INDTIPOLISFIX_Click()
 {
-    const QString tipo = testoLista(u"CBO_INDTIPOLISFIX");
+    const QString tipo = m_controlli.CBO_INDTIPOLISFIX.text();
     const bool conNumero = tipo == u"1" || tipo == u"2";
-    Field& numero = campo(u"TXT_NUMLISTFIX");
+    Field& numero = m_controlli.TXT_NUMLISTFIX;
     numero.setRequired(conNumero);
     numero.setEnabled(conNumero);
 }
 
 void Provvigioni::CBO_INDTIPOLISFIX_LostFocus()
 {
-    const db::Value tipo = CDecN(testoLista(u"CBO_INDTIPOLISFIX"));
+    const db::Value tipo = CDecN(m_controlli.CBO_INDTIPOLISFIX.text());
     if (!(tipo == db::Value(1)) && !(tipo == db::Value(2)))
-        campo(u"TXT_NUMLISTFIX").setText(QString());
+        m_controlli.TXT_NUMLISTFIX.setText(QString());
 }
 
 void Provvigioni::CBO_IDENTIFTAB_Click()
 {
-    const QString tabella = testoLista(u"CBO_IDENTIFTAB");
-    ListeCodificate& liste = m_schermata.liste();
+    const QString tabella = m_controlli.CBO_IDENTIFTAB.text();
+    ListeCodificate& liste = *m_liste;
     if (entita(tabella))
         liste.disponibilitaRighe = tutteTranne({tabella});
     else if (tabella == u"-1")
@@ -229,9 +218,9 @@ void Provvigioni::CBO_IDENTIFTAB_Click()
 
 void Provvigioni::CBO_IDENTIFRIGA_Click()
 {
-    const QString tabella = testoLista(u"CBO_IDENTIFTAB");
-    const QString riga = testoLista(u"CBO_IDENTIFRIGA");
-    ListeCodificate& liste = m_schermata.liste();
+    const QString tabella = m_controlli.CBO_IDENTIFTAB.text();
+    const QString riga = m_controlli.CBO_IDENTIFRIGA.text();
+    ListeCodificate& liste = *m_liste;
     const bool tabellaNota = entita(tabella) || tabella == u"-1";
     if (entita(riga) && tabellaNota && riga != tabella)
         liste.disponibilitaColonne = tutteTranne({tabella, riga});
@@ -240,44 +229,45 @@ void Provvigioni::CBO_IDENTIFRIGA_Click()
 
 void Provvigioni::CHK_FLGADEGUAMSCMAG_Click(int valore)
 {
-    for (const char* nome :
-         {"TXT_CODPROVSC", "CBO_INDCALCSCMAG", "CBO_INDBASEIMPSC", "CBO_INDBASEIMPMAG"})
-        m_schermata.controllo<controls::Control>(QString::fromLatin1(nome)).setEnabled(valore == 1);
+    for (controls::Control* controllo : std::initializer_list<controls::Control*>{
+             &m_controlli.TXT_CODPROVSC, &m_controlli.CBO_INDCALCSCMAG,
+             &m_controlli.CBO_INDBASEIMPSC, &m_controlli.CBO_INDBASEIMPMAG})
+        controllo->setEnabled(valore == 1);
 }
 
 void Provvigioni::TXT_CODPROVSC_Decodifica(controls::DecodeArgs& args) const
 {
-    auto* descrizione = m_schermata.find<controls::DataControl>(u"TXT_DESPROVSC");
-    const QString codice = RTrimN(campo(u"TXT_CODPROVSC").text()).toString();
+    controls::DataControl& descrizione = m_controlli.TXT_DESPROVSC;
+    const QString codice = RTrimN(m_controlli.TXT_CODPROVSC.text()).toString();
     if (codice.isEmpty()) {
         senzaCodice(args, descrizione);
         return;
     }
-    args.sql = sql::descrizioneTabProvvSconti(m_schermata.Codice_Ditta(), codice);
-    args.targets = {{descrizione, QStringLiteral("PA10_DESCPROVSC")}};
-    args.connectionString = m_schermata.Gstr_Connect();
+    args.sql = sql::descrizioneTabProvvSconti(m_ambiente.Codice_Ditta(), codice);
+    args.targets = {{&descrizione, QStringLiteral("PA10_DESCPROVSC")}};
+    args.connectionString = m_ambiente.Gstr_Connect();
 }
 
 void Provvigioni::TXT_CODPROVSC_StartLookup(controls::LookupArgs& args)
 {
     reportModuleError(
-        m_schermata.errori(), QStringLiteral("FRMMG_AGENTI_AGENTE_StartLookup"),
+        m_ambiente.errori(), QStringLiteral("FRMMG_AGENTI_AGENTE_StartLookup"),
         {
             [&] { args.cancel = false; },
-            [&] { args.sql = sql::elencoTabProvvSconti(m_schermata.Codice_Ditta()); },
+            [&] { args.sql = sql::elencoTabProvvSconti(m_ambiente.Codice_Ditta()); },
             [&] {
                 args.columns = {QStringLiteral("Codice tabella"), QStringLiteral("Descrizione")};
             },
             [&] { args.title = QStringLiteral("Elenco tabelle provvigioni/sconti"); },
-            [&] { args.connectionString = m_schermata.Gstr_Connect(); },
-            [&] { campo(u"TXT_CODPROVSC").setLookupId(QStringLiteral("Lkp_CodProvSconti")); },
+            [&] { args.connectionString = m_ambiente.Gstr_Connect(); },
+            [&] { m_controlli.TXT_CODPROVSC.setLookupId(QStringLiteral("Lkp_CodProvSconti")); },
         });
 }
 
 void Provvigioni::TXT_NUMLISTFIX_Decodifica(controls::DecodeArgs& args) const
 {
-    Field& listino = campo(u"TXT_NUMLISTFIX");
-    auto* descrizione = m_schermata.find<controls::DataControl>(u"TXT_DESLISTFIX");
+    Field& listino = m_controlli.TXT_NUMLISTFIX;
+    controls::DataControl& descrizione = m_controlli.TXT_DESLISTFIX;
     const QString testo = RTrimN(listino.text()).toString().trimmed();
     if (testo.isEmpty()) {
         senzaCodice(args, descrizione);
@@ -289,25 +279,25 @@ void Provvigioni::TXT_NUMLISTFIX_Decodifica(controls::DecodeArgs& args) const
         listino.setValid(false);
         return;
     }
-    host::LookupDecoder& d = decodificatoreRichiesto(m_schermata.decodificatoreListini());
+    host::LookupDecoder& d = decodificatoreRichiesto(m_ambiente.decodificatori().listini.get());
     d.prepareDecoding(ElencoListini, CDecN(testo), QStringLiteral("TXT_DESLISTFIX"));
-    rispostaDecodifica(m_schermata, d, args, m_schermata.Gstr_Connect());
+    rispostaDecodifica(m_ambiente.finestra(), d, args, m_ambiente.Gstr_Connect());
 }
 
 void Provvigioni::TXT_NUMLISTFIX_StartLookup(controls::LookupArgs& args)
 {
-    host::LookupDecoder& d = decodificatoreRichiesto(m_schermata.decodificatoreListini());
+    host::LookupDecoder& d = decodificatoreRichiesto(m_ambiente.decodificatori().listini.get());
     d.prepareLookup(ElencoListini, 0);
-    rispostaLista(d, args, m_schermata.Gstr_Connect());
-    campo(u"TXT_NUMLISTFIX").setLookupId(QStringLiteral("Lkp_NumListFix"));
+    rispostaLista(d, args, m_ambiente.Gstr_Connect());
+    m_controlli.TXT_NUMLISTFIX.setLookupId(QStringLiteral("Lkp_NumListFix"));
 }
 
 void Provvigioni::TXT_TABPRIORITA_Validate()
 {
-    const QString codice = RTrimN(campo(u"TXT_TABPRIORITA").text()).toString();
+    const QString codice = RTrimN(m_controlli.TXT_TABPRIORITA.text()).toString();
     if (codice == m_prioritaPrecedente)
         return;
-    frame::GestAnagrafica* agente = m_schermata.FME_GestAnagrafica(FRMMG_AGENTI::Agenti);
+    frame::GestAnagrafica* agente = m_agente.data();
     if (!agente)
         return;
     {
@@ -326,29 +316,29 @@ void Provvigioni::TXT_TABPRIORITA_Validate()
 
 void Provvigioni::TXT_TABPRIORITA_Decodifica(controls::DecodeArgs& args) const
 {
-    const QString codice = RTrimN(campo(u"TXT_TABPRIORITA").text()).toString();
+    const QString codice = RTrimN(m_controlli.TXT_TABPRIORITA.text()).toString();
     if (codice.isEmpty()) {
-        senzaCodice(args, m_schermata.find<controls::DataControl>(u"TXT_TABPRIORITA_DESCR"));
+        senzaCodice(args, m_controlli.TXT_TABPRIORITA_DESCR);
         return;
     }
-    host::LookupDecoder& d = decodificatoreRichiesto(m_schermata.decodificatorePriorita());
+    host::LookupDecoder& d = decodificatoreRichiesto(m_ambiente.decodificatori().priorita.get());
     d.prepareDecoding(ElencoPriorita, codice, QStringLiteral("TXT_TABPRIORITA_DESCR"));
-    rispostaDecodifica(m_schermata, d, args, m_schermata.Gstr_Connect());
+    rispostaDecodifica(m_ambiente.finestra(), d, args, m_ambiente.Gstr_Connect());
 }
 
 void Provvigioni::TXT_TABPRIORITA_StartLookup(controls::LookupArgs& args)
 {
-    host::LookupDecoder& d = decodificatoreRichiesto(m_schermata.decodificatorePriorita());
+    host::LookupDecoder& d = decodificatoreRichiesto(m_ambiente.decodificatori().priorita.get());
     d.prepareLookup(ElencoPriorita, 0);
-    rispostaLista(d, args, m_schermata.Gstr_Connect());
-    campo(u"TXT_TABPRIORITA").setLookupId(d.lookupId());
+    rispostaLista(d, args, m_ambiente.Gstr_Connect());
+    m_controlli.TXT_TABPRIORITA.setLookupId(d.lookupId());
 }
 
 QString Provvigioni::Get_LP09_CODICE(qint16 id) const
 {
     return passOn(QStringLiteral("Get_LP09_CODICE:"), [&] {
         const db::RecordsetPtr trovato =
-            m_schermata.connessione().execute(sql::codicePriorita(CDecN(id).toInt64()));
+            m_ambiente.connessione().execute(sql::codicePriorita(CDecN(id).toInt64()));
         QString codice;
         if (!trovato->bof() && !trovato->eof())
             codice = RTrimN(trovato->value(u"LP09_CODICE")).toString();
@@ -361,7 +351,7 @@ qint16 Provvigioni::Get_MG17_ID_LP09(const QString& codice) const
 {
     return passOn(QStringLiteral("Get_MG17_ID_LP09:"), [&] {
         const db::RecordsetPtr trovato =
-            m_schermata.connessione().execute(sql::idPriorita(RTrimN(codice).toString()));
+            m_ambiente.connessione().execute(sql::idPriorita(RTrimN(codice).toString()));
         qint16 id = 0;
         const bool riga = !trovato->bof() && !trovato->eof();
         const db::Value valore = riga ? trovato->value(u"LP09_ID") : db::Value();
@@ -375,7 +365,7 @@ qint16 Provvigioni::Get_MG17_ID_LP09(const QString& codice) const
 void Provvigioni::TXT_IMPMINFATT_Validate()
 {
     ignoreEachStep({[&] {
-        Field& importo = campo(u"TXT_IMPMINFATT");
+        Field& importo = m_controlli.TXT_IMPMINFATT;
         if (CDecN(importo.text()).toDecimal() < db::Decimal(0))
             importo.setText(QStringLiteral("0"));
     }});
@@ -386,13 +376,12 @@ void Provvigioni::CBO_INDPREFSTDOC_KeyDown(controls::KeyArgs& args)
     if ((args.keyCode != controls::Key::Tab && args.keyCode != controls::Key::Enter) ||
         args.shift != 0)
         return;
-    frame::GestAnagrafica& agente =
-        richiesto(m_schermata.FME_GestAnagrafica(FRMMG_AGENTI::Agenti), "FME_GestAnagrafica1");
+    frame::GestAnagrafica& agente = richiesto(m_agente.data(), "FME_GestAnagrafica1");
     agente.setSecondChangeFlag(true);
     agente.refreshState();
     args.keyCode = 0;
     QCoreApplication::processEvents();
-    m_schermata.controllo<controls::NavigatorBar>(u"INTERNAV").press(QStringLiteral("Avanti"));
+    m_controlli.INTERNAV.press(QStringLiteral("Avanti"));
 }
 
 void Provvigioni::InvocaGestioneTabProvv()
@@ -400,32 +389,31 @@ void Provvigioni::InvocaGestioneTabProvv()
     host::Cinterface* contratto = nullptr;
     const Outcome esito = leaveSilently({
         [&] {
-            m_tabProvv = m_schermata.globale().createModule(ModuloTabProvv);
+            m_tabProvv = m_ambiente.globale().createModule(ModuloTabProvv);
             contratto = &richiesto(m_tabProvv.get(), "Pcls_TabProvv").contract();
         },
-        [&] { m_schermata.modulo().setIsActive(false); },
-        [&] { AffidaModulo(m_schermata.globale(), *contratto); },
+        [&] { m_ambiente.modulo().setIsActive(false); },
+        [&] { AffidaModulo(m_ambiente.globale(), *contratto); },
         [&] {
-            m_tabProvv->setCallingData({db::Value(), RTrimN(campo(u"TXT_CODPROVSC").text())});
+            m_tabProvv->setCallingData({db::Value(), RTrimN(m_controlli.TXT_CODPROVSC.text())});
         },
         [&] {
-            m_schermata.globale().startModule(nullptr, ModuloTabProvv,
-                                              host::startModuleArguments());
+            m_ambiente.globale().startModule(nullptr, ModuloTabProvv, host::startModuleArguments());
         },
         [&] {
-            m_schermata.globale().setActiveModule(nullptr);
+            m_ambiente.globale().setActiveModule(nullptr);
             contratto = nullptr;
             rilasciaTabProvv();
-            m_schermata.modulo().setIsActive(true);
-            m_schermata.globale().setActiveModule(m_schermata.ActiveInterface());
-            m_schermata.navigatore().update();
+            m_ambiente.modulo().setIsActive(true);
+            m_ambiente.globale().setActiveModule(m_ambiente.ActiveInterface());
+            m_ambiente.navigatore().update();
         },
     });
     // Left halfway, the host would keep a component that is gone as its active module: the
     // screen takes the host back as the management's closing would have done.
     if (esito == Outcome::Abandoned && m_tabProvv) {
         rilasciaTabProvv();
-        RiprendiHost(m_schermata);
+        RiprendiHost(m_ambiente);
     }
 }
 
@@ -433,7 +421,7 @@ void Provvigioni::rilasciaTabProvv()
 {
     if (!m_tabProvv)
         return;
-    ignoreEachStep({[&] { m_schermata.globale().deregisterModule(&m_tabProvv->contract()); }});
+    ignoreEachStep({[&] { m_ambiente.globale().deregisterModule(&m_tabProvv->contract()); }});
     m_tabProvv.reset();
 }
 

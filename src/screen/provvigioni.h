@@ -1,18 +1,24 @@
 #pragma once
 
 #include "platform/db/value.h"
+#include "src/screen/controlliagenti.h"
 
+#include <QObject>
+#include <QPointer>
 #include <QString>
 #include <QtGlobal>
 #include <memory>
 
 namespace tarvello::controls {
-class Field;
 struct CancelArgs;
 struct DecodeArgs;
 struct KeyArgs;
 struct LookupArgs;
 } // namespace tarvello::controls
+
+namespace tarvello::frame {
+class GestAnagrafica;
+}
 
 namespace tarvello::host {
 class CalledModule;
@@ -20,7 +26,8 @@ class CalledModule;
 
 namespace tarvello::agenti {
 
-class FRMMG_AGENTI;
+class AmbienteAgenti;
+class ListeCodificate;
 
 // The commission page: which fields the commission regime enables, requires and resets, the
 // entities the row and column identifiers of a composite table may take, the fixed price
@@ -28,7 +35,9 @@ class FRMMG_AGENTI;
 // of commissions on discounts and its management, and the minimum invoiceable amount.
 class Provvigioni {
 public:
-    explicit Provvigioni(FRMMG_AGENTI& schermata);
+    Provvigioni(const ControlliProvvigioni& controlli,
+                const QPointer<frame::GestAnagrafica>& agente,
+                const std::unique_ptr<ListeCodificate>& liste, const AmbienteAgenti& ambiente);
     ~Provvigioni();
     Provvigioni(const Provvigioni&) = delete;
     Provvigioni& operator=(const Provvigioni&) = delete;
@@ -68,13 +77,16 @@ private:
     void impostaIdentificatori(bool tabella, bool righe);
     void rilasciaTabProvv();
 
-    controls::Field& campo(QStringView nome) const;
-    QString testoLista(QStringView nome) const;
-    void impostaLista(QStringView nome, const QString& testo) const;
-
-    FRMMG_AGENTI& m_schermata; // Not owned: the screen owns this.
+    const ControlliProvvigioni m_controlli;
+    // Not owned: the screen's place of the agents frame.
+    const QPointer<frame::GestAnagrafica>& m_agente;
+    // Not owned: the screen's coded lists, made at load.
+    const std::unique_ptr<ListeCodificate>& m_liste;
+    const AmbienteAgenti& m_ambiente; // Not owned: the screen's.
     QString m_prioritaPrecedente;
     std::unique_ptr<host::CalledModule> m_tabProvv; // Pcls_TabProvv, while it runs.
+    // The handlers' connections end with this part.
+    QObject m_contesto;
 };
 
 } // namespace tarvello::agenti
