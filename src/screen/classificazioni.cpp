@@ -8,7 +8,7 @@
 #include "src/host/globalcontext.h"
 #include "src/host/lookupdecoder.h"
 #include "src/host/managementlauncher.h"
-#include "src/screen/frmmg_agenti.h"
+#include "src/screen/ambienteagenti.h"
 #include "src/screen/rispostedecodificatore.h"
 
 #include <memory>
@@ -19,10 +19,12 @@ namespace {
 
 using controls::Field;
 
+using Posto = Classificazioni::Posto;
+
 // A parameter of the management and the field whose code it passes.
 struct ParametroGestione {
     const char* nome;
-    const char* campo;
+    Posto campo;
 };
 
 // What each table of the management (its "CalledRamo", the index here) is opened with, the
@@ -30,29 +32,29 @@ struct ParametroGestione {
 const QList<QList<ParametroGestione>>& parametriRami()
 {
     static const QList<QList<ParametroGestione>> rami{
-        {{"Pvar_MACROAREE_MACROAREA", "TXT_MACROAREA"}},
-        {{"Pvar_AREE_MACROAREA", "TXT_MACROAREA"}, {"Pvar_AREE_AREA", "TXT_AREA"}},
-        {{"Pvar_ZONE_MACROAREA", "TXT_MACROAREA"},
-         {"Pvar_ZONE_AREA", "TXT_AREA"},
-         {"Pvar_ZONE_ZONA", "TXT_ZONA"}},
-        {{"Pvar_MACROCATEGORIE_MACROCATEGORIA", "TXT_MACROCAT"}},
-        {{"Pvar_CATEGORIE_MACROCATEGORIA", "TXT_MACROCAT"},
-         {"Pvar_CATEGORIE_CATEGORIA", "TXT_CATEGORIA"}},
-        {{"Pvar_SOTTOCATEGORIE_MACROCATEGORIA", "TXT_MACROCAT"},
-         {"Pvar_SOTTOCATEGORIE_CATEGORIA", "TXT_CATEGORIA"},
-         {"Pvar_SOTTOCATEGORIE_SOTTOCATEGORIA", "TXT_SOTTOCAT"}},
-        {{"Pvar_RAGGRUPPAMENTI1", "TXT_RAGGR1"}},
-        {{"Pvar_RAGGRUPPAMENTI2", "TXT_RAGGR2"}},
-        {{"Pvar_RAGGRUPPAMENTI3", "TXT_RAGGR3"}},
+        {{"Pvar_MACROAREE_MACROAREA", Posto::MacroArea}},
+        {{"Pvar_AREE_MACROAREA", Posto::MacroArea}, {"Pvar_AREE_AREA", Posto::Area}},
+        {{"Pvar_ZONE_MACROAREA", Posto::MacroArea},
+         {"Pvar_ZONE_AREA", Posto::Area},
+         {"Pvar_ZONE_ZONA", Posto::Zona}},
+        {{"Pvar_MACROCATEGORIE_MACROCATEGORIA", Posto::MacroCategoria}},
+        {{"Pvar_CATEGORIE_MACROCATEGORIA", Posto::MacroCategoria},
+         {"Pvar_CATEGORIE_CATEGORIA", Posto::Categoria}},
+        {{"Pvar_SOTTOCATEGORIE_MACROCATEGORIA", Posto::MacroCategoria},
+         {"Pvar_SOTTOCATEGORIE_CATEGORIA", Posto::Categoria},
+         {"Pvar_SOTTOCATEGORIE_SOTTOCATEGORIA", Posto::SottoCategoria}},
+        {{"Pvar_RAGGRUPPAMENTI1", Posto::Raggruppamento1}},
+        {{"Pvar_RAGGRUPPAMENTI2", Posto::Raggruppamento2}},
+        {{"Pvar_RAGGRUPPAMENTI3", Posto::Raggruppamento3}},
     };
     return rami;
 }
 
-Classificazioni::Campo campo(const char* nome, const char* definizione,
-                             QList<Classificazioni::Genitore> genitori, const char* descrizione,
-                             int gruppo, int ramo)
+Classificazioni::Campo voce(Posto posto, const char* definizione,
+                            QList<Classificazioni::Genitore> genitori, const char* descrizione,
+                            int gruppo, int ramo)
 {
-    return {QString::fromLatin1(nome),
+    return {posto,
             QString::fromLatin1(definizione),
             std::move(genitori),
             QString::fromLatin1(descrizione),
@@ -60,9 +62,9 @@ Classificazioni::Campo campo(const char* nome, const char* definizione,
             ramo};
 }
 
-Classificazioni::Genitore genitore(const char* parametro, const char* campo)
+Classificazioni::Genitore genitore(const char* parametro, Posto campo)
 {
-    return {QString::fromLatin1(parametro), QString::fromLatin1(campo)};
+    return {QString::fromLatin1(parametro), campo};
 }
 
 // Element `indice` of what the management handed back, as the code to show.
@@ -77,37 +79,41 @@ QString codiceRestituito(const db::Value& codici, qsizetype indice)
 
 } // namespace
 
-Classificazioni::Classificazioni(FRMMG_AGENTI& schermata)
-    : m_schermata(schermata)
+Classificazioni::Classificazioni(const ControlliClassificazioni& controlli,
+                                 const AmbienteAgenti& ambiente)
+    : m_campi{&controlli.TXT_MACROAREA, &controlli.TXT_AREA,      &controlli.TXT_ZONA,
+              &controlli.TXT_MACROCAT,  &controlli.TXT_CATEGORIA, &controlli.TXT_SOTTOCAT,
+              &controlli.TXT_RAGGR1,    &controlli.TXT_RAGGR2,    &controlli.TXT_RAGGR3}
+    , m_ambiente(ambiente)
 {}
 
 const QList<Classificazioni::Campo>& Classificazioni::campi()
 {
     static const QList<Campo> nove{
-        campo("TXT_MACROAREA", "LKP_MACROAREEAGE", {}, "TXT_DESMACROAREA", 0, 0),
-        campo("TXT_AREA", "LKP_AREEAGE", {genitore("MACROAREA", "TXT_MACROAREA")}, "TXT_DESAREA", 0,
-              1),
-        campo("TXT_ZONA", "LKP_ZONEAGE",
-              {genitore("MACROAREA", "TXT_MACROAREA"), genitore("AREA", "TXT_AREA")}, "TXT_DESZONA",
-              0, 2),
-        campo("TXT_MACROCAT", "LKP_MACROCATEGORIEAGE", {}, "TXT_DESMACROCAT", 1, 0),
-        campo("TXT_CATEGORIA", "LKP_CATEGORIEAGE", {genitore("MACROCAT", "TXT_MACROCAT")},
-              "TXT_DESCATEGORIA", 1, 1),
-        campo("TXT_SOTTOCAT", "LKP_SOTTOCATEGORIEAGE",
-              {genitore("MACROCAT", "TXT_MACROCAT"), genitore("CAT", "TXT_CATEGORIA")},
-              "TXT_DESSOTTOCAT", 1, 2),
-        campo("TXT_RAGGR1", "LKP_RAGGR1AGE", {}, "TXT_DESRAGGR1", 2, 0),
-        campo("TXT_RAGGR2", "LKP_RAGGR2AGE", {}, "TXT_DESRAGGR2", 2, 1),
-        campo("TXT_RAGGR3", "LKP_RAGGR3AGE", {}, "TXT_DESRAGGR3", 2, 2),
+        voce(Posto::MacroArea, "LKP_MACROAREEAGE", {}, "TXT_DESMACROAREA", 0, 0),
+        voce(Posto::Area, "LKP_AREEAGE", {genitore("MACROAREA", Posto::MacroArea)}, "TXT_DESAREA",
+             0, 1),
+        voce(Posto::Zona, "LKP_ZONEAGE",
+             {genitore("MACROAREA", Posto::MacroArea), genitore("AREA", Posto::Area)},
+             "TXT_DESZONA", 0, 2),
+        voce(Posto::MacroCategoria, "LKP_MACROCATEGORIEAGE", {}, "TXT_DESMACROCAT", 1, 0),
+        voce(Posto::Categoria, "LKP_CATEGORIEAGE", {genitore("MACROCAT", Posto::MacroCategoria)},
+             "TXT_DESCATEGORIA", 1, 1),
+        voce(Posto::SottoCategoria, "LKP_SOTTOCATEGORIEAGE",
+             {genitore("MACROCAT", Posto::MacroCategoria), genitore("CAT", Posto::Categoria)},
+             "TXT_DESSOTTOCAT", 1, 2),
+        voce(Posto::Raggruppamento1, "LKP_RAGGR1AGE", {}, "TXT_DESRAGGR1", 2, 0),
+        voce(Posto::Raggruppamento2, "LKP_RAGGR2AGE", {}, "TXT_DESRAGGR2", 2, 1),
+        voce(Posto::Raggruppamento3, "LKP_RAGGR3AGE", {}, "TXT_DESRAGGR3", 2, 2),
     };
     return nove;
 }
 
 void Classificazioni::collega()
 {
-    QObject* contesto = &m_schermata;
+    QObject* contesto = &m_contesto;
     for (const Campo& c : campi()) {
-        Field& f = m_schermata.controllo<Field>(c.nome);
+        Field& f = campo(c.posto);
         QObject::connect(&f, &Field::decodeRequested, contesto,
                          [this, &c](controls::DecodeArgs& args) { decodifica(c, args); });
         QObject::connect(&f, &Field::lookupRequested, contesto,
@@ -117,35 +123,39 @@ void Classificazioni::collega()
     }
 }
 
-QString Classificazioni::testo(const QString& campo) const
+host::LookupDecoder& Classificazioni::decodificatore() const
 {
-    return m_schermata.controllo<Field>(campo).text();
+    return decodificatoreRichiesto(m_ambiente.decodificatori().classificazioni.get());
+}
+
+QString Classificazioni::testo(Posto posto) const
+{
+    return campo(posto).text();
 }
 
 void Classificazioni::decodifica(const Campo& campo, controls::DecodeArgs& args) const
 {
-    if (NvlN(testo(campo.nome), QString()).toString().isEmpty())
+    if (NvlN(testo(campo.posto), QString()).toString().isEmpty())
         return;
     ignoreEachStep({[&] {
         args.cancel = false;
-        host::LookupDecoder& d =
-            decodificatoreRichiesto(m_schermata.decodificatoreClassificazioni());
+        host::LookupDecoder& d = decodificatore();
         for (const Genitore& g : campo.genitori)
             d.setParameter(g.parametro, RTrimN(testo(g.campo)));
-        d.prepareDecoding(campo.definizione, RTrimN(testo(campo.nome)), campo.descrizione);
-        rispostaDecodifica(m_schermata, d, args, m_schermata.Gstr_Connect());
+        d.prepareDecoding(campo.definizione, RTrimN(testo(campo.posto)), campo.descrizione);
+        rispostaDecodifica(m_ambiente.finestra(), d, args, m_ambiente.Gstr_Connect());
     }});
 }
 
 void Classificazioni::avviaLista(const Campo& campo, Field& campoLista,
                                  controls::LookupArgs& args) const
 {
-    host::LookupDecoder& d = decodificatoreRichiesto(m_schermata.decodificatoreClassificazioni());
+    host::LookupDecoder& d = decodificatore();
     // An empty parent goes to the list as two quotes, so that it filters on no code at all.
     for (const Genitore& g : campo.genitori)
         d.setParameter(g.parametro, NvlN(testo(g.campo), QStringLiteral("''")));
     d.prepareLookup(campo.definizione, 0);
-    rispostaLista(d, args, m_schermata.Gstr_Connect());
+    rispostaLista(d, args, m_ambiente.Gstr_Connect());
     campoLista.setLookupId(d.lookupId());
 }
 
@@ -201,7 +211,7 @@ void Classificazioni::invocaGestione(int gruppo, const QString& procedura)
         return [&, i] {
             if (i >= parametri.size())
                 return;
-            Field& f = m_schermata.controllo<Field>(QString::fromLatin1(parametri.at(i).campo));
+            Field& f = campo(parametri.at(i).campo);
             const qsizetype elemento = parametri.size() - 1 - i;
             QString codice;
             if (!procedura.isEmpty())
@@ -215,14 +225,13 @@ void Classificazioni::invocaGestione(int gruppo, const QString& procedura)
     };
     const auto esegui = [&](auto stile) {
         stile({
-            [&] { gestione = m_schermata.globale().newManagementLauncher(); },
+            [&] { gestione = m_ambiente.globale().newManagementLauncher(); },
             [&] {
                 host::ManagementLauncher& g = richiesto(gestione.get(), "ManagementLauncher");
                 parametriTesto.clear();
                 for (const ParametroGestione& p : parametri)
-                    parametriTesto =
-                        g.addParameter(parametriTesto, QString::fromLatin1(p.nome),
-                                       NvlN(testo(QString::fromLatin1(p.campo)), QString()));
+                    parametriTesto = g.addParameter(parametriTesto, QString::fromLatin1(p.nome),
+                                                    NvlN(testo(p.campo), QString()));
                 parametriTesto = g.addParameter(parametriTesto, QStringLiteral("CalledRamo"),
                                                 QString::number(ramo));
             },
@@ -239,7 +248,7 @@ void Classificazioni::invocaGestione(int gruppo, const QString& procedura)
     if (procedura.isEmpty())
         esegui([](Steps passi) { ignoreEachStep(passi); });
     else
-        esegui([&](Steps passi) { reportWithChoice(m_schermata.errori(), procedura, passi); });
+        esegui([&](Steps passi) { reportWithChoice(m_ambiente.errori(), procedura, passi); });
 }
 
 } // namespace tarvello::agenti

@@ -1,10 +1,13 @@
 #pragma once
 
 #include "platform/db/value.h"
+#include "src/screen/controlliagenti.h"
 
 #include <QList>
+#include <QObject>
 #include <QString>
 #include <QtGlobal>
+#include <array>
 
 namespace tarvello::controls {
 class Field;
@@ -12,9 +15,13 @@ struct DecodeArgs;
 struct LookupArgs;
 } // namespace tarvello::controls
 
+namespace tarvello::host {
+class LookupDecoder;
+}
+
 namespace tarvello::agenti {
 
-class FRMMG_AGENTI;
+class AmbienteAgenti;
 
 // The nine classification codes of the agent (territory, category and three groupings):
 // their lists and decodings through the host's lookup definitions, within the codes of their
@@ -24,15 +31,28 @@ public:
     // The host program that manages the classification tables of agents.
     static constexpr int GestioneTabelle = 2847;
 
+    // The place of each code field among the nine, in the order of ControlliClassificazioni.
+    enum Posto : int {
+        MacroArea,
+        Area,
+        Zona,
+        MacroCategoria,
+        Categoria,
+        SottoCategoria,
+        Raggruppamento1,
+        Raggruppamento2,
+        Raggruppamento3,
+    };
+
     // A parent level: the named parameter of the lookup definition and the field holding it.
     struct Genitore {
         QString parametro;
-        QString campo;
+        Posto campo;
     };
     // A code field, with the table its management key opens: branch `ramo` of group `gruppo`
     // (0 territory, 1 categories, 2 groupings).
     struct Campo {
-        QString nome;
+        Posto posto;
         QString definizione;
         QList<Genitore> genitori;
         QString descrizione;
@@ -40,7 +60,7 @@ public:
         int ramo = 0;
     };
 
-    explicit Classificazioni(FRMMG_AGENTI& schermata);
+    Classificazioni(const ControlliClassificazioni& controlli, const AmbienteAgenti& ambiente);
     Classificazioni(const Classificazioni&) = delete;
     Classificazioni& operator=(const Classificazioni&) = delete;
 
@@ -65,10 +85,15 @@ private:
     // Opens the management on the branch of the group's selector and writes back the codes
     // chosen; reported under `procedura`, or with errors ignored when it is empty.
     void invocaGestione(int gruppo, const QString& procedura);
-    QString testo(const QString& campo) const;
+    host::LookupDecoder& decodificatore() const;
+    controls::Field& campo(Posto posto) const { return *m_campi.at(posto); }
+    QString testo(Posto posto) const;
 
-    FRMMG_AGENTI& m_schermata; // Not owned: the screen owns this.
+    const std::array<controls::Field*, 9> m_campi;
+    const AmbienteAgenti& m_ambiente; // Not owned: the screen's.
     qint32 m_rami[3] = {0, 0, 0};
+    // The fields' connections end with this part.
+    QObject m_contesto;
 };
 
 } // namespace tarvello::agenti

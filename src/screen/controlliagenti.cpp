@@ -68,6 +68,18 @@ ControlliAgenti controlliAgenti(const controls::Form& schermata)
                 .CBO_INDPREFSTDOC = controlloDi<ComboBox>(schermata, u"CBO_INDPREFSTDOC"),
                 .INTERNAV = controlloDi<Navigator>(schermata, u"INTERNAV"),
             },
+        .classificazioni =
+            {
+                .TXT_MACROAREA = controlloDi<Field>(schermata, u"TXT_MACROAREA"),
+                .TXT_AREA = controlloDi<Field>(schermata, u"TXT_AREA"),
+                .TXT_ZONA = controlloDi<Field>(schermata, u"TXT_ZONA"),
+                .TXT_MACROCAT = controlloDi<Field>(schermata, u"TXT_MACROCAT"),
+                .TXT_CATEGORIA = controlloDi<Field>(schermata, u"TXT_CATEGORIA"),
+                .TXT_SOTTOCAT = controlloDi<Field>(schermata, u"TXT_SOTTOCAT"),
+                .TXT_RAGGR1 = controlloDi<Field>(schermata, u"TXT_RAGGR1"),
+                .TXT_RAGGR2 = controlloDi<Field>(schermata, u"TXT_RAGGR2"),
+                .TXT_RAGGR3 = controlloDi<Field>(schermata, u"TXT_RAGGR3"),
+            },
     };
 }
 

@@ -76,6 +76,20 @@ struct ControlliProvvigioni {
     controls::Navigator& INTERNAV;
 };
 
+// The nine classification codes, by their group (territory, categories, groupings) and level
+// within it, the highest first.
+struct ControlliClassificazioni {
+    controls::Field& TXT_MACROAREA;
+    controls::Field& TXT_AREA;
+    controls::Field& TXT_ZONA;
+    controls::Field& TXT_MACROCAT;
+    controls::Field& TXT_CATEGORIA;
+    controls::Field& TXT_SOTTOCAT;
+    controls::Field& TXT_RAGGR1;
+    controls::Field& TXT_RAGGR2;
+    controls::Field& TXT_RAGGR3;
+};
+
 // The agents screen's controls by kind, for the parts of the screen that are given theirs
 // when they are built.
 struct ControlliAgenti {
@@ -84,6 +98,7 @@ struct ControlliAgenti {
     ControlliOrdineGiro ordineGiro;
     ControlliTentataVendita tentataVendita;
     ControlliProvvigioni provvigioni;
+    ControlliClassificazioni classificazioni;
 };
 
 // Reaches every control of ControlliAgenti on a screen laid out by creaControlliAgenti, once:
