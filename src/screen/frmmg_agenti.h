@@ -117,17 +117,10 @@ public:
     host::LookupDecoder* decodificatoreClienti() const { return m_oggetti.clienti.get(); }
     host::LookupDecoder* decodificatoreGiri() const { return m_oggetti.giri.get(); }
     // The lookup-and-decode objects of the agents (agent lists and typologies) and of the
-    // suppliers; none before the load or after the unload.
+    // suppliers; none before the load or after the unload. The others are reached through
+    // ambiente().decodificatori().
     host::LookupDecoder* decodificatoreAgenti() const { return m_oggetti.agenti.get(); }
     host::LookupDecoder* decodificatoreFornitori() const { return m_oggetti.fornitori.get(); }
-    // The lookup-and-decode objects of the classification codes, of the price lists and of the
-    // priority tables; none before the load or after the unload.
-    host::LookupDecoder* decodificatoreClassificazioni() const
-    {
-        return m_oggetti.classificazioni.get();
-    }
-    host::LookupDecoder* decodificatoreListini() const { return m_oggetti.listini.get(); }
-    host::LookupDecoder* decodificatorePriorita() const { return m_oggetti.priorita.get(); }
     // The payment-type names, index 0 "Contanti" to 16 "Solo descrittivo".
     const QStringList& tipiEffetti() const { return m_tipiEffetti; }
     bool CambioTabDaCodice() const { return m_cambioTabDaCodice; }

@@ -41,7 +41,7 @@ protected:
     agenti::Classificazioni& classificazioni() const { return schermata().classificazioni(); }
     host::LookupDecoder& decodificatore() const
     {
-        return *schermata().decodificatoreClassificazioni();
+        return *schermata().ambiente().decodificatori().classificazioni;
     }
     // The last management opened: its parameters as name=value pairs.
     QList<std::pair<QString, QString>> parametriGestione() const
