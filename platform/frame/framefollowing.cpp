@@ -83,8 +83,12 @@ bool GestAnagrafica::moveBy(const std::function<void(db::Recordset&)>& move, boo
 
 void GestAnagrafica::onEdited(DataControl* control)
 {
-    if (!working() || !m_attached || m_status == FrameStatus::Search || m_locked)
+    if (!working() || !m_attached || m_locked)
         return;
+    if (m_status == FrameStatus::Search) {
+        holdSearchEntry(control);
+        return;
+    }
     const QString column = m_fields.columnOf(control);
     // What the screen's answer to ChangeStatus puts into a control bound to no column (a name
     // looked up, a field emptied for a new row) is how it shows the row, not an edit of it.

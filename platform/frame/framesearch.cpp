@@ -47,7 +47,9 @@ bool GestAnagrafica::search(bool fromKeyColumn, bool quiet)
     if (!working() || column.isEmpty() || !m_recordset->hasField(column))
         return false;
     Value wanted;
-    if (m_status == FrameStatus::Search || !fromKeyColumn || !m_shown) {
+    if (m_status == FrameStatus::Search && fromKeyColumn) {
+        wanted = searchEntryValue(column);
+    } else if (m_status == FrameStatus::Search || !fromKeyColumn || !m_shown) {
         const ColumnValue typed = m_fields.columnValue(m_keyField);
         if (!typed.accepted()) {
             if (!quiet)
@@ -92,6 +94,25 @@ bool GestAnagrafica::search(bool fromKeyColumn, bool quiet)
     }
     goToRow(found, StatusReason::Found);
     return true;
+}
+
+Value GestAnagrafica::searchEntryValue(const QString& column) const
+{
+    return m_searchEntry.value(m_recordset->fieldIndex(column), Value::null());
+}
+
+void GestAnagrafica::holdSearchEntry(const DataControl* control)
+{
+    const int index = m_recordset->fieldIndex(m_fields.columnOf(control));
+    if (index < 0)
+        return;
+    const ColumnValue typed = m_fields.columnValue(control);
+    if (!typed.accepted()) {
+        m_searchEntry.remove(index);
+        return;
+    }
+    m_searchEntry.insert(index, *typed.value);
+    m_fields.written(control, *typed.value);
 }
 
 std::optional<GestAnagrafica::Bookmark> GestAnagrafica::findInRecordset(const QString& column,

@@ -286,6 +286,7 @@ void GestAnagrafica::terminate()
     m_shown.reset();
     m_returnTo.reset();
     m_snapshot.clear();
+    m_searchEntry.clear();
     m_terminated = true;
 }
 
@@ -487,6 +488,22 @@ std::optional<Value> GestAnagrafica::shownRowValue(const QString& column) const
     }
 }
 
+void GestAnagrafica::writeColumn(const QString& column, const Value& value)
+{
+    if (!m_recordset)
+        throw db::RuntimeError(db::RuntimeError::ObjectRequired, QStringLiteral("Object required"),
+                               objectName());
+    if (m_status != FrameStatus::Search) {
+        placeCursor();
+        m_recordset->setValue(column, value);
+        return;
+    }
+    const int index = m_recordset->fieldIndex(column);
+    m_recordset->field(index); // an unknown column is refused as the recordset refuses it
+    m_searchEntry.insert(index, value);
+    m_fields.sync(rowReader());
+}
+
 std::optional<GestAnagrafica::Bookmark> GestAnagrafica::currentOrFirst()
 {
     if (!isOpen())
@@ -547,6 +564,7 @@ void GestAnagrafica::showRow(int reason, bool raiseEvent)
     ++m_generation;
     if (m_shown && !placeCursor())
         m_shown.reset();
+    m_searchEntry.clear();
     clearMarks();
     m_fields.show(rowReader());
     m_fields.decode([this](const db::RuntimeError& error) { reportHandlerError(error); });
@@ -570,6 +588,8 @@ FieldBindings::ColumnReader GestAnagrafica::rowReader() const
             return std::nullopt;
         if (m_shown)
             return shownValue(column);
+        if (m_status == FrameStatus::Search)
+            return searchEntryValue(column);
         return m_status == FrameStatus::New ? defaultOf(column) : Value::null();
     };
 }

@@ -8,6 +8,7 @@
 #include "platform/frame/framemessages.h"
 #include "platform/frame/keysearch.h"
 
+#include <QHash>
 #include <QList>
 #include <QObject>
 #include <QPointer>
@@ -162,6 +163,12 @@ public:
     // A column of the existing row shown; none in search entry, while a new row is being
     // entered, or when there is no row to show.
     std::optional<db::Value> shownRowValue(const QString& column) const;
+    // Code writes a column of the frame's row: the recordset's current row, which is the row
+    // shown or the new row being entered. Search entry has no row of its own: there the value
+    // is held apart, shown in the controls bound to the column and looked up by search(true);
+    // it is nobody's change, never reaches the rows or the database, and goes when search
+    // entry is left. Raises db::RuntimeError as the recordset does (no row, no such column).
+    void writeColumn(const QString& column, const db::Value& value);
     // What the fields say the row shown is: its key and the first field after the key with a
     // text ("A001 RICCI FRANCESCA"); empty without a key.
     QString recordDescription() const;
@@ -352,6 +359,9 @@ private:
     void followNearest();
     void resync();
     void onEdited(controls::DataControl* control);
+    // What is typed into a bound control in search entry is held with what code writes there.
+    void holdSearchEntry(const controls::DataControl* control);
+    db::Value searchEntryValue(const QString& column) const;
     void onLeaving(controls::DataControl* control, bool& cancel);
     void onCurrentChanged();
     void onRowsReset();
@@ -379,6 +389,9 @@ private:
 
     FrameStatus m_status = FrameStatus::New;
     std::optional<Bookmark> m_shown;
+    // The columns written or typed in search entry, by field index; emptied whenever a row or
+    // search entry is shown afresh.
+    QHash<int, db::Value> m_searchEntry;
     // The row to go back to when a new row or a search is left.
     std::optional<Bookmark> m_returnTo;
     db::ValueList m_snapshot;

@@ -153,7 +153,7 @@ void SchedaAgente::scriviAgente(const QString& colonna, const db::Value& valore)
     if (!agenti)
         throw db::RuntimeError(db::RuntimeError::ObjectRequired, QStringLiteral("Object required"),
                                QStringLiteral("Grst_GestAnagrafica1"));
-    agenti->setValue(colonna, valore);
+    agente.writeColumn(colonna, valore);
 }
 
 void SchedaAgente::collega()

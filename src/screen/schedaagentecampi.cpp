@@ -176,18 +176,14 @@ void SchedaAgente::RicercaAnagrafiche()
             const QString codice = RTrimN(ricerca->selectedAgent()).toString();
             if (codice.isEmpty())
                 return Flow::Next;
-            if (agente->status() == FrameStatus::Search)
-                campo(u"TXT_AGENTE").setText(codice);
-            else
-                scriviAgente(QStringLiteral("MG17_AGENTE"), codice);
+            scriviAgente(QStringLiteral("MG17_AGENTE"), codice);
             agente->search(true, true);
             return Flow::Leave;
         },
         [&] {
             const db::Value anagrafica = RTrimN(ricerca->selectedRegistryCode());
             if (!anagrafica.toString().isEmpty()) {
-                if (agente->status() != FrameStatus::Search)
-                    scriviAgente(QStringLiteral("MG17_ANAGEN_CG16"), CDecN(anagrafica));
+                scriviAgente(QStringLiteral("MG17_ANAGEN_CG16"), CDecN(anagrafica));
                 DecodificaCodice(m_schermata.connessione(), anagrafica, m_schermata);
                 campo(u"TXT_RAGSOANAG").setValid(true);
                 if (tipo == GeneralRegistrySearch::AgentsAndFreeEntries)
