@@ -196,6 +196,54 @@ TEST_P(FrameTest, ASearchBringsInAnAgentTheRecordsetsQueryLeftOut)
     EXPECT_EQ(agente->text(), QStringLiteral("B002"));
 }
 
+// Search entry has no row of its own while the recordset still stands on the agent shown
+// before: a column written there must reach the search, never that agent.
+TEST_P(FrameTest, WhatSearchEntryHoldsTouchesNoRowAndGoesWithIt)
+{
+    insertAgent(QStringLiteral("A001"));
+    const qint64 b002 = insertAgent(QStringLiteral("B002"));
+    openAgents();
+    const QString code = QStringLiteral("MG17_AGENTE");
+    const QString share = QStringLiteral("MG17_PERPROV");
+
+    agents.enterSearch();
+    agents.writeColumn(code, db::Value("B002"));
+    EXPECT_EQ(agente->text(), QStringLiteral("B002"));
+    EXPECT_EQ(agents.recordset()->value(code), db::Value("A001"));
+    EXPECT_EQ(agents.recordset()->pendingCount(), 0);
+    EXPECT_FALSE(agents.isRecordChanged());
+    ASSERT_TRUE(agents.search(true, true));
+    EXPECT_EQ(agents.status(), FrameStatus::Browse);
+    EXPECT_EQ(agents.recordset()->value(u"MG17_IDAGENTE").toInt64(), b002);
+
+    // A key typed is looked up as well; a key found nowhere keeps search entry.
+    agents.enterSearch();
+    agente->typeText(QStringLiteral("a001"));
+    ASSERT_TRUE(agents.search(true, true));
+    EXPECT_EQ(agente->text(), QStringLiteral("A001"));
+    agents.enterSearch();
+    agents.writeColumn(share, 7);
+    agents.writeColumn(code, db::Value("C003"));
+    EXPECT_FALSE(agents.search(true, true));
+    EXPECT_EQ(agents.status(), FrameStatus::Search);
+
+    // Every way out leaves nothing behind: no question, nothing written, nothing shown again.
+    const qsizetype prompted = promptCount();
+    EXPECT_TRUE(agents.confirmLettingRowsGo());
+    agents.undo();
+    agents.addNew();
+    EXPECT_EQ(agente->text(), QString());
+    agents.undo();
+    agents.enterSearch();
+    EXPECT_EQ(agente->text(), QString());
+    EXPECT_EQ(percentuale->text(), QString());
+    EXPECT_EQ(promptCount(), prompted);
+    EXPECT_EQ(agents.recordset()->pendingCount(), 0);
+    EXPECT_EQ(count(QStringLiteral("SELECT COUNT(*) FROM MG17_AGENTI WHERE MG17_AGENTE = 'C003' "
+                                   "OR MG17_PERPROV = 7")),
+              0);
+}
+
 // A screen opened on a company without agents in browse mode must not announce a row it
 // does not have: the handlers of status 0 read the row shown.
 TEST_P(FrameTest, BrowsingWithoutRowsWaitsForANewRow)
