@@ -101,8 +101,14 @@ void ControlView::showDataState()
     if (!data || !m_widget)
         return;
     setStyleFlag(*m_widget, requiredProperty, data->isRequired());
-    setStyleFlag(*m_widget, invalidProperty, !data->isValid());
+    setStyleFlag(*m_widget, invalidProperty, holdsWrongValue());
     showToolTip();
+}
+
+bool ControlView::holdsWrongValue() const
+{
+    const auto* data = model<controls::DataControl>();
+    return data && !data->isValid();
 }
 
 bool ControlView::eventFilter(QObject* watched, QEvent* event)

@@ -58,6 +58,10 @@ protected:
     }
     // The tool tip shown: the model's, or why the value is not valid.
     virtual QString toolTipText() const;
+    // Whether the widget is dressed as holding a wrong value: the model's value is not valid.
+    virtual bool holdsWrongValue() const;
+    // Dresses the widget by the model's required and wrong-value state, with its tool tip.
+    void showDataState();
     // The line of a tool tip that tells a function key: "F3: elenco".
     static QString keyHint(int modelKeyCode, const QString& action);
     // A tool tip text with the key lines under it.
@@ -67,8 +71,6 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    void showDataState();
-
     QPointer<controls::Control> m_control; // Not owned: the form's.
     QPointer<QWidget> m_widget;            // Not owned: the widget tree's.
 };

@@ -47,7 +47,7 @@ FieldView::FieldView(controls::Field& field, QLineEdit& edit)
     connect(&field, &Field::displayFormatChanged, this, &FieldView::showText);
     connect(&field, &Field::maxLengthChanged, this, &FieldView::showMaxLength);
     connect(&field, &Field::validChanged, this, &FieldView::showToolTip);
-    connect(&field, &Field::acceptedChanged, this, &FieldView::showToolTip);
+    connect(&field, &Field::acceptedChanged, this, &FieldView::showDataState);
     connect(&field, &Field::managementKeyChanged, this, &FieldView::showToolTip);
     connect(&field, &Field::managementCaptionChanged, this, &FieldView::showToolTip);
     connect(&edit, &QLineEdit::textEdited, this, &FieldView::takeTyping);
@@ -75,7 +75,7 @@ FieldView::FieldView(controls::Field& field, QLineEdit& edit)
     }
     edit.setContextMenuPolicy(Qt::CustomContextMenu);
     connect(&edit, &QWidget::customContextMenuRequested, this, &FieldView::showContextMenu);
-    showToolTip();
+    showDataState();
 }
 
 void FieldView::focusMoved(bool hasFocus)
@@ -130,6 +130,12 @@ void FieldView::openCalendar()
     calendar->move(m_edit.mapToGlobal(QPoint(0, m_edit.height())));
     calendar->show();
     calendar->setFocus(Qt::PopupFocusReason);
+}
+
+bool FieldView::holdsWrongValue() const
+{
+    const auto* field = model<controls::Field>();
+    return ControlView::holdsWrongValue() || (field && !field->isAccepted());
 }
 
 QString FieldView::toolTipText() const

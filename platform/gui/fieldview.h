@@ -28,6 +28,8 @@ protected:
     bool keyIsModels(int keyCode, int shift) const override;
     bool actOnKey(int keyCode, int shift) override;
     QString toolTipText() const override;
+    // A text the person was warned about is dressed as a wrong value too, though it is kept.
+    bool holdsWrongValue() const override;
 
 private:
     void showText();

@@ -1,5 +1,6 @@
 #include "agentsshell.h"
 #include "platform/controls/field.h"
+#include "platform/controls/tabstrip.h"
 #include "platform/frame/gestanagrafica.h"
 #include "platform/services/hostnavigator.h"
 #include "src/host/errorlog.h"
@@ -74,7 +75,8 @@ TEST_F(StatesTest, RequiredAndDisabledFieldsReadClearly)
               readable);
 }
 
-// A reference agent refused says why, and the mark goes with an undo.
+// A reference agent refused says why, and the mark goes with an undo; a tax code warned
+// about is marked as well.
 TEST_F(StatesTest, AFieldMarkedNotValidSaysWhyAndTheMarkGoesWithTheValue)
 {
     type("TXT_AGERIFVIDEO1", QStringLiteral("A001"));
@@ -87,6 +89,11 @@ TEST_F(StatesTest, AFieldMarkedNotValidSaysWhyAndTheMarkGoesWithTheValue)
     EXPECT_TRUE(field("TXT_AGERIF").isValid());
     EXPECT_FALSE(reference.property("tarvelloInvalid").toBool());
     EXPECT_FALSE(reference.toolTip().contains(QStringLiteral("non valido")));
+
+    // A partner's tax code the checker refuses is kept, and marked all the same.
+    form->find<controls::TabStrip>(u"TAB_AGENTI")->selectPage(1);
+    type("TXT_CODFISOCIO", QStringLiteral("XYZ"));
+    EXPECT_TRUE(widget<QLineEdit>(*window, "TXT_CODFISOCIO").property("tarvelloInvalid").toBool());
 }
 
 // Dates are typed short and shown whole, or picked from a calendar (F3).
