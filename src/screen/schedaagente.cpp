@@ -131,9 +131,14 @@ void SchedaAgente::rilasciaConnessione()
     m_connessioni.reset();
 }
 
+GestAnagrafica* SchedaAgente::FME_GestAnagrafica(int numero) const
+{
+    return m_gestioni.at(numero - 1);
+}
+
 GestAnagrafica& SchedaAgente::gestione(int numero) const
 {
-    GestAnagrafica* trovata = m_gestioni.at(numero - 1).data();
+    GestAnagrafica* trovata = FME_GestAnagrafica(numero);
     if (!trovata)
         throw db::RuntimeError(db::RuntimeError::ObjectRequired, QStringLiteral("Object required"),
                                QStringLiteral("FME_GestAnagrafica%1").arg(numero));

@@ -152,6 +152,8 @@ private:
     // Marks both reference fields valid, or both not valid saying why.
     void segnaRiferimento(bool valido, const QString& motivo = {});
 
+    // The record frame of that number at the moment; none before the load or after the unload.
+    frame::GestAnagrafica* FME_GestAnagrafica(int numero) const;
     frame::GestAnagrafica& gestione(int numero) const;
     void messaggio(const QString& testo, int stile, const QString& titolo) const;
 

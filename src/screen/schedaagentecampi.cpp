@@ -155,7 +155,7 @@ void SchedaAgente::RicercaAnagrafiche()
     std::unique_ptr<GeneralRegistrySearch> ricerca;
     const int tipo = m_modoRicercaAnagrafiche == 1 ? GeneralRegistrySearch::AllEntries
                                                    : GeneralRegistrySearch::AgentsAndFreeEntries;
-    frame::GestAnagrafica* agente = m_gestioni.at(FRMMG_AGENTI::Agenti - 1).data();
+    frame::GestAnagrafica* agente = FME_GestAnagrafica(FRMMG_AGENTI::Agenti);
     ignoreEachStep({
         [&] { ricerca = m_ambiente.globale().objects().newRegistrySearch(); },
         [&] { ricerca->setContext(&m_ambiente.globale()); },
