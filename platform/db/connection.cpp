@@ -99,6 +99,7 @@ void Connection::close()
     m_tables.clear();
     m_translations.clear();
     m_textColumns.clear();
+    m_temporaryIndexes.clear();
     m_schemaVersion = -1;
 }
 
@@ -176,6 +177,14 @@ void Connection::raise(const EngineError& e, const QString& original, const QStr
     throw RuntimeError(error.number, description, error.source);
 }
 
+void Connection::noteSent(const QString& statement)
+{
+    if (statement.startsWith(temporaryLookupIndexPrefix))
+        m_temporaryIndexes.insert(statement);
+    else if (mayChangeSchema(statement))
+        m_temporaryIndexes.clear();
+}
+
 void Connection::refineColumnKinds(ResultSet& result)
 {
     for (int c = 0; c < result.columns.size(); ++c) {
@@ -216,8 +225,11 @@ ResultSet Connection::runStatements(const QString& tsql, const QStringList& stat
 {
     ResultSet last;
     for (const QString& statement : statements) {
+        if (m_temporaryIndexes.contains(statement))
+            continue;
         try {
             ResultSet result = engine().runDirect(statement);
+            noteSent(statement);
             if (m_engine->refinesKinds())
                 refineColumnKinds(result);
             if (result.hasColumns() || !last.hasColumns())
@@ -256,6 +268,7 @@ void Connection::query(const QString& tsql, RowSink& rows)
     }
     try {
         engine().runDirect(statements.first(), rows);
+        noteSent(statements.first());
     } catch (const EngineError& e) {
         checkTransaction();
         raise(e, tsql, statements.first());
@@ -271,6 +284,7 @@ ResultSet Connection::run(const QString& sql, const ValueList& parameters)
     ResultSet result;
     try {
         result = engine().run(sql, parameters);
+        noteSent(sql);
     } catch (const EngineError& e) {
         checkTransaction();
         raise(e, sql, sql);
@@ -283,32 +297,44 @@ ResultSet Connection::run(const QString& sql, const ValueList& parameters)
 Value Connection::insertRow(const QString& table, const QStringList& columns,
                             const ValueList& values, const QString& identityColumn)
 {
+    return insertRow(insertStatement(table, columns, identityColumn), values,
+                     !identityColumn.isEmpty());
+}
+
+QString Connection::insertStatement(const QString& table, const QStringList& columns,
+                                    const QString& identityColumn) const
+{
     QStringList names;
     QStringList markers;
     for (const QString& column : columns) {
         names << quoteIdentifier(column);
         markers << QStringLiteral("?");
     }
-    const QString target = quoteIdentifier(table);
     const QString list = names.isEmpty()
                              ? QString()
                              : QStringLiteral(" (") + names.join(QStringLiteral(", ")) + u')';
+    const QString output =
+        dialect() == Dialect::SqlServer && !identityColumn.isEmpty()
+            ? QStringLiteral(" OUTPUT INSERTED.") + quoteIdentifier(identityColumn)
+            : QString();
     const QString valuesPart =
         names.isEmpty() ? QStringLiteral(" DEFAULT VALUES")
                         : QStringLiteral(" VALUES (") + markers.join(QStringLiteral(", ")) + u')';
-    if (dialect() == Dialect::SqlServer && !identityColumn.isEmpty()) {
-        // The identity comes back in the same batch as the insert.
-        const ResultSet result = run(QStringLiteral("INSERT INTO ") + target + list +
-                                         QStringLiteral(" OUTPUT INSERTED.") +
-                                         quoteIdentifier(identityColumn) + valuesPart,
-                                     values);
-        return result.rows.isEmpty() ? Value() : result.rows.first().value(0);
-    }
-    run(QStringLiteral("INSERT INTO ") + target + list + valuesPart, values);
-    if (identityColumn.isEmpty())
+    return QStringLiteral("INSERT INTO ") + quoteIdentifier(table) + list + output + valuesPart;
+}
+
+Value Connection::insertRow(const QString& statement, const ValueList& values, bool readsIdentity)
+{
+    const ResultSet result = run(statement, values);
+    if (!readsIdentity)
         return {};
-    // SQLite keeps the last row id per connection; not every ODBC driver passes RETURNING on.
-    return run(QStringLiteral("SELECT last_insert_rowid()")).rows.value(0).value(0);
+    if (dialect() == Dialect::SqlServer)
+        return result.rows.isEmpty() ? Value() : result.rows.first().value(0);
+    try {
+        return engine().lastInsertRowId();
+    } catch (const EngineError& e) {
+        raise(e, statement, statement);
+    }
 }
 
 void Connection::beginTrans()
@@ -365,6 +391,7 @@ void Connection::rollbackTrans()
         throw RuntimeError(RuntimeError::OperationNotAllowed,
                            QStringLiteral("No transaction is open"));
     --m_transactionLevel;
+    m_temporaryIndexes.clear();
     if (m_transactionLevel == 0) {
         abandonTransaction();
         return;
@@ -415,6 +442,7 @@ void Connection::refuseWhileAborted() const
 void Connection::abandonTransaction()
 {
     m_transactionAborted = false;
+    m_temporaryIndexes.clear();
     try {
         if (m_engine)
             m_engine->rollback();

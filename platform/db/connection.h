@@ -62,6 +62,11 @@ public:
     // (Empty when identityColumn is empty).
     Value insertRow(const QString& table, const QStringList& columns, const ValueList& values,
                     const QString& identityColumn);
+    // The same in two steps, for many rows alike: the text is built once and its prepared
+    // statement serves every row. On SQL Server the text itself gives the identity back.
+    QString insertStatement(const QString& table, const QStringList& columns,
+                            const QString& identityColumn) const;
+    Value insertRow(const QString& statement, const ValueList& values, bool readsIdentity);
 
     void beginTrans();
     void commitTrans();
@@ -93,6 +98,9 @@ private:
     ResultSet runTranslated(const QString& tsql, bool logAsInternal);
     ResultSet runStatements(const QString& tsql, const QStringList& statements);
     void refineColumnKinds(ResultSet& result);
+    // Remembers the lookup indexes made on temporary tables, and forgets them all when the
+    // schema may have changed.
+    void noteSent(const QString& statement);
     // A failed statement may have cost the whole transaction.
     void checkTransaction();
     void refuseWhileAborted() const;
@@ -109,6 +117,8 @@ private:
     QHash<QString, TableInfo> m_tables;
     QHash<QString, QStringList> m_translations;
     QSet<QString> m_textColumns;
+    // Lookup indexes of temporary tables known to stand: not sent again.
+    QSet<QString> m_temporaryIndexes;
     qint64 m_schemaVersion = -1;
     int m_transactionLevel = 0;
     bool m_transactionAborted = false;

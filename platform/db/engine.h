@@ -44,6 +44,13 @@ public:
     // database rolls the whole transaction back and carries on without one.
     virtual bool transactionOpen() = 0;
 
+    // The row id SQLite gave the latest row this session inserted: asked with a statement,
+    // since not every ODBC driver passes RETURNING on.
+    virtual Value lastInsertRowId()
+    {
+        return run(QStringLiteral("SELECT last_insert_rowid()")).rows.value(0).value(0);
+    }
+
     virtual TableInfo tableInfo(const QString& table) = 0;
     // Whether the statements may call the functions of tsqlfunctions.h.
     virtual bool hasTsqlFunctions() const { return false; }

@@ -6,6 +6,12 @@
 
 namespace tarvello::db {
 
+namespace {
+
+constexpr qsizetype columnsFoundByScan = 16;
+
+} // namespace
+
 void RowStore::reset(QList<PackedRow> rows)
 {
     m_textIndexes.clear();
@@ -129,6 +135,10 @@ int RowStore::columnIndex(QStringView name) const
 void RowStore::indexColumns()
 {
     m_columnIndex.clear();
+    // A few names are found as fast by comparing them all; a hash's first storage is a large
+    // allocation, which costs a lookup of one row more than reading it.
+    if (columns.size() <= columnsFoundByScan)
+        return;
     for (int i = 0; i < columns.size(); ++i)
         m_columnIndex.insert(columns[i].name.toUpper(), i);
 }

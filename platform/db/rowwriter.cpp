@@ -89,16 +89,31 @@ QString RowWriter::keyCondition(const RowStore::Row& row, ValueList& parameters)
 
 RowWriter::Result RowWriter::insert(const RowStore::Row& row)
 {
-    QStringList columns;
+    QList<int> filled;
     ValueList values;
+    filled.reserve(m_writable.size());
+    values.reserve(m_writable.size());
     for (int i : std::as_const(m_writable)) {
         Value value = row.values.at(i);
         if (i == m_identityIndex || value.isEmpty())
             continue;
-        columns << m_columns[i].baseColumn;
+        filled << i;
         values << std::move(value);
     }
-    return {Outcome::Written, m_connection.insertRow(m_table, columns, values, m_identity)};
+    return {Outcome::Written,
+            m_connection.insertRow(insertStatement(filled), values, !m_identity.isEmpty())};
+}
+
+QString RowWriter::insertStatement(const QList<int>& filled)
+{
+    QString& sql = m_inserts[filled];
+    if (sql.isEmpty()) {
+        QStringList columns;
+        for (int i : filled)
+            columns << m_columns[i].baseColumn;
+        sql = m_connection.insertStatement(m_table, columns, m_identity);
+    }
+    return sql;
 }
 
 RowWriter::Outcome RowWriter::update(const RowStore::Row& row)

@@ -34,6 +34,7 @@ private:
     void addConditionParameters(ValueList& parameters, const Value& value) const;
     QString keyCondition(const RowStore::Row& row, ValueList& parameters) const;
     Result insert(const RowStore::Row& row);
+    QString insertStatement(const QList<int>& filled);
     Outcome update(const RowStore::Row& row);
     Outcome remove(const RowStore::Row& row);
     QString updateStatement(const QList<int>& changed);
@@ -50,6 +51,8 @@ private:
     int m_identityIndex = -1;
     // Rows changed in the same columns share one statement text (and prepared statement).
     QHash<QList<int>, QString> m_updates;
+    // So do rows inserted with the same columns filled.
+    QHash<QList<int>, QString> m_inserts;
     QString m_delete;
 };
 

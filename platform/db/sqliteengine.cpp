@@ -1,7 +1,9 @@
 #include "platform/db/sqliteengine.h"
 
 #include "platform/db/identifier.h"
+#include "platform/db/liftedconstants.h"
 #include "platform/db/tsqlfunctions.h"
+#include "platform/db/tsqlrewriter.h"
 
 #include <sqlite3.h>
 
@@ -10,6 +12,7 @@ namespace tarvello::db {
 namespace {
 
 constexpr auto isoFormat = "yyyy-MM-ddTHH:mm:ss";
+constexpr qsizetype maxLiftedStatements = 64;
 
 QString columnText(sqlite3_stmt* statement, int column)
 {
@@ -82,6 +85,7 @@ SqliteEngine::~SqliteEngine()
 {
     for (sqlite3_stmt* statement : std::as_const(m_statements))
         sqlite3_finalize(statement);
+    forgetLifted();
     sqlite3_close(m_db);
 }
 
@@ -125,6 +129,26 @@ sqlite3_stmt* SqliteEngine::prepare(const QString& sql)
     }
     m_statements.insert(sql, statement);
     return statement;
+}
+
+sqlite3_stmt* SqliteEngine::prepareLifted(const QString& sql)
+{
+    if (sqlite3_stmt* kept = m_lifted.value(sql))
+        return kept;
+    if (m_lifted.size() >= maxLiftedStatements)
+        forgetLifted();
+    sqlite3_stmt* statement = prepare(sql);
+    // prepare() keeps what it made among the parameterised statements: it is kept here.
+    m_statements.remove(sql);
+    m_lifted.insert(sql, statement);
+    return statement;
+}
+
+void SqliteEngine::forgetLifted()
+{
+    for (sqlite3_stmt* statement : std::as_const(m_lifted))
+        sqlite3_finalize(statement);
+    m_lifted.clear();
 }
 
 void SqliteEngine::bind(sqlite3_stmt* statement, const ValueList& parameters, const QString& sql)
@@ -187,14 +211,24 @@ void SqliteEngine::runDirect(const QString& sql, RowSink& rows)
 
 qint64 SqliteEngine::execute(const QString& sql, const ValueList& parameters, RowSink& rows)
 {
-    sqlite3_stmt* statement = prepare(sql);
+    if (!parameters.isEmpty())
+        return execute(prepare(sql), sql, parameters, rows, true);
+    if (const std::optional<LiftedStatement> lifted = liftComparedConstants(sql))
+        return execute(prepareLifted(lifted->sql), lifted->sql, lifted->parameters, rows, true);
+    if (mayChangeSchema(sql))
+        forgetLifted();
+    // Statements built with their values in the text are seldom sent twice: only the
+    // parameterised ones stay prepared.
+    return execute(prepare(sql), sql, {}, rows, false);
+}
+
+qint64 SqliteEngine::execute(sqlite3_stmt* statement, const QString& sql,
+                             const ValueList& parameters, RowSink& rows, bool keep)
+{
     if (!statement) {
         rows.columns({});
         return -1;
     }
-    // Statements built with their values in the text are seldom sent twice: only the
-    // parameterised ones stay prepared.
-    const bool keep = !parameters.isEmpty();
     struct Finish {
         SqliteEngine* engine;
         sqlite3_stmt* statement;
@@ -270,6 +304,7 @@ void SqliteEngine::refuseWritesIfMoved() const
 
 void SqliteEngine::rollback()
 {
+    forgetLifted();
     if (transactionOpen())
         exec("ROLLBACK");
 }
@@ -277,6 +312,11 @@ void SqliteEngine::rollback()
 bool SqliteEngine::transactionOpen()
 {
     return sqlite3_get_autocommit(m_db) == 0;
+}
+
+Value SqliteEngine::lastInsertRowId()
+{
+    return qint64(sqlite3_last_insert_rowid(m_db));
 }
 
 TableInfo SqliteEngine::tableInfo(const QString& table)

@@ -30,13 +30,23 @@ public:
     void commit() override;
     void rollback() override;
     bool transactionOpen() override;
+    Value lastInsertRowId() override;
     TableInfo tableInfo(const QString& table) override;
     bool hasTsqlFunctions() const override { return true; }
 
 private:
     // Runs one statement, its rows to `rows`; the rows it changed.
     qint64 execute(const QString& sql, const ValueList& parameters, RowSink& rows);
+    // The same with the statement prepared; one not kept is finalized once run.
+    qint64 execute(sqlite3_stmt* statement, const QString& sql, const ValueList& parameters,
+                   RowSink& rows, bool keep);
     sqlite3_stmt* prepare(const QString& sql);
+    // The statement for a lifted query, kept while few enough: a walk of thousands of
+    // lookups prepares each question once, and texts whose other parts vary do not pile up.
+    sqlite3_stmt* prepareLifted(const QString& sql);
+    // After a change of the schema (or its undoing) a kept statement may describe columns
+    // that are no longer there until it runs again.
+    void forgetLifted();
     [[noreturn]] void fail(const QString& sql) const;
     void bind(sqlite3_stmt* statement, const ValueList& parameters, const QString& sql);
     void exec(const char* sql);
@@ -44,6 +54,7 @@ private:
 
     sqlite3* m_db = nullptr;                    // Owned.
     QHash<QString, sqlite3_stmt*> m_statements; // Owned: finalized on destruction.
+    QHash<QString, sqlite3_stmt*> m_lifted;     // Owned: finalized on destruction.
 };
 
 // The table description SQLite gives, through any engine speaking to a SQLite database.

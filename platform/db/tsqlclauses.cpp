@@ -187,9 +187,9 @@ std::optional<QString> temporaryLookupIndex(const Statement& s, int first)
         return std::nullopt;
     const QString name = s.bareName(table);
     const QString field = s.bareName(column);
-    return QStringLiteral("CREATE INDEX IF NOT EXISTS temp.") +
-           quoteIdentifier(name + u'_' + field) + QStringLiteral(" ON ") + quoteIdentifier(name) +
-           QStringLiteral(" (") + quoteIdentifier(field) + u')';
+    return temporaryLookupIndexPrefix.toString() + quoteIdentifier(name + u'_' + field) +
+           QStringLiteral(" ON ") + quoteIdentifier(name) + QStringLiteral(" (") +
+           quoteIdentifier(field) + u')';
 }
 
 // "IF OBJECT_ID('tempdb..#T'[, 'U']) IS NOT NULL [BEGIN] DROP TABLE #T [;] [END]".

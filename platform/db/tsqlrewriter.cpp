@@ -110,4 +110,14 @@ QStringList TsqlRewriter::rewrite(const QString& tsql) const
     return statements;
 }
 
+bool mayChangeSchema(QStringView statement)
+{
+    const QStringView text = statement.trimmed();
+    for (QStringView word : {u"CREATE", u"DROP", u"ALTER", u"ROLLBACK"}) {
+        if (text.startsWith(word, Qt::CaseInsensitive))
+            return true;
+    }
+    return false;
+}
+
 } // namespace tarvello::db

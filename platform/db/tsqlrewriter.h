@@ -41,4 +41,13 @@ private:
     UndecidedPlus m_undecidedPlus;
 };
 
+// The rewriting of a lookup of a #temp table by one column starts with the statement making
+// the table's index on that column, which begins with this text. Once made, the index stands
+// until the schema changes (mayChangeSchema): a connection need not send it again before then.
+inline constexpr QStringView temporaryLookupIndexPrefix = u"CREATE INDEX IF NOT EXISTS temp.";
+
+// Whether a SQLite statement may change the schema: it creates, drops or alters, or it rolls
+// back what may have done so.
+bool mayChangeSchema(QStringView statement);
+
 } // namespace tarvello::db

@@ -233,18 +233,14 @@ void GestAnagrafica::updateBatch()
     if (!alive())
         return;
     const db::RecordsetPtr rows = m_recordset;
+    // A batch write the handler tried reads the rows again, written or refused.
     bool touched = false;
     QMetaObject::Connection watch;
-    QMetaObject::Connection watchAdded;
-    if (rows) {
+    if (rows)
         watch =
             connect(rows.get(), &db::Recordset::rowsReset, this, [&touched] { touched = true; });
-        watchAdded =
-            connect(rows.get(), &db::Recordset::rowAppended, this, [&touched] { touched = true; });
-    }
     raise("UpdateBatchAll", [&] { Q_EMIT UpdateBatchAll(); });
     disconnect(watch);
-    disconnect(watchAdded);
     // A handler that left the person's changes pending without even trying to write them
     // (its procedure had no branch for what the frame holds) would lose them without a word.
     // Showing nothing, the frame holds only rows confirmed or deleted: it writes them itself.

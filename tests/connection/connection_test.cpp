@@ -150,6 +150,51 @@ TEST_P(ConnectionTest, InsertRowReadsTheIdentityBack)
     EXPECT_EQ(info.column(u"T1_KIND")->defaultValue, Value(-1));
 }
 
+TEST_P(ConnectionTest, LookupsByConstantsKeepTheirMeaningAndIndexAcrossSchemaChanges)
+{
+    const auto one = [this](const char* tsql) {
+        return db().query(QString::fromLatin1(tsql)).rows.value(0);
+    };
+    db().executeNonQuery(QStringLiteral("INSERT INTO T1 (T1_CODE, T1_KIND) VALUES ('5', 1)"));
+    db().executeNonQuery(QStringLiteral("INSERT INTO T1 (T1_CODE, T1_KIND) VALUES ('O''B', 2)"));
+    // A number compared with a text column matches its text, as its literal does.
+    EXPECT_EQ(one("SELECT T1_KIND FROM T1 WHERE T1_CODE = 5"), ValueList{1});
+    EXPECT_EQ(one("SELECT T1_KIND FROM T1 WHERE T1_CODE = 'O''B'"), ValueList{2});
+    EXPECT_EQ(one("SELECT T1_KIND FROM T1 WHERE T1_CODE = 'O''B' AND T1_KIND = 1"), ValueList{});
+    EXPECT_EQ(db().query(QStringLiteral("SELECT T1_KIND > 1 FROM T1 WHERE T1_KIND = 2"))
+                  .columns.value(0)
+                  .name,
+              QStringLiteral("T1_KIND > 1"));
+
+    // The same lookup of a temporary table made again with other columns reads the new ones.
+    db().executeNonQuery(QStringLiteral("SELECT T1_ID, T1_CODE INTO #L FROM T1"));
+    EXPECT_EQ(one("SELECT * FROM #L WHERE T1_CODE = '5'").size(), 2);
+    db().executeNonQuery(QStringLiteral("DROP TABLE #L"));
+    db().executeNonQuery(QStringLiteral("SELECT T1_ID, T1_CODE, T1_KIND INTO #L FROM T1"));
+    EXPECT_EQ(one("SELECT * FROM #L WHERE T1_CODE = 'O''B'").value(2), Value(2));
+    if (db().dialect() != Dialect::Sqlite)
+        return;
+    // The index a lookup of a temporary table makes stands again after the table was made
+    // again, and after a rollback undid it.
+    const auto indexes = [this] {
+        return db()
+            .query(QStringLiteral("SELECT COUNT(*) FROM sqlite_temp_master WHERE type = 'index'"))
+            .rows.value(0)
+            .value(0);
+    };
+    EXPECT_EQ(indexes(), Value(1));
+    db().executeNonQuery(QStringLiteral("DROP TABLE #L"));
+    db().executeNonQuery(QStringLiteral("SELECT T1_ID, T1_CODE INTO #L FROM T1"));
+    {
+        TransactionGuard undone(db());
+        one("SELECT T1_ID FROM #L WHERE T1_CODE = '5'");
+        EXPECT_EQ(indexes(), Value(1));
+    }
+    EXPECT_EQ(indexes(), Value(0));
+    one("SELECT T1_ID FROM #L WHERE T1_CODE = '5'");
+    EXPECT_EQ(indexes(), Value(1));
+}
+
 INSTANTIATE_TEST_SUITE_P(Targets, ConnectionTest, ::testing::ValuesIn(test::databaseTargets()),
                          [](const auto& info) { return test::targetName(info.param); });
 

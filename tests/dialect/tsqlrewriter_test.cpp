@@ -1,3 +1,4 @@
+#include "platform/db/liftedconstants.h"
 #include "platform/db/tsqlrewriter.h"
 
 #include <QSet>
@@ -236,6 +237,21 @@ TEST(TsqlRewriter, withoutLookupTreatsOnlyKnownTextsAsText)
     const TsqlRewriter bare;
     EXPECT_EQ(bare.rewrite(QStringLiteral("SELECT a + b, a + 'x' FROM T")),
               QStringList{QStringLiteral("SELECT a + b, a || 'x' FROM T")});
+}
+
+TEST(LiftedConstants, bindsOnlyWholeConstantsComparedAfterTheFrom)
+{
+    const std::optional<LiftedStatement> lifted = liftComparedConstants(QStringLiteral(
+        "SELECT A = 1, 'x' FROM \"T=1\" WHERE B=7 AND C <> 'it''s' AND D >= -3 AND E = 1.5 "
+        "AND F IN (4, 5) AND G = (SELECT 2) -- H = 9\n AND I != 0x10 AND J<=12"));
+    ASSERT_TRUE(lifted);
+    EXPECT_EQ(lifted->sql.toStdString(),
+              "SELECT A = 1, 'x' FROM \"T=1\" WHERE B=? AND C <> ? AND D >= -3 AND E = 1.5 "
+              "AND F IN (4, 5) AND G = (SELECT 2) -- H = 9\n AND I != 0x10 AND J<=?");
+    EXPECT_EQ(lifted->parameters, (ValueList{7, QStringLiteral("it's"), 12}));
+    EXPECT_FALSE(liftComparedConstants(QStringLiteral("SELECT A FROM T WHERE B = ? AND C = 1")));
+    EXPECT_FALSE(liftComparedConstants(QStringLiteral("DELETE FROM T WHERE B = 1")));
+    EXPECT_FALSE(liftComparedConstants(QStringLiteral("SELECT A FROM T WHERE B = C")));
 }
 
 } // namespace
