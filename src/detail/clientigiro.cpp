@@ -190,7 +190,8 @@ void ClientiGiro::InserisciClientiNelGiro()
                 rs.setValue(u"MG1I_DITTA_CG18", m_schermata.Codice_Ditta());
                 rs.setValue(u"MG1I_GIRO_MG1H",
                             m_schermata.controllo<controls::Field>(u"TXT_GIRO").text());
-                rs.setValue(u"MG1I_IDAGENTE_MG17", MG17_IDAGENTE(m_schermata));
+                rs.setValue(u"MG1I_IDAGENTE_MG17",
+                            MG17_IDAGENTE(m_schermata.postoGestione(FRMMG_AGENTI::Agenti)));
                 rs.setValue(u"MG1I_TIPOCF_CG44", 0);
                 rs.setValue(u"MG1I_PROGRESSIVO", ProgressivoNuovaRiga(rs));
                 rs.setValue(u"MG1I_CLIFOR_CG44", c);

@@ -94,9 +94,11 @@ bool ControlloRigaGiro::ClienteGiaPresente(qint64 cliente, const QString& /*giro
     bool presente = false;
     ignoreEachStep({
         [&] {
-            const db::ResultSet righe = m_schermata.connessione().query(
-                sql::clienteNeiGiriDellAgente(m_schermata.Codice_Ditta(), cliente,
-                                              idAgenteCorrente(m_schermata), destinazione(dest)));
+            const db::ResultSet righe =
+                m_schermata.connessione().query(sql::clienteNeiGiriDellAgente(
+                    m_schermata.Codice_Ditta(), cliente,
+                    idAgenteCorrente(m_schermata.postoGestione(FRMMG_AGENTI::Agenti)),
+                    destinazione(dest)));
             presente = !righe.rows.isEmpty();
         },
     });
@@ -196,7 +198,8 @@ void ControlloRigaGiro::FME_GestAnagrafica5_BeforeUpdate(frame::CancelArgs& args
                 const bool accettato = domanda(2, [&]() -> std::optional<QString> {
                     const db::ResultSet legato =
                         m_schermata.connessione().query(sql::clienteDellAgente(
-                            m_schermata.Codice_Ditta(), cliente, idAgenteCorrente(m_schermata)));
+                            m_schermata.Codice_Ditta(), cliente,
+                            idAgenteCorrente(m_schermata.postoGestione(FRMMG_AGENTI::Agenti))));
                     if (!legato.rows.isEmpty())
                         return std::nullopt;
                     return catalogo(NonTraGliAgenti, {testo(cliente), descrizioneCliente(cliente)});
@@ -205,9 +208,11 @@ void ControlloRigaGiro::FME_GestAnagrafica5_BeforeUpdate(frame::CancelArgs& args
             },
             [&] {
                 const bool accettato = domanda(3, [&]() -> std::optional<QString> {
-                    const db::ResultSet altri = m_schermata.connessione().query(
-                        sql::clienteDiAltriAgenti(m_schermata.Codice_Ditta(), cliente,
-                                                  idAgenteCorrente(m_schermata), dest));
+                    const db::ResultSet altri =
+                        m_schermata.connessione().query(sql::clienteDiAltriAgenti(
+                            m_schermata.Codice_Ditta(), cliente,
+                            idAgenteCorrente(m_schermata.postoGestione(FRMMG_AGENTI::Agenti)),
+                            dest));
                     if (altri.rows.isEmpty())
                         return std::nullopt;
                     const int colonnaGiro = altri.columnIndex(u"MG1I_GIRO_MG1H");
@@ -241,7 +246,10 @@ void ControlloRigaGiro::FME_GestAnagrafica5_BeforeUpdate(frame::CancelArgs& args
                 rs->setValue(u"MG1I_GIRO_MG1H",
                              m_schermata.controllo<controls::Field>(u"TXT_GIRO").text());
             },
-            [&] { rs->setValue(u"MG1I_IDAGENTE_MG17", idAgenteCorrente(m_schermata)); },
+            [&] {
+                rs->setValue(u"MG1I_IDAGENTE_MG17",
+                             idAgenteCorrente(m_schermata.postoGestione(FRMMG_AGENTI::Agenti)));
+            },
             [&] { rs->setValue(u"MG1I_TIPOCF_CG44", 0); },
             [&] {
                 if (CDecN(rs->value(u"MG1I_PROGRESSIVO")).toInt64() == 0)

@@ -103,7 +103,8 @@ void GiriVisite::ImpostaElencoGiri()
             [&] { m_elencoGiri.reset(); },
             [&] {
                 giri = m_schermata.connessione().query(sql::elencoGiriAgente(
-                    m_schermata.Codice_Ditta(), idAgenteCorrente(m_schermata)));
+                    m_schermata.Codice_Ditta(),
+                    idAgenteCorrente(m_schermata.postoGestione(FRMMG_AGENTI::Agenti))));
             },
             [&] {
                 m_elencoGiri = db::Recordset::create();
@@ -201,7 +202,7 @@ void GiriVisite::CaricaDettaglioGiro()
 {
     const QString giro =
         RTrimN(m_schermata.controllo<controls::Field>(u"TXT_GIRO").text()).toString();
-    const qint64 agente = idAgenteCorrente(m_schermata);
+    const qint64 agente = idAgenteCorrente(m_schermata.postoGestione(FRMMG_AGENTI::Agenti));
     m_schermata.gestione(FRMMG_AGENTI::DettaglioGiri)
         .reopen(sql::dettaglioGiriDelGiro(m_schermata.Codice_Ditta(), agente, giro));
     const db::RecordsetPtr righe = m_schermata.Grst_GestAnagrafica(FRMMG_AGENTI::DettaglioGiri);
@@ -300,7 +301,10 @@ void GiriVisite::FME_GestAnagrafica5_AfterAddNew(int fenm_operationresult)
         m_schermata.FME_GestAnagrafica(FRMMG_AGENTI::DettaglioGiri)->recordset();
     ignoreEachStep({
         [&] { righe->setValue(u"MG1I_DITTA_CG18", m_schermata.Codice_Ditta()); },
-        [&] { righe->setValue(u"MG1I_IDAGENTE_MG17", MG17_IDAGENTE(m_schermata)); },
+        [&] {
+            righe->setValue(u"MG1I_IDAGENTE_MG17",
+                            MG17_IDAGENTE(m_schermata.postoGestione(FRMMG_AGENTI::Agenti)));
+        },
         [&] { righe->setValue(u"MG1I_GIRO_MG1H", RTrimN(m_giroCorrente)); },
     });
 }
@@ -334,7 +338,8 @@ void GiriVisite::FME_GestAnagrafica5_UpdateBatchAll()
         [&] { griglia.setDataSource(nullptr); },
         [&] { dettaglio.setRecordset(nullptr); },
         [&] {
-            scriviInBlocco(m_schermata, *righe, QStringLiteral("il dettaglio dei giri visite"));
+            scriviInBlocco(m_schermata.ambiente(), *righe,
+                           QStringLiteral("il dettaglio dei giri visite"));
         },
         [&] { dettaglio.setRecordset(righe); },
         [&] { griglia.setDataSource(righe); },
