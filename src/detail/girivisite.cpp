@@ -36,7 +36,9 @@ host::LookupDecoder& decodificatore(host::LookupDecoder* oggetto, const char* no
 
 GiriVisite::GiriVisite(FRMMG_AGENTI& schermata)
     : m_schermata(schermata)
-    , m_controllo(std::make_unique<ControlloRigaGiro>(schermata))
+    , m_controllo(std::make_unique<ControlloRigaGiro>(
+          schermata.controlli().giriVisite.TXT_GIRO, schermata.postoGestione(FRMMG_AGENTI::Agenti),
+          schermata.postoGestione(FRMMG_AGENTI::DettaglioGiri), schermata.ambiente()))
     , m_righe(std::make_unique<RigheGiro>(schermata))
     , m_ordine(std::make_unique<OrdineGiro>(schermata.controlli().ordineGiro,
                                             schermata.postoGestione(FRMMG_AGENTI::DettaglioGiri)))
@@ -360,8 +362,9 @@ void GiriVisite::GRD_DETTAGLIOGIRI_CellText(controls::CellTextArgs& args)
         [&] {
             if (NvlN(args.text, QString()).toString().isEmpty())
                 return Flow::Leave;
-            args.text = descrizioneDecodificata(m_schermata, m_schermata.decodificatoreClienti(),
-                                                DefinizioneClienti, args.value);
+            args.text =
+                descrizioneDecodificata(m_schermata.ambiente(), m_schermata.decodificatoreClienti(),
+                                        DefinizioneClienti, args.value);
             return Flow::Next;
         },
     });

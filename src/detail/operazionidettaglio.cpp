@@ -11,9 +11,14 @@
 
 namespace tarvello::agenti {
 
+db::RecordsetPtr righeDi(const frame::GestAnagrafica* gestione)
+{
+    return gestione ? gestione->recordset() : nullptr;
+}
+
 db::Value MG17_IDAGENTE(const frame::GestAnagrafica* agenti)
 {
-    const db::RecordsetPtr righe = agenti ? agenti->recordset() : nullptr;
+    const db::RecordsetPtr righe = righeDi(agenti);
     if (!righe)
         oggettoMancante(QStringLiteral("Grst_GestAnagrafica1"));
     // The agent frame adds its new row only once it is edited: until then it stands for a

@@ -13,6 +13,9 @@ namespace tarvello::agenti {
 
 class AmbienteAgenti;
 
+// The rows a record frame holds; none while the screen has no such frame.
+db::RecordsetPtr righeDi(const frame::GestAnagrafica* gestione);
+
 // The id of the agent on view as the agents frame's row holds it: Null for a new agent not
 // saved yet. A run-time error while the screen has no agents frame.
 db::Value MG17_IDAGENTE(const frame::GestAnagrafica* agenti);

@@ -37,6 +37,14 @@ ControlliAgenti controlliAgenti(const controls::Form& schermata)
                 .GRD_DETTAGLIOGIRI = controlloDi<Grid>(schermata, u"GRD_DETTAGLIOGIRI"),
                 .INTERNAV = controlloDi<Navigator>(schermata, u"INTERNAV"),
             },
+        .giriVisite =
+            {
+                .GRD_GIRI = controlloDi<Grid>(schermata, u"GRD_GIRI"),
+                .TXT_GIRO = controlloDi<Field>(schermata, u"TXT_GIRO"),
+                .TXT_DESCGIRO = controlloDi<Field>(schermata, u"TXT_DESCGIRO"),
+                .GRD_DETTAGLIOGIRI = controlloDi<Grid>(schermata, u"GRD_DETTAGLIOGIRI"),
+                .TXT_CLIENTE = controlloDi<Field>(schermata, u"TXT_CLIENTE"),
+            },
         .tentataVendita =
             {
                 .CHK_TVINDXH = controlloDi<CheckBox>(schermata, u"CHK_TVINDXH"),

@@ -41,6 +41,16 @@ struct ControlliOrdineGiro {
     controls::Navigator& INTERNAV;
 };
 
+// The routes page: the agent's routes, the route on view with its description, the customers
+// of that route and the customer field the route-detail frame's status enables.
+struct ControlliGiriVisite {
+    controls::Grid& GRD_GIRI;
+    controls::Field& TXT_GIRO;
+    controls::Field& TXT_DESCGIRO;
+    controls::Grid& GRD_DETTAGLIOGIRI;
+    controls::Field& TXT_CLIENTE;
+};
+
 // The van-sales page: the depot and register fields with their descriptions, the last field
 // of the page and the navigator its exit key presses.
 struct ControlliTentataVendita {
@@ -96,6 +106,7 @@ struct ControlliAgenti {
     ControlliSoci soci;
     ControlliMaturazione maturazione;
     ControlliOrdineGiro ordineGiro;
+    ControlliGiriVisite giriVisite;
     ControlliTentataVendita tentataVendita;
     ControlliProvvigioni provvigioni;
     ControlliClassificazioni classificazioni;
