@@ -39,7 +39,9 @@ GiriVisite::GiriVisite(FRMMG_AGENTI& schermata)
     , m_controllo(std::make_unique<ControlloRigaGiro>(
           schermata.controlli().giriVisite.TXT_GIRO, schermata.postoGestione(FRMMG_AGENTI::Agenti),
           schermata.postoGestione(FRMMG_AGENTI::DettaglioGiri), schermata.ambiente()))
-    , m_righe(std::make_unique<RigheGiro>(schermata))
+    , m_righe(std::make_unique<RigheGiro>(schermata.controlli().righeGiro,
+                                          schermata.postoGestione(FRMMG_AGENTI::DettaglioGiri),
+                                          schermata.ambiente()))
     , m_ordine(std::make_unique<OrdineGiro>(schermata.controlli().ordineGiro,
                                             schermata.postoGestione(FRMMG_AGENTI::DettaglioGiri)))
     , m_clienti(std::make_unique<ClientiGiro>(schermata, *this))

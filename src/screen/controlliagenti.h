@@ -51,6 +51,25 @@ struct ControlliGiriVisite {
     controls::Field& TXT_CLIENTE;
 };
 
+// The customer rows of the route on view: the customer with the fields its decoding fills, the
+// destination with its description, the route detail's navigator, grid and clearing button,
+// and the navigator whose change indicator the clearing lights.
+struct ControlliRigheGiro {
+    controls::Field& TXT_CLIENTE;
+    controls::Field& TXT_C_RAGSOC;
+    controls::Field& TXT_C_INDIRIZZO;
+    controls::Field& TXT_C_CAP;
+    controls::Field& TXT_C_CITTA;
+    controls::Field& TXT_C_PR;
+    controls::Field& TXT_C_PIVA;
+    controls::Field& TXT_MG1I_CODDEST_MG22;
+    controls::Field& TXT_DESCRDEST;
+    controls::Navigator& GRIDNAV_GIRI;
+    controls::Button& CMD_AZZERRAGIRO;
+    controls::Grid& GRD_DETTAGLIOGIRI;
+    controls::Navigator& INTERNAV;
+};
+
 // The van-sales page: the depot and register fields with their descriptions, the last field
 // of the page and the navigator its exit key presses.
 struct ControlliTentataVendita {
@@ -107,6 +126,7 @@ struct ControlliAgenti {
     ControlliMaturazione maturazione;
     ControlliOrdineGiro ordineGiro;
     ControlliGiriVisite giriVisite;
+    ControlliRigheGiro righeGiro;
     ControlliTentataVendita tentataVendita;
     ControlliProvvigioni provvigioni;
     ControlliClassificazioni classificazioni;
