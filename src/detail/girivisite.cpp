@@ -44,7 +44,9 @@ GiriVisite::GiriVisite(FRMMG_AGENTI& schermata)
                                           schermata.ambiente()))
     , m_ordine(std::make_unique<OrdineGiro>(schermata.controlli().ordineGiro,
                                             schermata.postoGestione(FRMMG_AGENTI::DettaglioGiri)))
-    , m_clienti(std::make_unique<ClientiGiro>(schermata, *this))
+    , m_clienti(std::make_unique<ClientiGiro>(
+          schermata.controlli().clientiGiro, *this, schermata.postoGestione(FRMMG_AGENTI::Agenti),
+          schermata.postoGestione(FRMMG_AGENTI::DettaglioGiri), schermata.ambiente()))
 {}
 
 GiriVisite::~GiriVisite() = default;

@@ -61,6 +61,12 @@ ControlliAgenti controlliAgenti(const controls::Form& schermata)
                 .GRD_DETTAGLIOGIRI = controlloDi<Grid>(schermata, u"GRD_DETTAGLIOGIRI"),
                 .INTERNAV = controlloDi<Navigator>(schermata, u"INTERNAV"),
             },
+        .clientiGiro =
+            {
+                .TXT_GIRO = controlloDi<Field>(schermata, u"TXT_GIRO"),
+                .TXT_AGENTE = controlloDi<Field>(schermata, u"TXT_AGENTE"),
+                .CMD_MULTICLI = controlloDi<Button>(schermata, u"CMD_MULTICLI"),
+            },
         .tentataVendita =
             {
                 .CHK_TVINDXH = controlloDi<CheckBox>(schermata, u"CHK_TVINDXH"),

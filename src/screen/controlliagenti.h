@@ -70,6 +70,14 @@ struct ControlliRigheGiro {
     controls::Navigator& INTERNAV;
 };
 
+// What brings customers into the route on view: the route field, whose management key opens
+// the routes management, the agent whose customer list is asked for, and the button that asks.
+struct ControlliClientiGiro {
+    controls::Field& TXT_GIRO;
+    controls::Field& TXT_AGENTE;
+    controls::Button& CMD_MULTICLI;
+};
+
 // The van-sales page: the depot and register fields with their descriptions, the last field
 // of the page and the navigator its exit key presses.
 struct ControlliTentataVendita {
@@ -127,6 +135,7 @@ struct ControlliAgenti {
     ControlliOrdineGiro ordineGiro;
     ControlliGiriVisite giriVisite;
     ControlliRigheGiro righeGiro;
+    ControlliClientiGiro clientiGiro;
     ControlliTentataVendita tentataVendita;
     ControlliProvvigioni provvigioni;
     ControlliClassificazioni classificazioni;
