@@ -71,7 +71,9 @@ const Dettaglio& dettaglio(int gestione)
 
 DettagliAgente::DettagliAgente(FRMMG_AGENTI& schermata)
     : m_schermata(schermata)
-    , m_giri(std::make_unique<GiriVisite>(schermata))
+    , m_giri(std::make_unique<GiriVisite>(
+          schermata.controlli(), schermata.postoGestione(FRMMG_AGENTI::Agenti),
+          schermata.postoGestione(FRMMG_AGENTI::DettaglioGiri), schermata.ambiente()))
     , m_soci(std::make_unique<SociAgente>(schermata.controlli().soci,
                                           schermata.postoGestione(FRMMG_AGENTI::Soci), *this,
                                           schermata.errori()))
