@@ -88,7 +88,10 @@ FRMMG_AGENTI::FRMMG_AGENTI(QObject* parent)
     , m_controlli(disponiControlli(*this))
     , m_albero(std::make_unique<AlberoAgenti>(*this))
     , m_dettagli(std::make_unique<DettagliAgente>(*this))
-    , m_scheda(std::make_unique<SchedaAgente>(*this))
+    , m_scheda(std::make_unique<SchedaAgente>(
+          m_controlli.identita, m_controlli.recordAgente, m_gestioni,
+          PartiScheda{*m_albero, *m_dettagli, m_collegate, m_provvigioni}, *this, m_log,
+          m_ambiente))
     , m_navigazione(std::make_unique<NavigazioneAgenti>(*this))
     , m_collegate(std::make_unique<GestioniCollegate>(*this))
     , m_classificazioni(std::make_unique<Classificazioni>(m_controlli.classificazioni, m_ambiente))

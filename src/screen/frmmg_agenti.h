@@ -115,11 +115,9 @@ public:
     // or after the unload.
     host::LookupDecoder* decodificatoreClienti() const { return m_oggetti.clienti.get(); }
     host::LookupDecoder* decodificatoreGiri() const { return m_oggetti.giri.get(); }
-    // The lookup-and-decode objects of the agents (agent lists and typologies) and of the
-    // suppliers; none before the load or after the unload. The others are reached through
-    // ambiente().decodificatori().
+    // The lookup-and-decode object of the agents (agent lists and typologies); none before the
+    // load or after the unload. The others are reached through ambiente().decodificatori().
     host::LookupDecoder* decodificatoreAgenti() const { return m_oggetti.agenti.get(); }
-    host::LookupDecoder* decodificatoreFornitori() const { return m_oggetti.fornitori.get(); }
     // The payment-type names, index 0 "Contanti" to 16 "Solo descrittivo".
     const QStringList& tipiEffetti() const { return m_tipiEffetti; }
     bool CambioTabDaCodice() const { return m_cambioTabDaCodice; }
