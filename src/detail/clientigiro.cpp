@@ -2,7 +2,9 @@
 
 #include "platform/controls/button.h"
 #include "platform/controls/field.h"
+#include "platform/controls/form.h"
 #include "platform/frame/gestanagrafica.h"
+#include "src/common/errorreporter.h"
 #include "src/common/errorstyles.h"
 #include "src/common/richiesto.h"
 #include "src/common/valuehelpers.h"
@@ -15,7 +17,7 @@
 #include "src/host/hostobjects.h"
 #include "src/host/navigator.h"
 #include "src/host/warehouseconnection.h"
-#include "src/screen/frmmg_agenti.h"
+#include "src/screen/ambienteagenti.h"
 
 #include <QSet>
 
@@ -28,9 +30,9 @@ bool vuoto(const db::Recordset& righe)
     return righe.bof() && righe.eof();
 }
 
-QString testoCampo(const FRMMG_AGENTI& schermata, QStringView nome)
+QString testoCampo(const controls::Field& campo)
 {
-    return RTrimN(schermata.controllo<controls::Field>(nome).text()).toString();
+    return RTrimN(campo.text()).toString();
 }
 
 // The customers and destinations the route holds, so that each one handed to it is looked up
@@ -49,29 +51,33 @@ QSet<ClienteDestinazione> clientiNelGiro(const db::Recordset& righe)
 
 } // namespace
 
-ClientiGiro::ClientiGiro(FRMMG_AGENTI& schermata, GiriVisite& giri)
-    : m_schermata(schermata)
+ClientiGiro::ClientiGiro(const ControlliClientiGiro& controlli, GiriVisite& giri,
+                         const QPointer<frame::GestAnagrafica>& agente,
+                         const QPointer<frame::GestAnagrafica>& dettaglio,
+                         const AmbienteAgenti& ambiente)
+    : m_controlli(controlli)
     , m_giri(giri)
+    , m_agente(agente)
+    , m_dettaglio(dettaglio)
+    , m_ambiente(ambiente)
 {}
 
 ClientiGiro::~ClientiGiro() = default;
 
 void ClientiGiro::collega()
 {
-    QObject::connect(&m_schermata.controllo<controls::Field>(u"TXT_GIRO"),
-                     &controls::Field::managementKeyPressed, &m_schermata,
+    QObject::connect(&m_controlli.TXT_GIRO, &controls::Field::managementKeyPressed, &m_contesto,
                      [this](const QString& tasto) {
                          if (tasto == u"Kgestione")
                              TXT_GIRO_Kgestione();
                      });
-    QObject::connect(&m_schermata.controllo<controls::Button>(u"CMD_MULTICLI"),
-                     &controls::Button::clicked, &m_schermata,
+    QObject::connect(&m_controlli.CMD_MULTICLI, &controls::Button::clicked, &m_contesto,
                      [this] { CMD_MULTICLI_ButtonClick(); });
 }
 
 host::WarehouseConnection& ClientiGiro::nuovaConnessione()
 {
-    m_connectMagazzino = m_schermata.globale().objects().newWarehouseConnection();
+    m_connectMagazzino = m_ambiente.globale().objects().newWarehouseConnection();
     host::WarehouseConnection& connessione =
         richiesto(m_connectMagazzino.get(), "Gcls_ConnectMagazzino");
     connessione.setDataTransferHandler(
@@ -82,18 +88,18 @@ host::WarehouseConnection& ClientiGiro::nuovaConnessione()
 void ClientiGiro::riprendiHost()
 {
     ignoreEachStep({
-        [&] { m_schermata.modulo().setIsActive(true); },
-        [&] { m_schermata.globale().setActiveModule(m_schermata.ActiveInterface()); },
-        [&] { m_schermata.navigatore().update(); },
+        [&] { m_ambiente.modulo().setIsActive(true); },
+        [&] { m_ambiente.globale().setActiveModule(m_ambiente.ActiveInterface()); },
+        [&] { m_ambiente.navigatore().update(); },
     });
 }
 
 bool ClientiGiro::senzaGiro() const
 {
-    if (!testoCampo(m_schermata, u"TXT_GIRO").isEmpty())
+    if (!testoCampo(m_controlli.TXT_GIRO).isEmpty())
         return false;
-    m_schermata.Gcls_Log()->message(QStringLiteral("Selezionare il giro"), host::Information,
-                                    m_schermata.caption());
+    m_ambiente.errori().log().message(QStringLiteral("Selezionare il giro"), host::Information,
+                                      m_ambiente.finestra().caption());
     return true;
 }
 
@@ -102,17 +108,17 @@ void ClientiGiro::TXT_GIRO_Kgestione()
     ignoreEachStep({
         [&] {
             host::WarehouseConnection& connessione = nuovaConnessione();
-            connessione.setModule(m_schermata.ActiveInterface());
-            connessione.setField(&m_schermata.controllo<controls::Field>(u"TXT_GIRO"));
-            connessione.setPosition(qint32(m_schermata.bounds().left()),
-                                    qint32(m_schermata.bounds().top()));
-            connessione.openRoutes(testoCampo(m_schermata, u"TXT_GIRO"));
+            connessione.setModule(m_ambiente.ActiveInterface());
+            connessione.setField(&m_controlli.TXT_GIRO);
+            const QRect posizione = m_ambiente.finestra().bounds();
+            connessione.setPosition(qint32(posizione.left()), qint32(posizione.top()));
+            connessione.openRoutes(testoCampo(m_controlli.TXT_GIRO));
         },
-        [&] { m_schermata.modulo().setIsActive(true); },
+        [&] { m_ambiente.modulo().setIsActive(true); },
         [&] { richiesto(m_connectMagazzino.get(), "Gcls_ConnectMagazzino").setModule(nullptr); },
         [&] { m_connectMagazzino.reset(); },
-        [&] { m_schermata.globale().setActiveModule(m_schermata.ActiveInterface()); },
-        [&] { m_schermata.navigatore().update(); },
+        [&] { m_ambiente.globale().setActiveModule(m_ambiente.ActiveInterface()); },
+        [&] { m_ambiente.navigatore().update(); },
     });
 }
 
@@ -134,7 +140,7 @@ void ClientiGiro::Gcls_ConnectMagazzino_DataTransfer(const host::WarehouseTransf
 
 void ClientiGiro::CMD_MULTICLI_ButtonClick()
 {
-    reportWithChoice(m_schermata.errori(), QStringLiteral("CMD_MULTICLI_ButtonClick"),
+    reportWithChoice(m_ambiente.errori(), QStringLiteral("CMD_MULTICLI_ButtonClick"),
                      {
                          [&] { RecuperaElencoClienti(); },
                          [&] { InserisciClientiNelGiro(); },
@@ -148,8 +154,8 @@ void ClientiGiro::RecuperaElencoClienti()
     ignoreEachStep({
         [&] {
             host::WarehouseConnection& connessione = nuovaConnessione();
-            connessione.setModule(m_schermata.ActiveInterface());
-            connessione.openCustomerList(testoCampo(m_schermata, u"TXT_AGENTE"));
+            connessione.setModule(m_ambiente.ActiveInterface());
+            connessione.openCustomerList(testoCampo(m_controlli.TXT_AGENTE));
         },
     });
     riprendiHost();
@@ -161,9 +167,8 @@ void ClientiGiro::InserisciClientiNelGiro()
         return;
     if (senzaGiro())
         return;
-    frame::GestAnagrafica& dettaglio = richiesto(
-        m_schermata.FME_GestAnagrafica(FRMMG_AGENTI::DettaglioGiri), "FME_GestAnagrafica5");
-    const db::RecordsetPtr righe = m_schermata.Grst_GestAnagrafica(FRMMG_AGENTI::DettaglioGiri);
+    frame::GestAnagrafica& dettaglio = richiesto(m_dettaglio.data(), "FME_GestAnagrafica5");
+    const db::RecordsetPtr righe = righeDi(m_dettaglio);
     bool aggiunti = false;
     leaveSilently({
         [&] {
@@ -187,10 +192,9 @@ void ClientiGiro::InserisciClientiNelGiro()
                     presenti = clientiNelGiro(rs);
                 }
                 rs.addNew();
-                rs.setValue(u"MG1I_DITTA_CG18", m_schermata.Codice_Ditta());
-                rs.setValue(u"MG1I_GIRO_MG1H",
-                            m_schermata.controllo<controls::Field>(u"TXT_GIRO").text());
-                rs.setValue(u"MG1I_IDAGENTE_MG17", MG17_IDAGENTE(m_schermata));
+                rs.setValue(u"MG1I_DITTA_CG18", m_ambiente.Codice_Ditta());
+                rs.setValue(u"MG1I_GIRO_MG1H", m_controlli.TXT_GIRO.text());
+                rs.setValue(u"MG1I_IDAGENTE_MG17", MG17_IDAGENTE(m_agente));
                 rs.setValue(u"MG1I_TIPOCF_CG44", 0);
                 rs.setValue(u"MG1I_PROGRESSIVO", ProgressivoNuovaRiga(rs));
                 rs.setValue(u"MG1I_CLIFOR_CG44", c);

@@ -1,8 +1,15 @@
 #pragma once
 
 #include "platform/db/recordset.h"
+#include "src/screen/controlliagenti.h"
 
+#include <QObject>
+#include <QPointer>
 #include <memory>
+
+namespace tarvello::frame {
+class GestAnagrafica;
+}
 
 namespace tarvello::host {
 class WarehouseConnection;
@@ -11,7 +18,7 @@ struct WarehouseTransfer;
 
 namespace tarvello::agenti {
 
-class FRMMG_AGENTI;
+class AmbienteAgenti;
 class GiriVisite;
 
 // What the routes page reaches through the host's warehouse connection: the routes
@@ -19,7 +26,9 @@ class GiriVisite;
 // inserted into the route on view ("Recupera elenco &clienti").
 class ClientiGiro {
 public:
-    ClientiGiro(FRMMG_AGENTI& schermata, GiriVisite& giri);
+    ClientiGiro(const ControlliClientiGiro& controlli, GiriVisite& giri,
+                const QPointer<frame::GestAnagrafica>& agente,
+                const QPointer<frame::GestAnagrafica>& dettaglio, const AmbienteAgenti& ambiente);
     ~ClientiGiro();
     ClientiGiro(const ClientiGiro&) = delete;
     ClientiGiro& operator=(const ClientiGiro&) = delete;
@@ -43,10 +52,16 @@ private:
     // No route on view: the person is told to choose one.
     bool senzaGiro() const;
 
-    FRMMG_AGENTI& m_schermata; // Not owned: the screen owns this.
-    GiriVisite& m_giri;        // Not owned: it owns this.
+    const ControlliClientiGiro m_controlli;
+    GiriVisite& m_giri; // Not owned: it owns this.
+    // Not owned: the screen's places of the agents frame and of the route-detail frame.
+    const QPointer<frame::GestAnagrafica>& m_agente;
+    const QPointer<frame::GestAnagrafica>& m_dettaglio;
+    const AmbienteAgenti& m_ambiente;                              // Not owned: the screen's.
     std::unique_ptr<host::WarehouseConnection> m_connectMagazzino; // Owned: the latest opening.
     db::RecordsetPtr m_elencoClienti;
+    // The handlers' connections end with this part.
+    QObject m_contesto;
 };
 
 } // namespace tarvello::agenti

@@ -1,8 +1,10 @@
 #include "src/detail/controllorigagiro.h"
 
 #include "platform/controls/field.h"
+#include "platform/controls/form.h"
 #include "platform/db/connection.h"
 #include "platform/frame/gestanagrafica.h"
+#include "src/common/errorreporter.h"
 #include "src/common/errorstyles.h"
 #include "src/common/richiesto.h"
 #include "src/common/valuehelpers.h"
@@ -13,9 +15,8 @@
 #include "src/host/hostobjects.h"
 #include "src/host/lookupdecoder.h"
 #include "src/host/messagecatalogue.h"
+#include "src/screen/ambienteagenti.h"
 #include "src/screen/codiciagente.h"
-#include "src/screen/frmmg_agenti.h"
-#include "src/screen/frmmg_messaggio.h"
 
 namespace tarvello::agenti {
 
@@ -47,42 +48,47 @@ qint16 ProgressivoNuovaRiga(const db::Recordset& righe)
     return qint16(righeMostrate <= 0 ? 1 : righeMostrate);
 }
 
-QString descrizioneDecodificata(FRMMG_AGENTI& schermata, host::LookupDecoder* oggetto,
+QString descrizioneDecodificata(const AmbienteAgenti& ambiente, host::LookupDecoder* oggetto,
                                 const QString& definizione, const db::Value& codice)
 {
     host::LookupDecoder& decodifica = richiesto(oggetto, "LookupDecoder");
     decodifica.prepareDecoding(definizione, codice, QString());
-    const db::ResultSet trovato = schermata.connessione().query(decodifica.query());
+    const db::ResultSet trovato = ambiente.connessione().query(decodifica.query());
     return trovato.rows.isEmpty() ? QString() : RTrimN(trovato.rows.first().value(0)).toString();
 }
 
-ControlloRigaGiro::ControlloRigaGiro(FRMMG_AGENTI& schermata)
-    : m_schermata(schermata)
+ControlloRigaGiro::ControlloRigaGiro(const controls::Field& giro,
+                                     const QPointer<frame::GestAnagrafica>& agente,
+                                     const QPointer<frame::GestAnagrafica>& dettaglio,
+                                     const AmbienteAgenti& ambiente)
+    : m_giro(giro)
+    , m_agente(agente)
+    , m_dettaglio(dettaglio)
+    , m_ambiente(ambiente)
 {}
 
 void ControlloRigaGiro::collega()
 {
-    if (frame::GestAnagrafica* dettaglio =
-            m_schermata.FME_GestAnagrafica(FRMMG_AGENTI::DettaglioGiri))
+    if (frame::GestAnagrafica* dettaglio = m_dettaglio)
         QObject::connect(
-            dettaglio, &frame::GestAnagrafica::BeforeUpdate, &m_schermata,
+            dettaglio, &frame::GestAnagrafica::BeforeUpdate, &m_contesto,
             [this](frame::CancelArgs& args) { FME_GestAnagrafica5_BeforeUpdate(args); });
 }
 
 void ControlloRigaGiro::ShowFormMsgBox(const QString& testo)
 {
-    reportWithChoice(m_schermata.errori(), QStringLiteral("ShowFormMsgBox"),
+    reportWithChoice(m_ambiente.errori(), QStringLiteral("ShowFormMsgBox"),
                      {
                          [&] {
                              m_memoria.ShowFormMsgBox(testo, [this](const QString& domanda) {
                                  FRMMG_MESSAGGIO dialogo;
-                                 dialogo.setCallingForm(&m_schermata);
-                                 dialogo.setTitolo(m_schermata.caption());
+                                 dialogo.setCallingForm(&m_risposta);
+                                 dialogo.setTitolo(m_ambiente.finestra().caption());
                                  dialogo.setMessaggio(domanda);
-                                 m_schermata.globale().objects().showQuestionDialog(dialogo);
+                                 m_ambiente.globale().objects().showQuestionDialog(dialogo);
                                  return MemoriaRisposte::Esito{
-                                     m_schermata.gIsInserisciClienteNelGiro(),
-                                     m_schermata.gIsNonRichiederePiu()};
+                                     m_risposta.gIsInserisciClienteNelGiro,
+                                     m_risposta.gIsNonRichiederePiu};
                              });
                          },
                      });
@@ -94,9 +100,9 @@ bool ControlloRigaGiro::ClienteGiaPresente(qint64 cliente, const QString& /*giro
     bool presente = false;
     ignoreEachStep({
         [&] {
-            const db::ResultSet righe = m_schermata.connessione().query(
-                sql::clienteNeiGiriDellAgente(m_schermata.Codice_Ditta(), cliente,
-                                              idAgenteCorrente(m_schermata), destinazione(dest)));
+            const db::ResultSet righe = m_ambiente.connessione().query(
+                sql::clienteNeiGiriDellAgente(m_ambiente.Codice_Ditta(), cliente,
+                                              idAgenteCorrente(m_agente), destinazione(dest)));
             presente = !righe.rows.isEmpty();
         },
     });
@@ -105,7 +111,7 @@ bool ControlloRigaGiro::ClienteGiaPresente(qint64 cliente, const QString& /*giro
 
 QString ControlloRigaGiro::descrizioneCliente(qint64 cliente)
 {
-    return descrizioneDecodificata(m_schermata, m_schermata.decodificatoreClienti(),
+    return descrizioneDecodificata(m_ambiente, m_ambiente.decodificatori().clienti.get(),
                                    QStringLiteral("LKP_CLIENTI"), cliente);
 }
 
@@ -143,24 +149,22 @@ void ControlloRigaGiro::FME_GestAnagrafica5_BeforeUpdate(frame::CancelArgs& args
     QString dest;
     QString descrizione;
     const auto catalogo = [this](int numero, const db::ValueList& parametri) {
-        return m_schermata.globale().messages().message(numero, parametri);
+        return m_ambiente.globale().messages().message(numero, parametri);
     };
     const auto rifiuta = [&args] {
         args.fbol_Cancel = true;
         return Flow::Leave;
     };
     reportWithChoice(
-        m_schermata.errori(), QStringLiteral("FME_GestAnagrafica5_BeforeUpdate"),
+        m_ambiente.errori(), QStringLiteral("FME_GestAnagrafica5_BeforeUpdate"),
         {
             [&] {
-                if (RTrimN(m_schermata.controllo<controls::Field>(u"TXT_GIRO").text())
-                        .toString()
-                        .isEmpty())
+                if (RTrimN(m_giro.text()).toString().isEmpty())
                     return rifiuta();
                 return Flow::Next;
             },
             [&] {
-                rs = m_schermata.Grst_GestAnagrafica(FRMMG_AGENTI::DettaglioGiri);
+                rs = righeDi(m_dettaglio);
                 richiesto(rs.get(), "Grst_GestAnagrafica5");
                 cliente = CDecN(rs->value(u"MG1I_CLIFOR_CG44")).toInt64();
                 dest = destinazione(rs->value(u"MG1I_CODDEST_MG22"));
@@ -169,9 +173,9 @@ void ControlloRigaGiro::FME_GestAnagrafica5_BeforeUpdate(frame::CancelArgs& args
             [&] {
                 if (!duplicatoNelGiro(*rs, cliente, dest))
                     return Flow::Next;
-                m_schermata.Gcls_Log()->message(
+                m_ambiente.errori().log().message(
                     QStringLiteral("Cliente già inserito nel giro corrente!"), host::Information,
-                    m_schermata.caption());
+                    m_ambiente.finestra().caption());
                 return rifiuta();
             },
             [&] {
@@ -195,8 +199,8 @@ void ControlloRigaGiro::FME_GestAnagrafica5_BeforeUpdate(frame::CancelArgs& args
             [&] {
                 const bool accettato = domanda(2, [&]() -> std::optional<QString> {
                     const db::ResultSet legato =
-                        m_schermata.connessione().query(sql::clienteDellAgente(
-                            m_schermata.Codice_Ditta(), cliente, idAgenteCorrente(m_schermata)));
+                        m_ambiente.connessione().query(sql::clienteDellAgente(
+                            m_ambiente.Codice_Ditta(), cliente, idAgenteCorrente(m_agente)));
                     if (!legato.rows.isEmpty())
                         return std::nullopt;
                     return catalogo(NonTraGliAgenti, {testo(cliente), descrizioneCliente(cliente)});
@@ -205,9 +209,9 @@ void ControlloRigaGiro::FME_GestAnagrafica5_BeforeUpdate(frame::CancelArgs& args
             },
             [&] {
                 const bool accettato = domanda(3, [&]() -> std::optional<QString> {
-                    const db::ResultSet altri = m_schermata.connessione().query(
-                        sql::clienteDiAltriAgenti(m_schermata.Codice_Ditta(), cliente,
-                                                  idAgenteCorrente(m_schermata), dest));
+                    const db::ResultSet altri =
+                        m_ambiente.connessione().query(sql::clienteDiAltriAgenti(
+                            m_ambiente.Codice_Ditta(), cliente, idAgenteCorrente(m_agente), dest));
                     if (altri.rows.isEmpty())
                         return std::nullopt;
                     const int colonnaGiro = altri.columnIndex(u"MG1I_GIRO_MG1H");
@@ -216,17 +220,18 @@ void ControlloRigaGiro::FME_GestAnagrafica5_BeforeUpdate(frame::CancelArgs& args
                     const QString giro = RTrimN(primo.value(colonnaGiro)).toString();
                     const db::Value idAgente = primo.value(colonnaAgente);
                     const QString agente =
-                        RTrimN(CodiceAgenteDaId(m_schermata.connessione(),
+                        RTrimN(CodiceAgenteDaId(m_ambiente.connessione(),
                                                 qint32(CDecN(idAgente).toInt64())))
                             .toString();
                     db::ValueList parametri{
                         testo(cliente),
                         descrizioneCliente(cliente),
                         giro,
-                        descrizioneDecodificata(m_schermata, m_schermata.decodificatoreGiri(),
+                        descrizioneDecodificata(m_ambiente, m_ambiente.decodificatori().giri.get(),
                                                 QStringLiteral("LKP_GIRI"), giro),
                         agente,
-                        descrizioneDecodificata(m_schermata, m_schermata.decodificatoreAgenti(),
+                        descrizioneDecodificata(m_ambiente,
+                                                m_ambiente.decodificatori().agenti.get(),
                                                 QStringLiteral("LKP_AGENTI"), agente),
                     };
                     if (dest.isEmpty())
@@ -236,12 +241,9 @@ void ControlloRigaGiro::FME_GestAnagrafica5_BeforeUpdate(frame::CancelArgs& args
                 });
                 return accettato ? Flow::Next : rifiuta();
             },
-            [&] { rs->setValue(u"MG1I_DITTA_CG18", m_schermata.Codice_Ditta()); },
-            [&] {
-                rs->setValue(u"MG1I_GIRO_MG1H",
-                             m_schermata.controllo<controls::Field>(u"TXT_GIRO").text());
-            },
-            [&] { rs->setValue(u"MG1I_IDAGENTE_MG17", idAgenteCorrente(m_schermata)); },
+            [&] { rs->setValue(u"MG1I_DITTA_CG18", m_ambiente.Codice_Ditta()); },
+            [&] { rs->setValue(u"MG1I_GIRO_MG1H", m_giro.text()); },
+            [&] { rs->setValue(u"MG1I_IDAGENTE_MG17", idAgenteCorrente(m_agente)); },
             [&] { rs->setValue(u"MG1I_TIPOCF_CG44", 0); },
             [&] {
                 if (CDecN(rs->value(u"MG1I_PROGRESSIVO")).toInt64() == 0)

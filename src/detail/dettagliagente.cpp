@@ -71,7 +71,9 @@ const Dettaglio& dettaglio(int gestione)
 
 DettagliAgente::DettagliAgente(FRMMG_AGENTI& schermata)
     : m_schermata(schermata)
-    , m_giri(std::make_unique<GiriVisite>(schermata))
+    , m_giri(std::make_unique<GiriVisite>(
+          schermata.controlli(), schermata.postoGestione(FRMMG_AGENTI::Agenti),
+          schermata.postoGestione(FRMMG_AGENTI::DettaglioGiri), schermata.ambiente()))
     , m_soci(std::make_unique<SociAgente>(schermata.controlli().soci,
                                           schermata.postoGestione(FRMMG_AGENTI::Soci), *this,
                                           schermata.errori()))
@@ -154,7 +156,7 @@ void DettagliAgente::collega()
 void DettagliAgente::ShowChild()
 {
     const qint32 ditta = m_schermata.Codice_Ditta();
-    const qint64 agente = idAgenteCorrente(m_schermata);
+    const qint64 agente = idAgenteCorrente(m_schermata.postoGestione(FRMMG_AGENTI::Agenti));
     for (const Dettaglio& d : dettagli())
         m_schermata.gestione(d.gestione).reopen(d.perAgente(ditta, agente));
     m_giri->ImpostaElencoGiri();
@@ -175,7 +177,7 @@ void DettagliAgente::RefreshChild()
     auto& grigliaSoci = m_schermata.controllo<controls::Grid>(u"GRID_AGENTISOCI");
     auto& grigliaMaturazione = m_schermata.controllo<controls::Grid>(u"GRID_AGENTIMAT");
     const qint32 ditta = m_schermata.Codice_Ditta();
-    const qint64 agente = idAgenteCorrente(m_schermata);
+    const qint64 agente = idAgenteCorrente(m_schermata.postoGestione(FRMMG_AGENTI::Agenti));
     // Gives a detail its query for the agent and moves the rows it holds to the agent.
     const auto rechiave = [&](int numero, const QString& sql) {
         frame::GestAnagrafica& gestione = *m_schermata.FME_GestAnagrafica(numero);
@@ -221,7 +223,8 @@ void DettagliAgente::chiaveNuovaRiga(int numero, int fenm_operationresult)
     const Dettaglio& d = dettaglio(numero);
     const db::RecordsetPtr righe = m_schermata.FME_GestAnagrafica(numero)->recordset();
     righe->setValue(d.colonna("_DITTA_CG18"), m_schermata.Codice_Ditta());
-    righe->setValue(d.colonna("_IDAGENTE_MG17"), MG17_IDAGENTE(m_schermata));
+    righe->setValue(d.colonna("_IDAGENTE_MG17"),
+                    MG17_IDAGENTE(m_schermata.postoGestione(FRMMG_AGENTI::Agenti)));
 }
 
 std::optional<bool> DettagliAgente::sottoLimiteSoci() const
@@ -308,7 +311,7 @@ void DettagliAgente::salvaDettaglioSenzaNuovaRiga(int numero)
     }
     gestione.setRecordset(nullptr);
     ignoreEachStep({
-        [&] { scriviInBlocco(m_schermata, *righe, dettaglio(numero).cosa); },
+        [&] { scriviInBlocco(m_schermata.ambiente(), *righe, dettaglio(numero).cosa); },
         [&] { gestione.setRecordset(righe); },
         [&] {
             if (!griglia)
@@ -332,7 +335,9 @@ void DettagliAgente::FME_GestAnagrafica2_UpdateBatchAll()
         return;
     if (soci.status() == frame::FrameStatus::Browse) {
         ignoreEachStep({
-            [&] { scriviInBlocco(m_schermata, *righe, dettaglio(FRMMG_AGENTI::Soci).cosa); },
+            [&] {
+                scriviInBlocco(m_schermata.ambiente(), *righe, dettaglio(FRMMG_AGENTI::Soci).cosa);
+            },
             [&] { soci.setFollowRowMoves(false); },
             [&] { righe->moveFirst(); },
             [&] { soci.setFollowRowMoves(true); },

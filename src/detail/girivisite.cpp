@@ -7,6 +7,7 @@
 #include "platform/db/runtimeerror.h"
 #include "platform/frame/gestanagrafica.h"
 #include "src/common/errorstyles.h"
+#include "src/common/richiesto.h"
 #include "src/common/valuehelpers.h"
 #include "src/data/sqldettagli.h"
 #include "src/detail/clientigiro.h"
@@ -15,7 +16,7 @@
 #include "src/detail/ordinegiro.h"
 #include "src/detail/righegiro.h"
 #include "src/host/lookupdecoder.h"
-#include "src/screen/frmmg_agenti.h"
+#include "src/screen/ambienteagenti.h"
 
 namespace tarvello::agenti {
 
@@ -34,57 +35,64 @@ host::LookupDecoder& decodificatore(host::LookupDecoder* oggetto, const char* no
 
 } // namespace
 
-GiriVisite::GiriVisite(FRMMG_AGENTI& schermata)
-    : m_schermata(schermata)
-    , m_controllo(std::make_unique<ControlloRigaGiro>(schermata))
-    , m_righe(std::make_unique<RigheGiro>(schermata))
-    , m_ordine(std::make_unique<OrdineGiro>(schermata.controlli().ordineGiro,
-                                            schermata.postoGestione(FRMMG_AGENTI::DettaglioGiri)))
-    , m_clienti(std::make_unique<ClientiGiro>(schermata, *this))
+GiriVisite::GiriVisite(const ControlliAgenti& controlli,
+                       const QPointer<frame::GestAnagrafica>& agente,
+                       const QPointer<frame::GestAnagrafica>& dettaglio,
+                       const AmbienteAgenti& ambiente)
+    : m_controlli(controlli.giriVisite)
+    , m_agente(agente)
+    , m_dettaglio(dettaglio)
+    , m_ambiente(ambiente)
+    , m_controllo(std::make_unique<ControlloRigaGiro>(controlli.giriVisite.TXT_GIRO, agente,
+                                                      dettaglio, ambiente))
+    , m_righe(std::make_unique<RigheGiro>(controlli.righeGiro, dettaglio, ambiente))
+    , m_ordine(std::make_unique<OrdineGiro>(controlli.ordineGiro, dettaglio))
+    , m_clienti(
+          std::make_unique<ClientiGiro>(controlli.clientiGiro, *this, agente, dettaglio, ambiente))
 {}
 
 GiriVisite::~GiriVisite() = default;
 
 void GiriVisite::collega()
 {
-    auto& giro = m_schermata.controllo<controls::Field>(u"TXT_GIRO");
-    QObject::connect(&giro, &controls::Field::gotFocus, &m_schermata,
+    controls::Field& giro = m_controlli.TXT_GIRO;
+    QObject::connect(&giro, &controls::Field::gotFocus, &m_contesto,
                      [this] { TXT_GIRO_GotFocus(); });
-    QObject::connect(&giro, &controls::Field::lostFocus, &m_schermata,
+    QObject::connect(&giro, &controls::Field::lostFocus, &m_contesto,
                      [this] { TXT_GIRO_LostFocus(); });
-    QObject::connect(&giro, &controls::Field::decodeRequested, &m_schermata,
+    QObject::connect(&giro, &controls::Field::decodeRequested, &m_contesto,
                      [this](controls::DecodeArgs& args) { TXT_GIRO_Decode(args); });
-    QObject::connect(&giro, &controls::Field::lookupRequested, &m_schermata,
+    QObject::connect(&giro, &controls::Field::lookupRequested, &m_contesto,
                      [this](controls::LookupArgs& args) { TXT_GIRO_Lookup(args); });
-    QObject::connect(&m_schermata.controllo<controls::Grid>(u"GRD_GIRI"), &controls::Grid::clicked,
-                     &m_schermata, [this] { GRD_GIRI_Click(); });
-    QObject::connect(&m_schermata.controllo<controls::Grid>(u"GRD_DETTAGLIOGIRI"),
-                     &controls::Grid::cellTextRequested, &m_schermata,
+    QObject::connect(&m_controlli.GRD_GIRI, &controls::Grid::clicked, &m_contesto,
+                     [this] { GRD_GIRI_Click(); });
+    QObject::connect(&m_controlli.GRD_DETTAGLIOGIRI, &controls::Grid::cellTextRequested,
+                     &m_contesto,
                      [this](controls::CellTextArgs& args) { GRD_DETTAGLIOGIRI_CellText(args); });
     m_righe->collega();
     m_ordine->collega();
     m_clienti->collega();
     m_controllo->collega();
 
-    frame::GestAnagrafica* dettaglio = m_schermata.FME_GestAnagrafica(FRMMG_AGENTI::DettaglioGiri);
+    frame::GestAnagrafica* dettaglio = m_dettaglio;
     if (!dettaglio)
         return;
-    QObject::connect(dettaglio, &frame::GestAnagrafica::AfterAddNew, &m_schermata,
+    QObject::connect(dettaglio, &frame::GestAnagrafica::AfterAddNew, &m_contesto,
                      [this](int esito) { FME_GestAnagrafica5_AfterAddNew(esito); });
-    QObject::connect(dettaglio, &frame::GestAnagrafica::ChangeStatus, &m_schermata,
+    QObject::connect(dettaglio, &frame::GestAnagrafica::ChangeStatus, &m_contesto,
                      [this](int stato, int) { FME_GestAnagrafica5_ChangeStatus(stato); });
-    QObject::connect(dettaglio, &frame::GestAnagrafica::UpdateBatchAll, &m_schermata,
+    QObject::connect(dettaglio, &frame::GestAnagrafica::UpdateBatchAll, &m_contesto,
                      [this] { FME_GestAnagrafica5_UpdateBatchAll(); });
 }
 
 void GiriVisite::prendiGiroDalCampo()
 {
-    m_giroCorrente = RTrimN(m_schermata.controllo<controls::Field>(u"TXT_GIRO").text()).toString();
+    m_giroCorrente = RTrimN(m_controlli.TXT_GIRO.text()).toString();
 }
 
 void GiriVisite::mostraGiro(const QString& codice)
 {
-    auto& giro = m_schermata.controllo<controls::Field>(u"TXT_GIRO");
+    controls::Field& giro = m_controlli.TXT_GIRO;
     giro.setText(codice);
     giro.decode();
     prendiGiroDalCampo();
@@ -94,7 +102,7 @@ void GiriVisite::ImpostaElencoGiri()
 {
     db::ResultSet giri;
     reportWithChoice(
-        m_schermata.errori(), QStringLiteral("ImpostaElencoGiri"),
+        m_ambiente.errori(), QStringLiteral("ImpostaElencoGiri"),
         {
             [&] {
                 if (m_elencoGiri && m_elencoGiri->isOpen())
@@ -102,8 +110,8 @@ void GiriVisite::ImpostaElencoGiri()
             },
             [&] { m_elencoGiri.reset(); },
             [&] {
-                giri = m_schermata.connessione().query(sql::elencoGiriAgente(
-                    m_schermata.Codice_Ditta(), idAgenteCorrente(m_schermata)));
+                giri = m_ambiente.connessione().query(
+                    sql::elencoGiriAgente(m_ambiente.Codice_Ditta(), idAgenteCorrente(m_agente)));
             },
             [&] {
                 m_elencoGiri = db::Recordset::create();
@@ -127,23 +135,23 @@ void GiriVisite::ImpostaElencoGiri()
                     mostraGiro(m_elencoGiri->value(u"MG1H_GIRO").toString());
                 }
             },
-            [&] { m_schermata.controllo<controls::Grid>(u"GRD_GIRI").setDataSource(m_elencoGiri); },
+            [&] { m_controlli.GRD_GIRI.setDataSource(m_elencoGiri); },
             [&] { m_controllo->AzzeraRisposte(); },
         });
 }
 
 void GiriVisite::TeminateElencoGiri()
 {
-    reportWithChoice(m_schermata.errori(), QStringLiteral("TeminateElencoGiri"),
+    reportWithChoice(m_ambiente.errori(), QStringLiteral("TeminateElencoGiri"),
                      {
                          [&] {
                              if (m_elencoGiri && m_elencoGiri->isOpen())
                                  m_elencoGiri->close();
                          },
                          [&] {
-                             if (auto* griglia = m_schermata.find<controls::Grid>(u"GRD_GIRI");
-                                 griglia && griglia->dataSource() == m_elencoGiri)
-                                 griglia->setDataSource(nullptr);
+                             controls::Grid& griglia = m_controlli.GRD_GIRI;
+                             if (griglia.dataSource() == m_elencoGiri)
+                                 griglia.setDataSource(nullptr);
                              m_elencoGiri.reset();
                          },
                      });
@@ -151,14 +159,11 @@ void GiriVisite::TeminateElencoGiri()
 
 void GiriVisite::Refresh_VF_MG1H(bool aggiungiGiro)
 {
-    reportWithChoice(m_schermata.errori(), QStringLiteral("Refresh_VF_MG1H"),
+    reportWithChoice(m_ambiente.errori(), QStringLiteral("Refresh_VF_MG1H"),
                      {
                          [&] {
-                             m_schermata.controllo<controls::Grid>(u"GRD_DETTAGLIOGIRI")
-                                 .setDataSource(m_giroCorrente.isEmpty()
-                                                    ? nullptr
-                                                    : m_schermata.Grst_GestAnagrafica(
-                                                          FRMMG_AGENTI::DettaglioGiri));
+                             m_controlli.GRD_DETTAGLIOGIRI.setDataSource(
+                                 m_giroCorrente.isEmpty() ? nullptr : righeDi(m_dettaglio));
                          },
                          [&] {
                              if (aggiungiGiro && !m_giroCorrente.isEmpty() && m_elencoGiri)
@@ -171,13 +176,12 @@ void GiriVisite::Refresh_VF_MG1H(bool aggiungiGiro)
 // A route typed in TXT_GIRO that the agent has no customers on yet is listed at once.
 void GiriVisite::aggiungiAlElenco()
 {
-    auto& elenco = m_schermata.controllo<controls::Grid>(u"GRD_GIRI");
+    controls::Grid& elenco = m_controlli.GRD_GIRI;
     elenco.setDataSource(nullptr);
     if (!posizionaElenco(m_giroCorrente)) {
         m_elencoGiri->addNew();
         m_elencoGiri->setValue(u"MG1H_GIRO", m_giroCorrente);
-        m_elencoGiri->setValue(u"MG1H_DESCRIZIONE",
-                               m_schermata.controllo<controls::Field>(u"TXT_DESCGIRO").text());
+        m_elencoGiri->setValue(u"MG1H_DESCRIZIONE", m_controlli.TXT_DESCGIRO.text());
         m_elencoGiri->update();
     }
     elenco.setDataSource(m_elencoGiri);
@@ -193,26 +197,24 @@ bool GiriVisite::posizionaElenco(const QString& giro)
 
 bool GiriVisite::LasciaGiroCorrente(const QString& nuovo)
 {
-    frame::GestAnagrafica* dettaglio = m_schermata.FME_GestAnagrafica(FRMMG_AGENTI::DettaglioGiri);
+    frame::GestAnagrafica* dettaglio = m_dettaglio;
     return nuovo == m_giroCorrente || !dettaglio || dettaglio->confirmLettingRowsGo();
 }
 
 void GiriVisite::CaricaDettaglioGiro()
 {
-    const QString giro =
-        RTrimN(m_schermata.controllo<controls::Field>(u"TXT_GIRO").text()).toString();
-    const qint64 agente = idAgenteCorrente(m_schermata);
-    m_schermata.gestione(FRMMG_AGENTI::DettaglioGiri)
-        .reopen(sql::dettaglioGiriDelGiro(m_schermata.Codice_Ditta(), agente, giro));
-    const db::RecordsetPtr righe = m_schermata.Grst_GestAnagrafica(FRMMG_AGENTI::DettaglioGiri);
+    const QString giro = RTrimN(m_controlli.TXT_GIRO.text()).toString();
+    const qint64 agente = idAgenteCorrente(m_agente);
+    frame::GestAnagrafica& dettaglio = richiesto(m_dettaglio.data(), "FME_GestAnagrafica");
+    dettaglio.reopen(sql::dettaglioGiriDelGiro(m_ambiente.Codice_Ditta(), agente, giro));
+    const db::RecordsetPtr righe = dettaglio.recordset();
     if (righe->recordCount() > 0)
-        riscriviAgente(*m_schermata.FME_GestAnagrafica(FRMMG_AGENTI::DettaglioGiri), *righe,
-                       u"MG1I_IDAGENTE_MG17", agente);
+        riscriviAgente(dettaglio, *righe, u"MG1I_IDAGENTE_MG17", agente);
 }
 
 void GiriVisite::GRD_GIRI_Click()
 {
-    reportWithChoice(m_schermata.errori(), QStringLiteral("GRD_GIRI_Click"),
+    reportWithChoice(m_ambiente.errori(), QStringLiteral("GRD_GIRI_Click"),
                      {
                          [&] {
                              if (!m_elencoGiri || m_elencoGiri->bof() || m_elencoGiri->eof())
@@ -234,15 +236,15 @@ void GiriVisite::GRD_GIRI_Click()
 
 void GiriVisite::TXT_GIRO_GotFocus()
 {
-    reportWithChoice(m_schermata.errori(), QStringLiteral("TXT_GIRO_GotFocus"),
+    reportWithChoice(m_ambiente.errori(), QStringLiteral("TXT_GIRO_GotFocus"),
                      {[&] { prendiGiroDalCampo(); }});
 }
 
 void GiriVisite::TXT_GIRO_LostFocus()
 {
-    const auto& giro = m_schermata.controllo<controls::Field>(u"TXT_GIRO");
+    const controls::Field& giro = m_controlli.TXT_GIRO;
     QString nuovo;
-    reportWithChoice(m_schermata.errori(), QStringLiteral("TXT_GIRO_LostFocus"),
+    reportWithChoice(m_ambiente.errori(), QStringLiteral("TXT_GIRO_LostFocus"),
                      {
                          [&] {
                              nuovo = RTrimN(giro.text()).toString();
@@ -267,50 +269,48 @@ void GiriVisite::TXT_GIRO_LostFocus()
 
 void GiriVisite::TXT_GIRO_Decode(controls::DecodeArgs& args)
 {
-    auto& descrizione = m_schermata.controllo<controls::Field>(u"TXT_DESCGIRO");
-    const QString codice =
-        RTrimN(m_schermata.controllo<controls::Field>(u"TXT_GIRO").text()).toString();
+    controls::Field& descrizione = m_controlli.TXT_DESCGIRO;
+    const QString codice = RTrimN(m_controlli.TXT_GIRO.text()).toString();
     if (codice.isEmpty()) {
         descrizione.setText(QString());
         return;
     }
-    host::LookupDecoder& giri = decodificatore(m_schermata.decodificatoreGiri(), "LKP_GIRI");
+    host::LookupDecoder& giri = decodificatore(m_ambiente.decodificatori().giri.get(), "LKP_GIRI");
     giri.prepareDecoding(DefinizioneGiri, codice, descrizione.name());
     args.sql = giri.query();
     args.targets = {{&descrizione, giri.targets().value(0).column}};
-    args.connectionString = m_schermata.Gstr_Connect();
+    args.connectionString = m_ambiente.Gstr_Connect();
 }
 
 void GiriVisite::TXT_GIRO_Lookup(controls::LookupArgs& args)
 {
-    host::LookupDecoder& giri = decodificatore(m_schermata.decodificatoreGiri(), "LKP_GIRI");
+    host::LookupDecoder& giri = decodificatore(m_ambiente.decodificatori().giri.get(), "LKP_GIRI");
     giri.prepareLookup(DefinizioneGiri);
     args.sql = giri.query();
     args.columns = giri.columns();
     args.title = giri.title();
-    args.connectionString = m_schermata.Gstr_Connect();
-    m_schermata.controllo<controls::Field>(u"TXT_GIRO").setLookupId(QStringLiteral("Lkp_Giri"));
+    args.connectionString = m_ambiente.Gstr_Connect();
+    m_controlli.TXT_GIRO.setLookupId(QStringLiteral("Lkp_Giri"));
 }
 
 void GiriVisite::FME_GestAnagrafica5_AfterAddNew(int fenm_operationresult)
 {
     if (fenm_operationresult != frame::OperationSucceeded)
         return;
-    const db::RecordsetPtr righe =
-        m_schermata.FME_GestAnagrafica(FRMMG_AGENTI::DettaglioGiri)->recordset();
+    const db::RecordsetPtr righe = m_dettaglio->recordset();
     ignoreEachStep({
-        [&] { righe->setValue(u"MG1I_DITTA_CG18", m_schermata.Codice_Ditta()); },
-        [&] { righe->setValue(u"MG1I_IDAGENTE_MG17", MG17_IDAGENTE(m_schermata)); },
+        [&] { righe->setValue(u"MG1I_DITTA_CG18", m_ambiente.Codice_Ditta()); },
+        [&] { righe->setValue(u"MG1I_IDAGENTE_MG17", MG17_IDAGENTE(m_agente)); },
         [&] { righe->setValue(u"MG1I_GIRO_MG1H", RTrimN(m_giroCorrente)); },
     });
 }
 
 void GiriVisite::FME_GestAnagrafica5_ChangeStatus(int fenm_status)
 {
-    reportWithChoice(m_schermata.errori(), QStringLiteral("FME_GestAnagrafica5_ChangeStatus"),
+    reportWithChoice(m_ambiente.errori(), QStringLiteral("FME_GestAnagrafica5_ChangeStatus"),
                      {
                          [&] {
-                             auto& cliente = m_schermata.controllo<controls::Field>(u"TXT_CLIENTE");
+                             controls::Field& cliente = m_controlli.TXT_CLIENTE;
                              if (frame::FrameStatus{fenm_status} == frame::FrameStatus::New)
                                  cliente.setEnabled(true);
                              else if (frame::FrameStatus{fenm_status} == frame::FrameStatus::Browse)
@@ -322,9 +322,9 @@ void GiriVisite::FME_GestAnagrafica5_ChangeStatus(int fenm_status)
 // A new row still being entered is written too: unlike the other details, it is not dropped.
 void GiriVisite::FME_GestAnagrafica5_UpdateBatchAll()
 {
-    frame::GestAnagrafica& dettaglio = *m_schermata.FME_GestAnagrafica(FRMMG_AGENTI::DettaglioGiri);
-    const db::RecordsetPtr righe = m_schermata.Grst_GestAnagrafica(FRMMG_AGENTI::DettaglioGiri);
-    auto& griglia = m_schermata.controllo<controls::Grid>(u"GRD_DETTAGLIOGIRI");
+    frame::GestAnagrafica& dettaglio = *m_dettaglio;
+    const db::RecordsetPtr righe = dettaglio.recordset();
+    controls::Grid& griglia = m_controlli.GRD_DETTAGLIOGIRI;
     ignoreEachStep({
         [&] {
             return dettaglio.changeFlag() || dettaglio.secondChangeFlag() ? Flow::Next
@@ -333,9 +333,7 @@ void GiriVisite::FME_GestAnagrafica5_UpdateBatchAll()
         [&] { dettaglio.setGrid(nullptr); },
         [&] { griglia.setDataSource(nullptr); },
         [&] { dettaglio.setRecordset(nullptr); },
-        [&] {
-            scriviInBlocco(m_schermata, *righe, QStringLiteral("il dettaglio dei giri visite"));
-        },
+        [&] { scriviInBlocco(m_ambiente, *righe, QStringLiteral("il dettaglio dei giri visite")); },
         [&] { dettaglio.setRecordset(righe); },
         [&] { griglia.setDataSource(righe); },
         [&] { dettaglio.setGrid(&griglia); },
@@ -355,8 +353,9 @@ void GiriVisite::GRD_DETTAGLIOGIRI_CellText(controls::CellTextArgs& args)
         [&] {
             if (NvlN(args.text, QString()).toString().isEmpty())
                 return Flow::Leave;
-            args.text = descrizioneDecodificata(m_schermata, m_schermata.decodificatoreClienti(),
-                                                DefinizioneClienti, args.value);
+            args.text =
+                descrizioneDecodificata(m_ambiente, m_ambiente.decodificatori().clienti.get(),
+                                        DefinizioneClienti, args.value);
             return Flow::Next;
         },
     });

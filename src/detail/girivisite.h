@@ -1,7 +1,10 @@
 #pragma once
 
 #include "platform/db/recordset.h"
+#include "src/screen/controlliagenti.h"
 
+#include <QObject>
+#include <QPointer>
 #include <QString>
 #include <memory>
 
@@ -11,11 +14,15 @@ struct DecodeArgs;
 struct LookupArgs;
 } // namespace tarvello::controls
 
+namespace tarvello::frame {
+class GestAnagrafica;
+}
+
 namespace tarvello::agenti {
 
+class AmbienteAgenti;
 class ClientiGiro;
 class ControlloRigaGiro;
-class FRMMG_AGENTI;
 class OrdineGiro;
 class RigheGiro;
 
@@ -24,7 +31,10 @@ class RigheGiro;
 // over the route-detail frame FME_GestAnagrafica5).
 class GiriVisite {
 public:
-    explicit GiriVisite(FRMMG_AGENTI& schermata);
+    // The page's own controls and those of the parts it is made of (route rows, their order,
+    // the customers brought in) come from `controlli`.
+    GiriVisite(const ControlliAgenti& controlli, const QPointer<frame::GestAnagrafica>& agente,
+               const QPointer<frame::GestAnagrafica>& dettaglio, const AmbienteAgenti& ambiente);
     ~GiriVisite();
     GiriVisite(const GiriVisite&) = delete;
     GiriVisite& operator=(const GiriVisite&) = delete;
@@ -76,13 +86,19 @@ private:
     // Moves the route list to that route; false when it is not listed.
     bool posizionaElenco(const QString& giro);
 
-    FRMMG_AGENTI& m_schermata; // Not owned: the screen owns this.
+    const ControlliGiriVisite m_controlli;
+    // Not owned: the screen's places of the agents frame and of the route-detail frame.
+    const QPointer<frame::GestAnagrafica>& m_agente;
+    const QPointer<frame::GestAnagrafica>& m_dettaglio;
+    const AmbienteAgenti& m_ambiente; // Not owned: the screen's.
     QString m_giroCorrente;
     db::RecordsetPtr m_elencoGiri;                  // Shared with GRD_GIRI while the grid shows it.
     std::unique_ptr<ControlloRigaGiro> m_controllo; // Owned.
     std::unique_ptr<RigheGiro> m_righe;             // Owned.
     std::unique_ptr<OrdineGiro> m_ordine;           // Owned.
     std::unique_ptr<ClientiGiro> m_clienti;         // Owned.
+    // The handlers' connections end with this part.
+    QObject m_contesto;
 };
 
 } // namespace tarvello::agenti

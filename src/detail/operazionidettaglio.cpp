@@ -1,32 +1,36 @@
 #include "src/detail/operazionidettaglio.h"
 
-#include "platform/controls/grid.h"
+#include "platform/controls/form.h"
 #include "platform/db/runtimeerror.h"
 #include "platform/frame/gestanagrafica.h"
+#include "src/common/errorreporter.h"
 #include "src/common/richiesto.h"
 #include "src/common/valuehelpers.h"
 #include "src/host/errorlog.h"
-#include "src/screen/frmmg_agenti.h"
+#include "src/screen/ambienteagenti.h"
 
 namespace tarvello::agenti {
 
-namespace {} // namespace
-
-db::Value MG17_IDAGENTE(const FRMMG_AGENTI& schermata)
+db::RecordsetPtr righeDi(const frame::GestAnagrafica* gestione)
 {
-    const db::RecordsetPtr agenti = schermata.Grst_GestAnagrafica(FRMMG_AGENTI::Agenti);
-    if (!agenti)
+    return gestione ? gestione->recordset() : nullptr;
+}
+
+db::Value MG17_IDAGENTE(const frame::GestAnagrafica* agenti)
+{
+    const db::RecordsetPtr righe = righeDi(agenti);
+    if (!righe)
         oggettoMancante(QStringLiteral("Grst_GestAnagrafica1"));
     // The agent frame adds its new row only once it is edited: until then it stands for a
     // row whose id is not there yet.
-    if (agenti->bof() || agenti->eof())
+    if (righe->bof() || righe->eof())
         return db::Value::null();
-    return agenti->value(u"MG17_IDAGENTE");
+    return righe->value(u"MG17_IDAGENTE");
 }
 
-qint64 idAgenteCorrente(const FRMMG_AGENTI& schermata)
+qint64 idAgenteCorrente(const frame::GestAnagrafica* agenti)
 {
-    return NvlN(MG17_IDAGENTE(schermata), 0).toInt64();
+    return NvlN(MG17_IDAGENTE(agenti), 0).toInt64();
 }
 
 void riscriviAgente(frame::GestAnagrafica& gestione, db::Recordset& righe, QStringView colonna,
@@ -37,18 +41,16 @@ void riscriviAgente(frame::GestAnagrafica& gestione, db::Recordset& righe, QStri
         righe.setValue(colonna, db::Value(agente));
 }
 
-void scriviInBlocco(const FRMMG_AGENTI& schermata, db::Recordset& righe, const QString& cosa)
+void scriviInBlocco(const AmbienteAgenti& ambiente, db::Recordset& righe, const QString& cosa)
 {
     try {
         righe.updateBatch();
     } catch (const db::RuntimeError& errore) {
-        host::ErrorLog* log = schermata.Gcls_Log();
-        if (!log)
-            throw;
-        log->message(QStringLiteral("Impossibile salvare %1: le modifiche non salvate restano in "
-                                    "attesa.\r\n%2")
-                         .arg(cosa, errore.description()),
-                     host::Exclamation, schermata.caption());
+        ambiente.errori().log().message(
+            QStringLiteral("Impossibile salvare %1: le modifiche non salvate restano in "
+                           "attesa.\r\n%2")
+                .arg(cosa, errore.description()),
+            host::Exclamation, ambiente.finestra().caption());
     }
 }
 

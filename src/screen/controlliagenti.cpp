@@ -38,6 +38,36 @@ ControlliAgenti controlliAgenti(const controls::Form& schermata)
                 .GRD_DETTAGLIOGIRI = controlloDi<Grid>(schermata, u"GRD_DETTAGLIOGIRI"),
                 .INTERNAV = controlloDi<Navigator>(schermata, u"INTERNAV"),
             },
+        .giriVisite =
+            {
+                .GRD_GIRI = controlloDi<Grid>(schermata, u"GRD_GIRI"),
+                .TXT_GIRO = controlloDi<Field>(schermata, u"TXT_GIRO"),
+                .TXT_DESCGIRO = controlloDi<Field>(schermata, u"TXT_DESCGIRO"),
+                .GRD_DETTAGLIOGIRI = controlloDi<Grid>(schermata, u"GRD_DETTAGLIOGIRI"),
+                .TXT_CLIENTE = controlloDi<Field>(schermata, u"TXT_CLIENTE"),
+            },
+        .righeGiro =
+            {
+                .TXT_CLIENTE = controlloDi<Field>(schermata, u"TXT_CLIENTE"),
+                .TXT_C_RAGSOC = controlloDi<Field>(schermata, u"TXT_C_RAGSOC"),
+                .TXT_C_INDIRIZZO = controlloDi<Field>(schermata, u"TXT_C_INDIRIZZO"),
+                .TXT_C_CAP = controlloDi<Field>(schermata, u"TXT_C_CAP"),
+                .TXT_C_CITTA = controlloDi<Field>(schermata, u"TXT_C_CITTA"),
+                .TXT_C_PR = controlloDi<Field>(schermata, u"TXT_C_PR"),
+                .TXT_C_PIVA = controlloDi<Field>(schermata, u"TXT_C_PIVA"),
+                .TXT_MG1I_CODDEST_MG22 = controlloDi<Field>(schermata, u"TXT_MG1I_CODDEST_MG22"),
+                .TXT_DESCRDEST = controlloDi<Field>(schermata, u"TXT_DESCRDEST"),
+                .GRIDNAV_GIRI = controlloDi<Navigator>(schermata, u"GRIDNAV_GIRI"),
+                .CMD_AZZERRAGIRO = controlloDi<Button>(schermata, u"CMD_AZZERRAGIRO"),
+                .GRD_DETTAGLIOGIRI = controlloDi<Grid>(schermata, u"GRD_DETTAGLIOGIRI"),
+                .INTERNAV = controlloDi<Navigator>(schermata, u"INTERNAV"),
+            },
+        .clientiGiro =
+            {
+                .TXT_GIRO = controlloDi<Field>(schermata, u"TXT_GIRO"),
+                .TXT_AGENTE = controlloDi<Field>(schermata, u"TXT_AGENTE"),
+                .CMD_MULTICLI = controlloDi<Button>(schermata, u"CMD_MULTICLI"),
+            },
         .tentataVendita =
             {
                 .CHK_TVINDXH = controlloDi<CheckBox>(schermata, u"CHK_TVINDXH"),

@@ -42,6 +42,43 @@ struct ControlliOrdineGiro {
     controls::Navigator& INTERNAV;
 };
 
+// The routes page: the agent's routes, the route on view with its description, the customers
+// of that route and the customer field the route-detail frame's status enables.
+struct ControlliGiriVisite {
+    controls::Grid& GRD_GIRI;
+    controls::Field& TXT_GIRO;
+    controls::Field& TXT_DESCGIRO;
+    controls::Grid& GRD_DETTAGLIOGIRI;
+    controls::Field& TXT_CLIENTE;
+};
+
+// The customer rows of the route on view: the customer with the fields its decoding fills, the
+// destination with its description, the route detail's navigator, grid and clearing button,
+// and the navigator whose change indicator the clearing lights.
+struct ControlliRigheGiro {
+    controls::Field& TXT_CLIENTE;
+    controls::Field& TXT_C_RAGSOC;
+    controls::Field& TXT_C_INDIRIZZO;
+    controls::Field& TXT_C_CAP;
+    controls::Field& TXT_C_CITTA;
+    controls::Field& TXT_C_PR;
+    controls::Field& TXT_C_PIVA;
+    controls::Field& TXT_MG1I_CODDEST_MG22;
+    controls::Field& TXT_DESCRDEST;
+    controls::Navigator& GRIDNAV_GIRI;
+    controls::Button& CMD_AZZERRAGIRO;
+    controls::Grid& GRD_DETTAGLIOGIRI;
+    controls::Navigator& INTERNAV;
+};
+
+// What brings customers into the route on view: the route field, whose management key opens
+// the routes management, the agent whose customer list is asked for, and the button that asks.
+struct ControlliClientiGiro {
+    controls::Field& TXT_GIRO;
+    controls::Field& TXT_AGENTE;
+    controls::Button& CMD_MULTICLI;
+};
+
 // The van-sales page: the depot and register fields with their descriptions, the last field
 // of the page and the navigator its exit key presses.
 struct ControlliTentataVendita {
@@ -141,6 +178,9 @@ struct ControlliAgenti {
     ControlliSoci soci;
     ControlliMaturazione maturazione;
     ControlliOrdineGiro ordineGiro;
+    ControlliGiriVisite giriVisite;
+    ControlliRigheGiro righeGiro;
+    ControlliClientiGiro clientiGiro;
     ControlliTentataVendita tentataVendita;
     ControlliProvvigioni provvigioni;
     ControlliClassificazioni classificazioni;

@@ -9,7 +9,6 @@
 #include "src/screen/ambienteagenti.h"
 #include "src/screen/controlli.h"
 #include "src/screen/controlliagenti.h"
-#include "src/screen/frmmg_messaggio.h"
 
 #include <QPointer>
 #include <QStringList>
@@ -49,7 +48,7 @@ class SchedaAgente;
 // The screen loads at the first use of its window (CLSMG_AGENTI sets its window state), does
 // its one-off work at the first activation, and lets everything go at unload, in the order
 // the host expects. Every record frame is a child of the form, known by its name.
-class FRMMG_AGENTI final : public controls::Form, public AgentiScreen, public RiceventeRisposta {
+class FRMMG_AGENTI final : public controls::Form, public AgentiScreen {
     Q_OBJECT
 public:
     // The record frames by number, as the screen's members are named.
@@ -122,15 +121,6 @@ public:
     // The payment-type names, index 0 "Contanti" to 16 "Solo descrittivo".
     const QStringList& tipiEffetti() const { return m_tipiEffetti; }
     bool CambioTabDaCodice() const { return m_cambioTabDaCodice; }
-    // The last answer of the question dialog, and whether it is to be remembered; both start
-    // False and keep their values from one dialog to the next.
-    bool gIsInserisciClienteNelGiro() const { return m_inserisciClienteNelGiro; }
-    void setGIsInserisciClienteNelGiro(bool risposta) override
-    {
-        m_inserisciClienteNelGiro = risposta;
-    }
-    bool gIsNonRichiederePiu() const { return m_nonRichiederePiu; }
-    void setGIsNonRichiederePiu(bool ricorda) override { m_nonRichiederePiu = ricorda; }
     bool Gbol_AlreadyLoaded() const { return m_giaCaricata; }
     ListeCodificate& liste() const { return *m_liste; }
     AlberoAgenti& albero() const { return *m_albero; }
@@ -187,8 +177,6 @@ private:
     QStringList m_tipiEffetti;
     DecodificatoriAgenti m_oggetti;
     bool m_cambioTabDaCodice = false;
-    bool m_inserisciClienteNelGiro = false;
-    bool m_nonRichiederePiu = false;
     ErrorReporter m_errori;
     const AmbienteAgenti m_ambiente;
     // Made with the screen, before the parts that are given their controls from it.

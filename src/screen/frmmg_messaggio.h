@@ -7,7 +7,7 @@
 
 namespace tarvello::agenti {
 
-// Where the question dialog writes the person's answer: the screen that asked.
+// Where the question dialog writes the person's answer: the part of the screen that asked.
 class RiceventeRisposta {
 public:
     virtual void setGIsInserisciClienteNelGiro(bool risposta) = 0;
@@ -19,7 +19,7 @@ protected:
 
 // The question dialog of the agents screen: a message and four answers, "&Si", "&No",
 // "S&i, sempre" and "N&o, sempre". A button writes the answer, then whether it is to be
-// remembered, into the screen that asked, and closes the dialog.
+// remembered, into the part that asked, and closes the dialog.
 class FRMMG_MESSAGGIO final : public controls::Form {
     Q_OBJECT
 public:
