@@ -125,7 +125,7 @@ void NavigazioneAgenti::INTERNAV_ButtonClick(const QString& chiave)
             m_schermata.SelezionaTab(short(pagina - 1));
         }
     } else if (chiave == controls::NavigatorKey::Print) {
-        InvocaStampa(m_schermata);
+        InvocaStampa(m_schermata.ambiente(), m_schermata.controllo<controls::Field>(u"TXT_AGENTE"));
     } else if (chiave == controls::NavigatorKey::Export) {
         Esporta();
     }
