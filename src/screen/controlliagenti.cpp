@@ -6,6 +6,7 @@
 #include "platform/controls/field.h"
 #include "platform/controls/grid.h"
 #include "platform/controls/gridnavigator.h"
+#include "platform/controls/menubutton.h"
 #include "platform/controls/navigator.h"
 #include "src/screen/controlli.h"
 
@@ -67,6 +68,13 @@ ControlliAgenti controlliAgenti(const controls::Form& schermata)
                 .TXT_IMPMINFATT = controlloDi<Field>(schermata, u"TXT_IMPMINFATT"),
                 .CBO_INDPREFSTDOC = controlloDi<ComboBox>(schermata, u"CBO_INDPREFSTDOC"),
                 .INTERNAV = controlloDi<Navigator>(schermata, u"INTERNAV"),
+            },
+        .collegate =
+            {
+                .CMD_GESTCOLL = controlloDi<MenuButton>(schermata, u"CMD_GESTCOLL"),
+                .TXT_AGENTE = controlloDi<Field>(schermata, u"TXT_AGENTE"),
+                .TXT_RAGSOANAG = controlloDi<Field>(schermata, u"TXT_RAGSOANAG"),
+                .CBO_REGPROV = controlloDi<Control>(schermata, u"CBO_REGPROV"),
             },
         .classificazioni =
             {

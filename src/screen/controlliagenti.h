@@ -10,6 +10,7 @@ class Field;
 class Form;
 class Grid;
 class GridNavigator;
+class MenuButton;
 class Navigator;
 } // namespace tarvello::controls
 
@@ -76,6 +77,15 @@ struct ControlliProvvigioni {
     controls::Navigator& INTERNAV;
 };
 
+// The menu of the managements linked to an agent, the fields their answers fill or focus and
+// the agent's code they are opened on.
+struct ControlliCollegate {
+    controls::MenuButton& CMD_GESTCOLL;
+    controls::Field& TXT_AGENTE;
+    controls::Field& TXT_RAGSOANAG;
+    controls::Control& CBO_REGPROV;
+};
+
 // The nine classification codes, by their group (territory, categories, groupings) and level
 // within it, the highest first.
 struct ControlliClassificazioni {
@@ -98,6 +108,7 @@ struct ControlliAgenti {
     ControlliOrdineGiro ordineGiro;
     ControlliTentataVendita tentataVendita;
     ControlliProvvigioni provvigioni;
+    ControlliCollegate collegate;
     ControlliClassificazioni classificazioni;
 };
 

@@ -90,7 +90,8 @@ FRMMG_AGENTI::FRMMG_AGENTI(QObject* parent)
     , m_dettagli(std::make_unique<DettagliAgente>(*this))
     , m_scheda(std::make_unique<SchedaAgente>(*this))
     , m_navigazione(std::make_unique<NavigazioneAgenti>(*this))
-    , m_collegate(std::make_unique<GestioniCollegate>(*this))
+    , m_collegate(std::make_unique<GestioniCollegate>(m_controlli.collegate, postoGestione(Agenti),
+                                                      *m_scheda, m_ambiente))
     , m_classificazioni(std::make_unique<Classificazioni>(m_controlli.classificazioni, m_ambiente))
     , m_provvigioni(std::make_unique<Provvigioni>(m_controlli.provvigioni, postoGestione(Agenti),
                                                   m_liste, m_ambiente))
