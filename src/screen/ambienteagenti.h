@@ -43,8 +43,8 @@ struct DecodificatoriAgenti {
 // them.
 class AmbienteAgenti {
 public:
-    AmbienteAgenti(const controls::Form& finestra, host::Cinterface* const& modulo,
-                   const qint32& ditta, const QString& stringaConnessione,
+    AmbienteAgenti(controls::Form& finestra, host::Cinterface* const& modulo, const qint32& ditta,
+                   const QString& stringaConnessione,
                    const std::unique_ptr<db::Connection>& connessione,
                    const DecodificatoriAgenti& decodificatori, const ErrorReporter& errori)
         : m_finestra(finestra)
@@ -69,12 +69,12 @@ public:
     // Each empty before the load and after the unload.
     const DecodificatoriAgenti& decodificatori() const { return m_decodificatori; }
     const ErrorReporter& errori() const { return m_errori; }
-    // The screen's window: the managements opened from it take its corner, and the host's
-    // decodings name their targets among its controls.
-    const controls::Form& finestra() const { return m_finestra; }
+    // The screen's window: the managements opened from it take its corner, the host's
+    // decodings name their targets among its controls, and long work shows on it as busy.
+    controls::Form& finestra() const { return m_finestra; }
 
 private:
-    const controls::Form& m_finestra;
+    controls::Form& m_finestra;
     host::Cinterface* const& m_modulo;
     const qint32& m_ditta;
     const QString& m_stringaConnessione;

@@ -8,6 +8,7 @@
 #include "platform/controls/gridnavigator.h"
 #include "platform/controls/menubutton.h"
 #include "platform/controls/navigator.h"
+#include "platform/controls/treegrid.h"
 #include "src/screen/controlli.h"
 
 namespace tarvello::agenti {
@@ -68,6 +69,13 @@ ControlliAgenti controlliAgenti(const controls::Form& schermata)
                 .TXT_IMPMINFATT = controlloDi<Field>(schermata, u"TXT_IMPMINFATT"),
                 .CBO_INDPREFSTDOC = controlloDi<ComboBox>(schermata, u"CBO_INDPREFSTDOC"),
                 .INTERNAV = controlloDi<Navigator>(schermata, u"INTERNAV"),
+            },
+        .albero =
+            {
+                .GRD_AGENTI = controlloDi<TreeGrid>(schermata, u"GRD_AGENTI"),
+                .TXT_AGENTE = controlloDi<Field>(schermata, u"TXT_AGENTE"),
+                .GRIDNAV_AGENTISOCI = controlloDi<GridNavigator>(schermata, u"GRIDNAV_AGENTISOCI"),
+                .GRIDNAV_AGENTIMAT = controlloDi<GridNavigator>(schermata, u"GRIDNAV_AGENTIMAT"),
             },
         .collegate =
             {

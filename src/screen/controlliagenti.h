@@ -12,6 +12,7 @@ class Grid;
 class GridNavigator;
 class MenuButton;
 class Navigator;
+class TreeGrid;
 } // namespace tarvello::controls
 
 namespace tarvello::agenti {
@@ -77,6 +78,15 @@ struct ControlliProvvigioni {
     controls::Navigator& INTERNAV;
 };
 
+// The agents tree, the agent's code whose row it shows and the navigators of the details its
+// click enables.
+struct ControlliAlbero {
+    controls::TreeGrid& GRD_AGENTI;
+    controls::Field& TXT_AGENTE;
+    controls::GridNavigator& GRIDNAV_AGENTISOCI;
+    controls::GridNavigator& GRIDNAV_AGENTIMAT;
+};
+
 // The menu of the managements linked to an agent, the fields their answers fill or focus and
 // the agent's code they are opened on.
 struct ControlliCollegate {
@@ -108,6 +118,7 @@ struct ControlliAgenti {
     ControlliOrdineGiro ordineGiro;
     ControlliTentataVendita tentataVendita;
     ControlliProvvigioni provvigioni;
+    ControlliAlbero albero;
     ControlliCollegate collegate;
     ControlliClassificazioni classificazioni;
 };

@@ -86,8 +86,9 @@ FRMMG_AGENTI::FRMMG_AGENTI(QObject* parent)
     , m_ambiente(*this, m_activeInterface, m_ditta, m_stringaConnessione, m_connessione, m_oggetti,
                  m_errori)
     , m_controlli(disponiControlli(*this))
-    , m_albero(std::make_unique<AlberoAgenti>(*this))
     , m_dettagli(std::make_unique<DettagliAgente>(*this))
+    , m_albero(std::make_unique<AlberoAgenti>(m_controlli.albero, postoGestione(Agenti),
+                                              *m_dettagli, m_ambiente))
     , m_scheda(std::make_unique<SchedaAgente>(*this))
     , m_navigazione(std::make_unique<NavigazioneAgenti>(*this))
     , m_collegate(std::make_unique<GestioniCollegate>(m_controlli.collegate, postoGestione(Agenti),

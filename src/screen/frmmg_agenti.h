@@ -196,8 +196,8 @@ private:
     // Made with the screen, before the parts that are given their controls from it.
     const ControlliAgenti m_controlli;
     std::unique_ptr<ListeCodificate> m_liste;
-    std::unique_ptr<AlberoAgenti> m_albero;
     std::unique_ptr<DettagliAgente> m_dettagli;
+    std::unique_ptr<AlberoAgenti> m_albero;
     std::unique_ptr<SchedaAgente> m_scheda;
     std::unique_ptr<NavigazioneAgenti> m_navigazione;
     std::unique_ptr<GestioniCollegate> m_collegate;
