@@ -8,6 +8,9 @@
 #include "platform/controls/gridnavigator.h"
 #include "platform/controls/menubutton.h"
 #include "platform/controls/navigator.h"
+#include "platform/controls/navigatorbar.h"
+#include "platform/controls/picture.h"
+#include "platform/controls/tabstrip.h"
 #include "platform/controls/treegrid.h"
 #include "src/screen/controlli.h"
 
@@ -76,6 +79,15 @@ ControlliAgenti controlliAgenti(const controls::Form& schermata)
                 .TXT_AGENTE = controlloDi<Field>(schermata, u"TXT_AGENTE"),
                 .GRIDNAV_AGENTISOCI = controlloDi<GridNavigator>(schermata, u"GRIDNAV_AGENTISOCI"),
                 .GRIDNAV_AGENTIMAT = controlloDi<GridNavigator>(schermata, u"GRIDNAV_AGENTIMAT"),
+            },
+        .navigazione =
+            {
+                .GRD_AGENTI = controlloDi<TreeGrid>(schermata, u"GRD_AGENTI"),
+                .IMG_ESPANDI = controlloDi<Picture>(schermata, u"IMG_ESPANDI"),
+                .IMG_COMPRIMI = controlloDi<Picture>(schermata, u"IMG_COMPRIMI"),
+                .INTERNAV = controlloDi<NavigatorBar>(schermata, u"INTERNAV"),
+                .TAB_AGENTI = controlloDi<TabStrip>(schermata, u"TAB_AGENTI"),
+                .TXT_AGENTE = controlloDi<Field>(schermata, u"TXT_AGENTE"),
             },
         .collegate =
             {

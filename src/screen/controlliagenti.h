@@ -12,6 +12,9 @@ class Grid;
 class GridNavigator;
 class MenuButton;
 class Navigator;
+class NavigatorBar;
+class Picture;
+class TabStrip;
 class TreeGrid;
 } // namespace tarvello::controls
 
@@ -87,6 +90,17 @@ struct ControlliAlbero {
     controls::GridNavigator& GRIDNAV_AGENTIMAT;
 };
 
+// What the walk from agent to agent answers to and moves: the tree and its buttons, the inner
+// navigator, the pages it turns and the agent's code it hands back or focuses.
+struct ControlliNavigazione {
+    controls::TreeGrid& GRD_AGENTI;
+    controls::Picture& IMG_ESPANDI;
+    controls::Picture& IMG_COMPRIMI;
+    controls::NavigatorBar& INTERNAV;
+    controls::TabStrip& TAB_AGENTI;
+    controls::Field& TXT_AGENTE;
+};
+
 // The menu of the managements linked to an agent, the fields their answers fill or focus and
 // the agent's code they are opened on.
 struct ControlliCollegate {
@@ -119,6 +133,7 @@ struct ControlliAgenti {
     ControlliTentataVendita tentataVendita;
     ControlliProvvigioni provvigioni;
     ControlliAlbero albero;
+    ControlliNavigazione navigazione;
     ControlliCollegate collegate;
     ControlliClassificazioni classificazioni;
 };

@@ -83,14 +83,16 @@ ControlliAgenti disponiControlli(FRMMG_AGENTI& schermata)
 
 FRMMG_AGENTI::FRMMG_AGENTI(QObject* parent)
     : controls::Form(QStringLiteral("FRMMG_AGENTI"), parent)
-    , m_ambiente(*this, m_activeInterface, m_ditta, m_stringaConnessione, m_connessione, m_oggetti,
-                 m_errori)
+    , m_ambiente(*this, m_activeInterface, m_activeClass, m_ditta, m_stringaConnessione,
+                 m_connessione, m_oggetti, m_errori)
     , m_controlli(disponiControlli(*this))
+    , m_pagine(m_controlli.navigazione.TAB_AGENTI)
     , m_dettagli(std::make_unique<DettagliAgente>(*this))
     , m_albero(std::make_unique<AlberoAgenti>(m_controlli.albero, postoGestione(Agenti),
                                               *m_dettagli, m_ambiente))
     , m_scheda(std::make_unique<SchedaAgente>(*this))
-    , m_navigazione(std::make_unique<NavigazioneAgenti>(*this))
+    , m_navigazione(std::make_unique<NavigazioneAgenti>(
+          m_controlli.navigazione, postoGestione(Agenti), *m_albero, m_pagine, m_ambiente))
     , m_collegate(std::make_unique<GestioniCollegate>(m_controlli.collegate, postoGestione(Agenti),
                                                       *m_scheda, m_ambiente))
     , m_classificazioni(std::make_unique<Classificazioni>(m_controlli.classificazioni, m_ambiente))
@@ -108,8 +110,8 @@ FRMMG_AGENTI::FRMMG_AGENTI(QObject* parent)
     connect(this, &Form::activated, this, &FRMMG_AGENTI::Form_Activate);
     connect(this, &Form::queryClose, this, &FRMMG_AGENTI::Form_QueryUnload);
     connect(this, &Form::unloaded, this, &FRMMG_AGENTI::Form_Unload);
-    connect(&controllo<controls::TabStrip>(u"TAB_AGENTI"), &controls::TabStrip::currentPageChanged,
-            this, [this](int pagina) { TAB_AGENTI_Click(pagina); });
+    connect(&m_controlli.navigazione.TAB_AGENTI, &controls::TabStrip::currentPageChanged, this,
+            [this](int pagina) { TAB_AGENTI_Click(pagina); });
 }
 
 FRMMG_AGENTI::~FRMMG_AGENTI() = default;
@@ -554,14 +556,12 @@ void FRMMG_AGENTI::ExecuteFormEvent(const db::Value& evento)
 
 void FRMMG_AGENTI::SelezionaTab(short pagina)
 {
-    m_cambioTabDaCodice = true;
-    controllo<controls::TabStrip>(u"TAB_AGENTI").selectPage(pagina);
-    m_cambioTabDaCodice = false;
+    m_pagine.SelezionaTab(pagina);
 }
 
 void FRMMG_AGENTI::TAB_AGENTI_Click(int pagina)
 {
-    if (m_cambioTabDaCodice && pagina >= Pagina::Soci && pagina <= Pagina::Giri)
+    if (m_pagine.CambioTabDaCodice() && pagina >= Pagina::Soci && pagina <= Pagina::Giri)
         return;
     QString destinazione;
     switch (pagina) {

@@ -10,6 +10,7 @@
 #include "src/screen/controlli.h"
 #include "src/screen/controlliagenti.h"
 #include "src/screen/frmmg_messaggio.h"
+#include "src/screen/pagineagenti.h"
 
 #include <QPointer>
 #include <QStringList>
@@ -123,7 +124,7 @@ public:
     host::LookupDecoder* decodificatoreFornitori() const { return m_oggetti.fornitori.get(); }
     // The payment-type names, index 0 "Contanti" to 16 "Solo descrittivo".
     const QStringList& tipiEffetti() const { return m_tipiEffetti; }
-    bool CambioTabDaCodice() const { return m_cambioTabDaCodice; }
+    bool CambioTabDaCodice() const { return m_pagine.CambioTabDaCodice(); }
     // The last answer of the question dialog, and whether it is to be remembered; both start
     // False and keep their values from one dialog to the next.
     bool gIsInserisciClienteNelGiro() const { return m_inserisciClienteNelGiro; }
@@ -188,13 +189,13 @@ private:
     qint32 m_ditta = 0;
     QStringList m_tipiEffetti;
     DecodificatoriAgenti m_oggetti;
-    bool m_cambioTabDaCodice = false;
     bool m_inserisciClienteNelGiro = false;
     bool m_nonRichiederePiu = false;
     ErrorReporter m_errori;
     const AmbienteAgenti m_ambiente;
     // Made with the screen, before the parts that are given their controls from it.
     const ControlliAgenti m_controlli;
+    PagineAgenti m_pagine;
     std::unique_ptr<ListeCodificate> m_liste;
     std::unique_ptr<DettagliAgente> m_dettagli;
     std::unique_ptr<AlberoAgenti> m_albero;
