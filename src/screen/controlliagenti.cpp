@@ -42,6 +42,18 @@ ControlliAgenti controlliAgenti(const controls::Form& schermata)
                 .GRD_DETTAGLIOGIRI = controlloDi<Grid>(schermata, u"GRD_DETTAGLIOGIRI"),
                 .INTERNAV = controlloDi<Navigator>(schermata, u"INTERNAV"),
             },
+        .dettagli =
+            {
+                .GRIDNAV_AGENTISOCI = controlloDi<GridNavigator>(schermata, u"GRIDNAV_AGENTISOCI"),
+                .GRID_AGENTISOCI = controlloDi<Grid>(schermata, u"GRID_AGENTISOCI"),
+                .TXT_NUMSOCI = controlloDi<Field>(schermata, u"TXT_NUMSOCI"),
+                .TXT_CODSOCIO = controlloDi<Field>(schermata, u"TXT_CODSOCIO"),
+                .GRIDNAV_AGENTIMAT = controlloDi<GridNavigator>(schermata, u"GRIDNAV_AGENTIMAT"),
+                .GRID_AGENTIMAT = controlloDi<Grid>(schermata, u"GRID_AGENTIMAT"),
+                .CBO_TIPOEFF = controlloDi<ComboBox>(schermata, u"CBO_TIPOEFF"),
+                .TXT_GIRO = controlloDi<Field>(schermata, u"TXT_GIRO"),
+                .GRD_DETTAGLIOGIRI = controlloDi<Grid>(schermata, u"GRD_DETTAGLIOGIRI"),
+            },
         .tentataVendita =
             {
                 .CHK_TVINDXH = controlloDi<CheckBox>(schermata, u"CHK_TVINDXH"),

@@ -46,6 +46,20 @@ struct ControlliOrdineGiro {
     controls::Navigator& INTERNAV;
 };
 
+// The controls of the partners and maturation-days pages that the details part answers to or
+// binds, and the route's field and grid its refresh reads and binds.
+struct ControlliDettagli {
+    controls::GridNavigator& GRIDNAV_AGENTISOCI;
+    controls::Grid& GRID_AGENTISOCI;
+    controls::Field& TXT_NUMSOCI;
+    controls::Field& TXT_CODSOCIO;
+    controls::GridNavigator& GRIDNAV_AGENTIMAT;
+    controls::Grid& GRID_AGENTIMAT;
+    controls::ComboBox& CBO_TIPOEFF;
+    controls::Field& TXT_GIRO;
+    controls::Grid& GRD_DETTAGLIOGIRI;
+};
+
 // The van-sales page: the depot and register fields with their descriptions, the last field
 // of the page and the navigator its exit key presses.
 struct ControlliTentataVendita {
@@ -130,6 +144,7 @@ struct ControlliAgenti {
     ControlliSoci soci;
     ControlliMaturazione maturazione;
     ControlliOrdineGiro ordineGiro;
+    ControlliDettagli dettagli;
     ControlliTentataVendita tentataVendita;
     ControlliProvvigioni provvigioni;
     ControlliAlbero albero;

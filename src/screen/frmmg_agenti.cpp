@@ -87,7 +87,8 @@ FRMMG_AGENTI::FRMMG_AGENTI(QObject* parent)
                  m_connessione, m_oggetti, m_errori)
     , m_controlli(disponiControlli(*this))
     , m_pagine(m_controlli.navigazione.TAB_AGENTI)
-    , m_dettagli(std::make_unique<DettagliAgente>(*this))
+    , m_dettagli(std::make_unique<DettagliAgente>(m_controlli, m_gestioni, m_pagine, m_tipiEffetti,
+                                                  m_ambiente, *this))
     , m_albero(std::make_unique<AlberoAgenti>(m_controlli.albero, postoGestione(Agenti),
                                               *m_dettagli, m_ambiente))
     , m_scheda(std::make_unique<SchedaAgente>(*this))
