@@ -1,12 +1,11 @@
 #pragma once
 
 #include "src/screen/controlliagenti.h"
+#include "src/screen/postigestioni.h"
 
 #include <QObject>
-#include <QPointer>
 #include <QString>
 #include <QStringList>
-#include <array>
 #include <memory>
 #include <optional>
 
@@ -29,10 +28,6 @@ class Maturazione;
 class PagineAgenti;
 class SociAgente;
 class TentataVendita;
-
-// The places of the screen's five record frames, by their number less one: each empty until
-// the load makes its frame and again once the unload lets it go.
-using PostiGestioni = std::array<QPointer<frame::GestAnagrafica>, 5>;
 
 // The four details of the agent on view (partners, maturation days, van-sales data, route
 // detail), each a record frame of the screen over a recordset the screen keeps open: how

@@ -71,6 +71,8 @@ public:
     const QString& Gstr_Connect() const { return m_stringaConnessione; }
     // The screen's connection: a run-time error when it has none (not loaded, or unloaded).
     db::Connection& connessione() const;
+    // The same, none before the load and after the unload.
+    db::Connection* Gcon_Connect() const { return m_connessione.get(); }
     // Each empty before the load and after the unload.
     const DecodificatoriAgenti& decodificatori() const { return m_decodificatori; }
     const ErrorReporter& errori() const { return m_errori; }

@@ -120,6 +120,41 @@ ControlliAgenti controlliAgenti(const controls::Form& schermata)
                 .TXT_RAGGR2 = controlloDi<Field>(schermata, u"TXT_RAGGR2"),
                 .TXT_RAGGR3 = controlloDi<Field>(schermata, u"TXT_RAGGR3"),
             },
+        .identita =
+            {
+                .TXT_AGENTE = controlloDi<Field>(schermata, u"TXT_AGENTE"),
+                .TXT_RAGSOANAG = controlloDi<Field>(schermata, u"TXT_RAGSOANAG"),
+                .TXT_FOR = controlloDi<Field>(schermata, u"TXT_FOR"),
+                .TXT_RAGSOANAGFOR = controlloDi<DataControl>(schermata, u"TXT_RAGSOANAGFOR"),
+                .CBO_TIPOAGENTE = controlloDi<ComboBox>(schermata, u"CBO_TIPOAGENTE"),
+                .PIC_INDTIPOAGENTE0 = controlloDi<Control>(schermata, u"PIC_INDTIPOAGENTE0"),
+                .PIC_INDTIPOAGENTE1 = controlloDi<Control>(schermata, u"PIC_INDTIPOAGENTE1"),
+                .PIC_INDTIPOAGENTE2 = controlloDi<Control>(schermata, u"PIC_INDTIPOAGENTE2"),
+                .TXT_AGERIFVIDEO1 = controlloDi<Field>(schermata, u"TXT_AGERIFVIDEO1"),
+                .TXT_AGERIF = controlloDi<Field>(schermata, u"TXT_AGERIF"),
+                .TXT_DESCAGERIF = controlloDi<DataControl>(schermata, u"TXT_DESCAGERIF"),
+                .TXT_CAPOAREA = controlloDi<Field>(schermata, u"TXT_CAPOAREA"),
+                .TXT_DESCCAPOAREA = controlloDi<DataControl>(schermata, u"TXT_DESCCAPOAREA"),
+                .TXT_CAPOZONA = controlloDi<Field>(schermata, u"TXT_CAPOZONA"),
+                .TXT_DESCCAPOZONA = controlloDi<DataControl>(schermata, u"TXT_DESCCAPOZONA"),
+                .TXT_TIPOLOGIAAGENTE = controlloDi<Field>(schermata, u"TXT_TIPOLOGIAAGENTE"),
+                .TXT_DESCTIPOLOGIA = controlloDi<DataControl>(schermata, u"TXT_DESCTIPOLOGIA"),
+            },
+        .recordAgente =
+            {
+                .TAB_AGENTI = controlloDi<TabStrip>(schermata, u"TAB_AGENTI"),
+                .CMD_GESTCOLL = controlloDi<Control>(schermata, u"CMD_GESTCOLL"),
+                .GRIDNAV_AGENTISOCI = controlloDi<GridNavigator>(schermata, u"GRIDNAV_AGENTISOCI"),
+                .GRIDNAV_AGENTIMAT = controlloDi<GridNavigator>(schermata, u"GRIDNAV_AGENTIMAT"),
+                .TXT_CODSOCIO = controlloDi<Field>(schermata, u"TXT_CODSOCIO"),
+                .CBO_REGPROV = controlloDi<ComboBox>(schermata, u"CBO_REGPROV"),
+                .CBO_INDTIPOLISFIX = controlloDi<ComboBox>(schermata, u"CBO_INDTIPOLISFIX"),
+                .TXT_NUMLISTFIX = controlloDi<Field>(schermata, u"TXT_NUMLISTFIX"),
+                .CBO_IDENTIFTAB = controlloDi<ComboBox>(schermata, u"CBO_IDENTIFTAB"),
+                .CBO_IDENTIFRIGA = controlloDi<ComboBox>(schermata, u"CBO_IDENTIFRIGA"),
+                .CBO_IDENTIFCOL = controlloDi<ComboBox>(schermata, u"CBO_IDENTIFCOL"),
+                .TXT_TABPRIORITA = controlloDi<Field>(schermata, u"TXT_TABPRIORITA"),
+            },
     };
 }
 

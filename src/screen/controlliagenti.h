@@ -138,6 +138,50 @@ struct ControlliClassificazioni {
     controls::Field& TXT_RAGGR3;
 };
 
+// The header fields that say who the agent is and where it stands: the code and the registry
+// name, the supplier, the type with its three pictures, the reference agent (its code, and the
+// id the row keeps) with the area and zone managers derived from it, and the typology; each
+// decoded field with the description it fills.
+struct ControlliIdentitaAgente {
+    controls::Field& TXT_AGENTE;
+    controls::Field& TXT_RAGSOANAG;
+    controls::Field& TXT_FOR;
+    controls::DataControl& TXT_RAGSOANAGFOR;
+    controls::ComboBox& CBO_TIPOAGENTE;
+    controls::Control& PIC_INDTIPOAGENTE0;
+    controls::Control& PIC_INDTIPOAGENTE1;
+    controls::Control& PIC_INDTIPOAGENTE2;
+    controls::Field& TXT_AGERIFVIDEO1;
+    controls::Field& TXT_AGERIF;
+    controls::DataControl& TXT_DESCAGERIF;
+    controls::Field& TXT_CAPOAREA;
+    controls::DataControl& TXT_DESCCAPOAREA;
+    controls::Field& TXT_CAPOZONA;
+    controls::DataControl& TXT_DESCCAPOZONA;
+    controls::Field& TXT_TIPOLOGIAAGENTE;
+    controls::DataControl& TXT_DESCTIPOLOGIA;
+};
+
+// What the agent record's status, save and display reach beyond the header: the tab strip,
+// the linked-managements button and the detail navigators the status opens and closes, the
+// partner code that tells the save whether the partners' pending row is to be confirmed, the
+// commission regime that takes the focus, and the commission page's fields bound to no
+// column, which the save writes and the display of a row fills.
+struct ControlliRecordAgente {
+    controls::TabStrip& TAB_AGENTI;
+    controls::Control& CMD_GESTCOLL;
+    controls::GridNavigator& GRIDNAV_AGENTISOCI;
+    controls::GridNavigator& GRIDNAV_AGENTIMAT;
+    controls::Field& TXT_CODSOCIO;
+    controls::ComboBox& CBO_REGPROV;
+    controls::ComboBox& CBO_INDTIPOLISFIX;
+    controls::Field& TXT_NUMLISTFIX;
+    controls::ComboBox& CBO_IDENTIFTAB;
+    controls::ComboBox& CBO_IDENTIFRIGA;
+    controls::ComboBox& CBO_IDENTIFCOL;
+    controls::Field& TXT_TABPRIORITA;
+};
+
 // The agents screen's controls by kind, for the parts of the screen that are given theirs
 // when they are built.
 struct ControlliAgenti {
@@ -151,6 +195,8 @@ struct ControlliAgenti {
     ControlliNavigazione navigazione;
     ControlliCollegate collegate;
     ControlliClassificazioni classificazioni;
+    ControlliIdentitaAgente identita;
+    ControlliRecordAgente recordAgente;
 };
 
 // Reaches every control of ControlliAgenti on a screen laid out by creaControlliAgenti, once:

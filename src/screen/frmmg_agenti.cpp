@@ -91,7 +91,10 @@ FRMMG_AGENTI::FRMMG_AGENTI(QObject* parent)
                                                   m_ambiente, *this))
     , m_albero(std::make_unique<AlberoAgenti>(m_controlli.albero, postoGestione(Agenti),
                                               *m_dettagli, m_ambiente))
-    , m_scheda(std::make_unique<SchedaAgente>(*this))
+    , m_scheda(std::make_unique<SchedaAgente>(
+          m_controlli.identita, m_controlli.recordAgente, m_gestioni,
+          PartiScheda{*m_albero, *m_dettagli, m_collegate, m_provvigioni}, *this, m_log,
+          m_ambiente))
     , m_navigazione(std::make_unique<NavigazioneAgenti>(
           m_controlli.navigazione, postoGestione(Agenti), *m_albero, m_pagine, m_ambiente))
     , m_collegate(std::make_unique<GestioniCollegate>(m_controlli.collegate, postoGestione(Agenti),

@@ -11,10 +11,10 @@
 #include "src/screen/controlliagenti.h"
 #include "src/screen/frmmg_messaggio.h"
 #include "src/screen/pagineagenti.h"
+#include "src/screen/postigestioni.h"
 
 #include <QPointer>
 #include <QStringList>
-#include <array>
 #include <memory>
 
 namespace tarvello::db {
@@ -117,11 +117,9 @@ public:
     // or after the unload.
     host::LookupDecoder* decodificatoreClienti() const { return m_oggetti.clienti.get(); }
     host::LookupDecoder* decodificatoreGiri() const { return m_oggetti.giri.get(); }
-    // The lookup-and-decode objects of the agents (agent lists and typologies) and of the
-    // suppliers; none before the load or after the unload. The others are reached through
-    // ambiente().decodificatori().
+    // The lookup-and-decode object of the agents (agent lists and typologies); none before the
+    // load or after the unload. The others are reached through ambiente().decodificatori().
     host::LookupDecoder* decodificatoreAgenti() const { return m_oggetti.agenti.get(); }
-    host::LookupDecoder* decodificatoreFornitori() const { return m_oggetti.fornitori.get(); }
     // The payment-type names, index 0 "Contanti" to 16 "Solo descrittivo".
     const QStringList& tipiEffetti() const { return m_tipiEffetti; }
     bool CambioTabDaCodice() const { return m_pagine.CambioTabDaCodice(); }
@@ -185,7 +183,7 @@ private:
     std::unique_ptr<host::ErrorLog> m_log;
     std::unique_ptr<db::Connection> m_connessione;
     QString m_stringaConnessione;
-    std::array<QPointer<frame::GestAnagrafica>, 5> m_gestioni; // Owned as QObject children.
+    PostiGestioni m_gestioni; // Owned as QObject children.
     qint32 m_ditta = 0;
     QStringList m_tipiEffetti;
     DecodificatoriAgenti m_oggetti;

@@ -15,6 +15,7 @@
 #include "src/host/errorlog.h"
 #include "src/host/globalcontext.h"
 #include "src/host/messagecatalogue.h"
+#include "src/screen/ambienteagenti.h"
 #include "src/screen/codiciagente.h"
 #include "src/screen/frmmg_agenti.h"
 #include "src/screen/provvigioni.h"
@@ -77,10 +78,35 @@ db::Value nulloOppure(bool nullo, const db::Value& valore)
     return nullo ? db::Value::null() : valore;
 }
 
+// The three identifiers of the composite table, each with the column of the row it shows.
+struct Identificatore {
+    controls::ComboBox& lista;
+    QString colonna;
+};
+
+std::array<Identificatore, 3> identificatori(const ControlliRecordAgente& record)
+{
+    return {{
+        {record.CBO_IDENTIFTAB, QStringLiteral("MG17_IDENTIFTAB")},
+        {record.CBO_IDENTIFRIGA, QStringLiteral("MG17_IDENTIFRIGA")},
+        {record.CBO_IDENTIFCOL, QStringLiteral("MG17_IDENTIFCOL")},
+    }};
+}
+
 } // namespace
 
-SchedaAgente::SchedaAgente(FRMMG_AGENTI& schermata)
-    : m_schermata(schermata)
+SchedaAgente::SchedaAgente(const ControlliIdentitaAgente& campi,
+                           const ControlliRecordAgente& record, const PostiGestioni& gestioni,
+                           const PartiScheda& parti, controls::Form& finestra,
+                           const std::unique_ptr<host::ErrorLog>& log,
+                           const AmbienteAgenti& ambiente)
+    : m_campi(campi)
+    , m_record(record)
+    , m_gestioni(gestioni)
+    , m_parti(parti)
+    , m_finestra(finestra)
+    , m_log(log)
+    , m_ambiente(ambiente)
 {}
 
 SchedaAgente::~SchedaAgente()
@@ -90,47 +116,41 @@ SchedaAgente::~SchedaAgente()
 
 void SchedaAgente::fornisciConnessione()
 {
-    db::Connection* connessione = m_schermata.Gcon_Connect();
-    if (m_schermata.connectionSource() || !connessione)
+    db::Connection* connessione = m_ambiente.Gcon_Connect();
+    if (m_finestra.connectionSource() || !connessione)
         return;
     m_connessioni = std::make_unique<controls::ConnectionPool>();
     m_connessioni->add(*connessione);
-    m_schermata.setConnectionSource(m_connessioni.get());
+    m_finestra.setConnectionSource(m_connessioni.get());
 }
 
 void SchedaAgente::rilasciaConnessione()
 {
-    if (m_connessioni && m_schermata.connectionSource() == m_connessioni.get())
-        m_schermata.setConnectionSource(nullptr);
+    if (m_connessioni && m_finestra.connectionSource() == m_connessioni.get())
+        m_finestra.setConnectionSource(nullptr);
     m_connessioni.reset();
+}
+
+GestAnagrafica* SchedaAgente::FME_GestAnagrafica(int numero) const
+{
+    return m_gestioni.at(numero - 1);
 }
 
 GestAnagrafica& SchedaAgente::gestione(int numero) const
 {
-    GestAnagrafica* trovata = m_schermata.FME_GestAnagrafica(numero);
+    GestAnagrafica* trovata = FME_GestAnagrafica(numero);
     if (!trovata)
         throw db::RuntimeError(db::RuntimeError::ObjectRequired, QStringLiteral("Object required"),
                                QStringLiteral("FME_GestAnagrafica%1").arg(numero));
     return *trovata;
 }
 
-controls::Field& SchedaAgente::campo(QStringView nome) const
-{
-    return m_schermata.controllo<controls::Field>(nome);
-}
-
-QString SchedaAgente::testo(QStringView nome) const
-{
-    return campo(nome).text();
-}
-
 void SchedaAgente::messaggio(const QString& testo, int stile, const QString& titolo) const
 {
-    host::ErrorLog* log = m_schermata.Gcls_Log();
-    if (!log)
+    if (!m_log)
         throw db::RuntimeError(db::RuntimeError::ObjectRequired, QStringLiteral("Object required"),
                                QStringLiteral("Gcls_Log"));
-    log->message(testo, stile, titolo);
+    m_log->message(testo, stile, titolo);
 }
 
 db::Value SchedaAgente::valoreAgente(const QString& colonna) const
@@ -159,7 +179,7 @@ void SchedaAgente::scriviAgente(const QString& colonna, const db::Value& valore)
 void SchedaAgente::collega()
 {
     GestAnagrafica& agente = gestione(FRMMG_AGENTI::Agenti);
-    QObject* contesto = &m_schermata;
+    QObject* contesto = &m_contesto;
     QObject::connect(&agente, &GestAnagrafica::AfterAddNew, contesto,
                      [this](int esito) { FME_GestAnagrafica1_AfterAddNew(esito); });
     QObject::connect(&agente, &GestAnagrafica::AfterDelete, contesto,
@@ -181,7 +201,7 @@ void SchedaAgente::collega()
     collegaDecodifiche();
     fornisciConnessione();
     // The connection goes at unload: the pool must not outlive it.
-    QObject::connect(&m_schermata, &controls::Form::unloaded, contesto,
+    QObject::connect(&m_finestra, &controls::Form::unloaded, contesto,
                      [this] { rilasciaConnessione(); });
 }
 
@@ -189,15 +209,15 @@ void SchedaAgente::FME_GestAnagrafica1_AfterAddNew(int fenm_operationresult)
 {
     if (fenm_operationresult != frame::OperationSucceeded)
         return;
-    scriviAgente(QStringLiteral("MG17_DITTA_CG18"), m_schermata.Codice_Ditta());
+    scriviAgente(QStringLiteral("MG17_DITTA_CG18"), m_ambiente.Codice_Ditta());
 }
 
 void SchedaAgente::FME_GestAnagrafica1_AfterDelete(int fenm_operationresult)
 {
     if (fenm_operationresult != frame::OperationSucceeded)
         return;
-    m_schermata.albero().CaricaTabTreeview();
-    m_schermata.albero().CaricaAlberoAgenti();
+    m_parti.albero.CaricaTabTreeview();
+    m_parti.albero.CaricaAlberoAgenti();
 }
 
 void SchedaAgente::FME_GestAnagrafica1_AfterUndo(int fenm_operationresult)
@@ -209,7 +229,7 @@ void SchedaAgente::FME_GestAnagrafica1_AfterUndo(int fenm_operationresult)
             righe->requery();
         soci.refresh(QString());
     }
-    m_schermata.dettagli().ricalcolaSociAggiungibili();
+    m_parti.dettagli.ricalcolaSociAggiungibili();
 }
 
 void SchedaAgente::FME_GestAnagrafica1_AfterUpdate(int fenm_operationresult)
@@ -228,7 +248,7 @@ void SchedaAgente::FME_GestAnagrafica1_AfterUpdate(int fenm_operationresult)
         ignoreEachStep({[&] { gestione(dettaglio.gestione).updateBatch(); }});
     ignoreEachStep({[&] {
         if (m_statoSalvataggio == frame::FrameStatus::New || m_agenteRifVariato)
-            m_schermata.albero().AggiornaAlberoAgente();
+            m_parti.albero.AggiornaAlberoAgente();
     }});
 }
 
@@ -237,7 +257,7 @@ bool SchedaAgente::Esistefiglio(qint32 id)
     bool esiste = false;
     ignoreEachStep({[&] {
         const db::RecordsetPtr figli =
-            m_schermata.connessione().execute(sql::figliAgente(m_schermata.Codice_Ditta(), id));
+            m_ambiente.connessione().execute(sql::figliAgente(m_ambiente.Codice_Ditta(), id));
         esiste = figli->recordCount() > 0;
         figli->close();
     }});
@@ -247,9 +267,9 @@ bool SchedaAgente::Esistefiglio(qint32 id)
 bool SchedaAgente::AgenteUtilizzato(qint32 id)
 {
     bool utilizzato = false;
-    for (const QString& conteggio : sql::contaDocumentiAgente(m_schermata.Codice_Ditta(), id)) {
+    for (const QString& conteggio : sql::contaDocumentiAgente(m_ambiente.Codice_Ditta(), id)) {
         ignoreEachStep({[&] {
-            const db::RecordsetPtr contatore = m_schermata.connessione().execute(conteggio);
+            const db::RecordsetPtr contatore = m_ambiente.connessione().execute(conteggio);
             if (CDecN(contatore->value(u"CONTATORE")).toDecimal() > db::Decimal(0))
                 utilizzato = true;
             contatore->close();
@@ -269,15 +289,15 @@ void SchedaAgente::FME_GestAnagrafica1_BeforeDelete(frame::CancelArgs& args)
             return;
         }
         if (AgenteUtilizzato(id)) {
-            messaggio(m_schermata.globale().messages().message(MessaggioAgenteInUso, {}),
+            messaggio(m_ambiente.globale().messages().message(MessaggioAgenteInUso, {}),
                       host::Exclamation, TitoloEliminazione);
             args.fbol_Cancel = true;
             return;
         }
-        db::Connection& connessione = m_schermata.connessione();
+        db::Connection& connessione = m_ambiente.connessione();
         db::TransactionGuard transazione(connessione);
         for (const QString& eliminazione :
-             sql::eliminaDipendentiAgente(m_schermata.Codice_Ditta(), id))
+             sql::eliminaDipendentiAgente(m_ambiente.Codice_Ditta(), id))
             connessione.executeNonQuery(eliminazione);
         transazione.commit();
     } catch (const db::RuntimeError& errore) {
@@ -294,17 +314,17 @@ void SchedaAgente::FME_GestAnagrafica1_BeforeUpdate(frame::CancelArgs& args)
 {
     m_statoSalvataggio = gestione(FRMMG_AGENTI::Agenti).status();
 
-    const QString ragioneSociale = RTrimN(testo(u"TXT_RAGSOANAG")).toString();
-    if (m_schermata.connessione()
+    const QString ragioneSociale = RTrimN(m_campi.TXT_RAGSOANAG.text()).toString();
+    if (m_ambiente.connessione()
             .execute(sql::anagraficaDaRagioneSociale(ragioneSociale))
             ->recordCount() < 1) {
-        campo(u"TXT_RAGSOANAG").setValid(false);
+        m_campi.TXT_RAGSOANAG.setValid(false);
         args.fbol_Cancel = true;
     }
 
     GestAnagrafica& soci = gestione(FRMMG_AGENTI::Soci);
     if (inSospeso(soci) && !args.fbol_Cancel) {
-        if (CDecN(testo(u"TXT_CODSOCIO")) != db::Value(0) && inSospeso(soci)) {
+        if (CDecN(m_record.TXT_CODSOCIO.text()) != db::Value(0) && inSospeso(soci)) {
             confermaDettaglio(soci, args);
             if (args.fbol_Cancel)
                 return;
@@ -344,18 +364,16 @@ void SchedaAgente::controllaSoci()
 
 void SchedaAgente::scriviCampiNonLegati()
 {
-    const QString listino = m_schermata.controllo<controls::ComboBox>(u"CBO_INDTIPOLISFIX").text();
+    const QString listino = m_record.CBO_INDTIPOLISFIX.text();
     scriviAgente(
         QStringLiteral("MG17_INDTIPOLISFIX"),
         nulloOppure(CNegUno(listino) == db::Value(-1) && listino == u"-1", CDecN(listino)));
-    const db::Value numeroListino = RTrimN(testo(u"TXT_NUMLISTFIX"));
+    const db::Value numeroListino = RTrimN(m_record.TXT_NUMLISTFIX.text());
     scriviAgente(QStringLiteral("MG17_NUMLISFIX"),
                  numeroListino.toString().isEmpty() ? db::Value::null() : CDecN(numeroListino));
-    for (const char* nome : {"CBO_IDENTIFTAB", "CBO_IDENTIFRIGA", "CBO_IDENTIFCOL"}) {
-        const QString identificatore =
-            m_schermata.controllo<controls::ComboBox>(QString::fromLatin1(nome)).text();
-        const QString colonna = QStringLiteral("MG17_") + QString::fromLatin1(nome + 4);
-        scriviAgente(colonna,
+    for (const Identificatore& i : identificatori(m_record)) {
+        const QString identificatore = i.lista.text();
+        scriviAgente(i.colonna,
                      nulloOppure(CNegUno(identificatore) == db::Value(-1), CDecN(identificatore)));
     }
 }
@@ -367,23 +385,24 @@ void SchedaAgente::controllaFornitore(frame::CancelArgs& args)
         scriviAgente(QStringLiteral("MG17_TIPOCF_CG44"), db::Value::null());
         return;
     }
-    if (!campo(u"TXT_FOR").isValid())
+    if (!m_campi.TXT_FOR.isValid())
         return;
     scriviAgente(QStringLiteral("MG17_TIPOCF_CG44"), 1);
     const db::Value dellAnagrafica =
-        CodiceFornitore(m_schermata.connessione(), m_schermata.errori(), m_schermata.Codice_Ditta(),
+        CodiceFornitore(m_ambiente.connessione(), m_ambiente.errori(), m_ambiente.Codice_Ditta(),
                         valoreAgente(QStringLiteral("MG17_ANAGEN_CG16")));
     if (fornitore == dellAnagrafica)
         return;
-    if (m_schermata.controllo<controls::TabStrip>(u"TAB_AGENTI").currentPage() != 0)
-        m_schermata.SelezionaTab(0);
-    campo(u"TXT_FOR").setFocus();
-    host::ErrorLog* log = m_schermata.Gcls_Log();
+    // Page 0 moves the focus as a click on it does; the supplier's field takes it after.
+    if (m_record.TAB_AGENTI.currentPage() != 0)
+        m_record.TAB_AGENTI.selectPage(0);
+    m_campi.TXT_FOR.setFocus();
     const int risposta =
-        log ? log->message(QStringLiteral("Il fornitore selezionato non corrisponde a quello "
-                                          "dell'anagrafica agente.") +
-                               QStringLiteral("\r\n") + QStringLiteral("Si desidera proseguire?"),
-                           host::YesNo | host::Question | host::DefaultButton2, TitoloAttenzione)
+        m_log
+            ? m_log->message(QStringLiteral("Il fornitore selezionato non corrisponde a quello "
+                                            "dell'anagrafica agente.") +
+                                 QStringLiteral("\r\n") + QStringLiteral("Si desidera proseguire?"),
+                             host::YesNo | host::Question | host::DefaultButton2, TitoloAttenzione)
             : host::No;
     if (risposta == host::No) {
         args.fbol_Cancel = true;
@@ -397,61 +416,58 @@ void SchedaAgente::FME_GestAnagrafica1_ChangeStatus(int fenm_status, int fenm_re
     const auto impostaDettagli = [&](bool aperti) {
         for (const Dettaglio& dettaglio : dettagli)
             gestione(dettaglio.gestione).setLocked(!aperti);
-        for (const char* nome : {"GRIDNAV_AGENTISOCI", "GRIDNAV_AGENTIMAT"})
-            m_schermata.controllo<controls::GridNavigator>(QString::fromLatin1(nome))
-                .setEnabled(aperti);
-        m_schermata.controllo<controls::Control>(u"CMD_GESTCOLL").setEnabled(aperti);
+        m_record.GRIDNAV_AGENTISOCI.setEnabled(aperti);
+        m_record.GRIDNAV_AGENTIMAT.setEnabled(aperti);
+        m_record.CMD_GESTCOLL.setEnabled(aperti);
     };
     const frame::FrameStatus stato{fenm_status};
     if (stato == frame::FrameStatus::Browse) {
-        DecodificaCodice(m_schermata.connessione(),
-                         CDecN(valoreAgente(QStringLiteral("MG17_ANAGEN_CG16"))), m_schermata);
+        DecodificaCodice(m_ambiente.connessione(),
+                         CDecN(valoreAgente(QStringLiteral("MG17_ANAGEN_CG16"))),
+                         m_ambiente.finestra());
         impostaDettagli(true);
         if (fenm_reason != frame::StatusReason::Refreshed)
-            m_schermata.dettagli().ShowChild();
+            m_parti.dettagli.ShowChild();
         mostraCampiNonLegati();
         agente.setSecondChangeFlag(false);
         agente.refreshState();
-        m_schermata.controllo<controls::Control>(u"CBO_REGPROV").setFocus();
+        m_record.CBO_REGPROV.setFocus();
     } else if (stato == frame::FrameStatus::Search || stato == frame::FrameStatus::New) {
-        m_schermata.dettagli().ClearChild();
-        campo(u"TXT_RAGSOANAG").setText(QString());
+        m_parti.dettagli.ClearChild();
+        m_campi.TXT_RAGSOANAG.setText(QString());
         // An empty screen: the reference code follows the empty id, as for an agent shown.
-        seguiId(campo(u"TXT_AGERIF"), m_ultimoIdAgeRif, &campo(u"TXT_AGERIFVIDEO1"));
+        seguiId(m_campi.TXT_AGERIF, m_ultimoIdAgeRif, &m_campi.TXT_AGERIFVIDEO1);
         impostaDettagli(false);
     }
     const bool modificabili = agente.status() != frame::FrameStatus::Browse;
-    campo(u"TXT_AGENTE").setEnabled(modificabili);
-    campo(u"TXT_RAGSOANAG").setEnabled(modificabili);
+    m_campi.TXT_AGENTE.setEnabled(modificabili);
+    m_campi.TXT_RAGSOANAG.setEnabled(modificabili);
 }
 
 void SchedaAgente::mostraCampiNonLegati()
 {
     const db::Value listino = valoreAgente(QStringLiteral("MG17_INDTIPOLISFIX"));
-    m_schermata.controllo<controls::ComboBox>(u"CBO_INDTIPOLISFIX")
-        .setText(RTrimN(listino).toString().isEmpty() ? QStringLiteral("-1")
-                                                      : CDecN(listino).toString());
-    campo(u"TXT_NUMLISTFIX")
-        .setText(RTrimN(valoreAgente(QStringLiteral("MG17_NUMLISFIX"))).toString());
-    for (const char* nome : {"CBO_IDENTIFTAB", "CBO_IDENTIFRIGA", "CBO_IDENTIFCOL"}) {
-        const db::Value identificatore =
-            valoreAgente(QStringLiteral("MG17_") + QString::fromLatin1(nome + 4));
-        m_schermata.controllo<controls::ComboBox>(QString::fromLatin1(nome))
-            .setText(RTrimN(identificatore).toString().isEmpty()
-                         ? QStringLiteral("-1")
-                         : CNegUno(identificatore).toString());
+    m_record.CBO_INDTIPOLISFIX.setText(
+        RTrimN(listino).toString().isEmpty() ? QStringLiteral("-1") : CDecN(listino).toString());
+    m_record.TXT_NUMLISTFIX.setText(
+        RTrimN(valoreAgente(QStringLiteral("MG17_NUMLISFIX"))).toString());
+    for (const Identificatore& i : identificatori(m_record)) {
+        const db::Value identificatore = valoreAgente(i.colonna);
+        i.lista.setText(RTrimN(identificatore).toString().isEmpty()
+                            ? QStringLiteral("-1")
+                            : CNegUno(identificatore).toString());
     }
     // An id beyond what the screen carries names no table it can show: the field stays empty.
     QString priorita;
     ignoreEachStep({[&] {
-        priorita = m_schermata.provvigioni().Get_LP09_CODICE(
+        priorita = m_parti.provvigioni->Get_LP09_CODICE(
             Provvigioni::idPriorita(valoreAgente(QStringLiteral("MG17_ID_LP09"))));
     }});
-    campo(u"TXT_TABPRIORITA").setText(priorita);
+    m_record.TXT_TABPRIORITA.setText(priorita);
     // Not bound to a column, the two fields are not decoded by the frame: their descriptions
     // follow the row from here.
-    campo(u"TXT_NUMLISTFIX").decode();
-    campo(u"TXT_TABPRIORITA").decode();
+    m_record.TXT_NUMLISTFIX.decode();
+    m_record.TXT_TABPRIORITA.decode();
 }
 
 void SchedaAgente::seguiId(controls::Field& id, qint32& ultimo, controls::Field* codice)
@@ -470,7 +486,7 @@ void SchedaAgente::seguiId(controls::Field& id, qint32& ultimo, controls::Field*
     if (*valore == ultimo)
         return;
     if (codice)
-        codice->setText(CodiceAgenteDaId(m_schermata.connessione(), qint32(*valore)));
+        codice->setText(CodiceAgenteDaId(m_ambiente.connessione(), qint32(*valore)));
     ultimo = qint32(*valore);
 }
 
@@ -482,9 +498,9 @@ void SchedaAgente::FME_GestAnagrafica1_IsRecordChanged(frame::RecordChangedArgs&
         if (inSospeso(gestione(dettaglio.gestione)))
             args.fbol_isRecordChanged = true;
     }
-    seguiId(campo(u"TXT_AGERIF"), m_ultimoIdAgeRif, &campo(u"TXT_AGERIFVIDEO1"));
-    seguiId(campo(u"TXT_CAPOAREA"), m_ultimoIdCapoArea, nullptr);
-    seguiId(campo(u"TXT_CAPOZONA"), m_ultimoIdCapoZona, nullptr);
+    seguiId(m_campi.TXT_AGERIF, m_ultimoIdAgeRif, &m_campi.TXT_AGERIFVIDEO1);
+    seguiId(m_campi.TXT_CAPOAREA, m_ultimoIdCapoArea, nullptr);
+    seguiId(m_campi.TXT_CAPOZONA, m_ultimoIdCapoZona, nullptr);
 }
 
 } // namespace tarvello::agenti

@@ -2,7 +2,11 @@
 
 #include "platform/db/value.h"
 #include "platform/frame/frameeventargs.h"
+#include "src/screen/controlliagenti.h"
+#include "src/screen/postigestioni.h"
 
+#include <QObject>
+#include <QPointer>
 #include <QSet>
 #include <QString>
 #include <QtGlobal>
@@ -14,7 +18,9 @@ struct CancelArgs;
 struct DecodeArgs;
 struct KeyArgs;
 struct LookupArgs;
+class DataControl;
 class Field;
+class Form;
 } // namespace tarvello::controls
 
 namespace tarvello::frame {
@@ -24,12 +30,28 @@ struct RecordChangedArgs;
 } // namespace tarvello::frame
 
 namespace tarvello::host {
+class ErrorLog;
 class LookupDecoder;
-}
+} // namespace tarvello::host
 
 namespace tarvello::agenti {
 
-class FRMMG_AGENTI;
+class AlberoAgenti;
+class AmbienteAgenti;
+class DettagliAgente;
+class GestioniCollegate;
+class Provvigioni;
+
+// The screen's other parts the agent record drives: the tree, rebuilt after a save or a
+// delete; the details, shown, refreshed and cleared with the agent; the linked managements,
+// which the registry field opens; the commission page, which names the priority table. The
+// last two are made after this part, so they come as their places.
+struct PartiScheda {
+    AlberoAgenti& albero;
+    DettagliAgente& dettagli;
+    const std::unique_ptr<GestioniCollegate>& collegate;
+    const std::unique_ptr<Provvigioni>& provvigioni;
+};
 
 // The agent record on the screen: the answers to the agent frame's events (new, save, undo,
 // delete, status, change query) and the identity and reference fields of the header and of
@@ -37,7 +59,11 @@ class FRMMG_AGENTI;
 // typology).
 class SchedaAgente {
 public:
-    explicit SchedaAgente(FRMMG_AGENTI& schermata);
+    // The window lends its lookups the screen's connection and says when it unloads; the log
+    // is the screen's place of the host's message operation, filled at load.
+    SchedaAgente(const ControlliIdentitaAgente& campi, const ControlliRecordAgente& record,
+                 const PostiGestioni& gestioni, const PartiScheda& parti, controls::Form& finestra,
+                 const std::unique_ptr<host::ErrorLog>& log, const AmbienteAgenti& ambiente);
     ~SchedaAgente();
     SchedaAgente(const SchedaAgente&) = delete;
     SchedaAgente& operator=(const SchedaAgente&) = delete;
@@ -105,7 +131,7 @@ private:
     // is refused before any statement is sent.
     void rispondiDecodifica(controls::Field& campo, controls::DecodeArgs& args,
                             host::LookupDecoder* decodificatore, const QString& definizione,
-                            const QString& descrizione, bool numerico) const;
+                            controls::DataControl& descrizione, bool numerico) const;
     void rispondiDecodificaRiferimento(controls::Field& campo, controls::DecodeArgs& args,
                                        bool perId) const;
 
@@ -122,12 +148,18 @@ private:
     // Marks both reference fields valid, or both not valid saying why.
     void segnaRiferimento(bool valido, const QString& motivo = {});
 
+    // The record frame of that number at the moment; none before the load or after the unload.
+    frame::GestAnagrafica* FME_GestAnagrafica(int numero) const;
     frame::GestAnagrafica& gestione(int numero) const;
-    controls::Field& campo(QStringView nome) const;
-    QString testo(QStringView nome) const;
     void messaggio(const QString& testo, int stile, const QString& titolo) const;
 
-    FRMMG_AGENTI& m_schermata; // Not owned: the screen owns this.
+    const ControlliIdentitaAgente m_campi;
+    const ControlliRecordAgente m_record;
+    const PostiGestioni& m_gestioni;              // Not owned: the screen's.
+    const PartiScheda m_parti;                    // Not owned: the screen's.
+    controls::Form& m_finestra;                   // Not owned: the screen.
+    const std::unique_ptr<host::ErrorLog>& m_log; // Not owned: the screen's.
+    const AmbienteAgenti& m_ambiente;             // Not owned: the screen's.
     frame::FrameStatus m_statoSalvataggio = frame::FrameStatus::Browse;
     bool m_agenteRifVariato = false;
     qint32 m_ultimoIdAgeRif = 0;
@@ -139,6 +171,8 @@ private:
     short m_ricercaDaInvio = 0;
     short m_rispostaNuovaAnagrafica = 7;
     std::unique_ptr<controls::ConnectionPool> m_connessioni; // Owned; lent to the form.
+    // The handlers' connections end with this part.
+    QObject m_contesto;
 };
 
 } // namespace tarvello::agenti

@@ -1,7 +1,7 @@
 #include "platform/controls/combobox.h"
 #include "platform/controls/field.h"
+#include "platform/controls/gridnavigator.h"
 #include "platform/controls/keycodes.h"
-#include "platform/controls/picture.h"
 #include "platform/db/connection.h"
 #include "platform/db/recordset.h"
 #include "platform/db/runtimeerror.h"
@@ -39,12 +39,12 @@ constexpr short No = 7;
 
 void SchedaAgente::collegaDecodifiche()
 {
-    QObject* contesto = &m_schermata;
-    Field& agente = campo(u"TXT_AGENTE");
+    QObject* contesto = &m_contesto;
+    Field& agente = m_campi.TXT_AGENTE;
     QObject::connect(&agente, &Field::validate, contesto,
                      [this](controls::CancelArgs&) { TXT_AGENTE_Validate(); });
 
-    Field& ragioneSociale = campo(u"TXT_RAGSOANAG");
+    Field& ragioneSociale = m_campi.TXT_RAGSOANAG;
     QObject::connect(&ragioneSociale, &Field::gotFocus, contesto,
                      [this] { m_invioSuRagSoc = false; });
     QObject::connect(&ragioneSociale, &Field::keyDown, contesto,
@@ -62,7 +62,7 @@ void SchedaAgente::collegaDecodifiche()
     QObject::connect(&ragioneSociale, &Field::managementKeyPressed, contesto,
                      [this](const QString& chiave) { TXT_RAGSOANAG_Gestione(chiave); });
 
-    auto& tipo = m_schermata.controllo<controls::ComboBox>(u"CBO_TIPOAGENTE");
+    controls::ComboBox& tipo = m_campi.CBO_TIPOAGENTE;
     QObject::connect(&tipo, &controls::ComboBox::valueSet, contesto,
                      [this](const db::Value& valore) { CBO_TIPOAGENTE_Click(valore); });
     QObject::connect(&tipo, &controls::ComboBox::gotFocus, contesto, [this, &tipo] {
@@ -71,11 +71,11 @@ void SchedaAgente::collegaDecodifiche()
     QObject::connect(&tipo, &controls::ComboBox::lostFocus, contesto,
                      [this] { CBO_TIPOAGENTE_LostFocus(); });
 
-    QObject::connect(&campo(u"TXT_CAPOZONA"), &Field::validate, contesto,
+    QObject::connect(&m_campi.TXT_CAPOZONA, &Field::validate, contesto,
                      [this](controls::CancelArgs& args) { TXT_CAPOZONA_Validate(args); });
-    QObject::connect(&campo(u"TXT_AGERIFVIDEO1"), &Field::validate, contesto,
+    QObject::connect(&m_campi.TXT_AGERIFVIDEO1, &Field::validate, contesto,
                      [this](controls::CancelArgs&) { TXT_AGERIFVIDEO1_Validate(); });
-    QObject::connect(&campo(u"TXT_AGERIF"), &Field::validate, contesto,
+    QObject::connect(&m_campi.TXT_AGERIF, &Field::validate, contesto,
                      [this](controls::CancelArgs&) { TXT_AGERIF_Validate(); });
 
     collegaListe();
@@ -84,24 +84,23 @@ void SchedaAgente::collegaDecodifiche()
 void SchedaAgente::TXT_AGENTE_Validate()
 {
     frame::GestAnagrafica& agente = gestione(FRMMG_AGENTI::Agenti);
-    const QString codice = testo(u"TXT_AGENTE");
+    const QString codice = m_campi.TXT_AGENTE.text();
     if (agente.status() == FrameStatus::New) {
         agente.search(true, true);
         if (agente.status() == FrameStatus::New) {
             const bool conCodice = !RTrimN(codice).toString().isEmpty();
             if (conCodice)
-                m_schermata.dettagli().RefreshChild();
+                m_parti.dettagli.RefreshChild();
             for (const int numero :
                  {FRMMG_AGENTI::Soci, FRMMG_AGENTI::Maturazione, FRMMG_AGENTI::TentataVendita})
                 gestione(numero).setLocked(!conCodice);
-            for (const char* nome : {"GRIDNAV_AGENTISOCI", "GRIDNAV_AGENTIMAT"})
-                m_schermata.controllo<controls::Control>(QString::fromLatin1(nome))
-                    .setEnabled(conCodice);
+            m_record.GRIDNAV_AGENTISOCI.setEnabled(conCodice);
+            m_record.GRIDNAV_AGENTIMAT.setEnabled(conCodice);
         }
     }
     if (agente.status() == FrameStatus::Browse)
-        m_schermata.albero().posizionaSuAgente(codice);
-    m_schermata.dettagli().soci().AggiornaNumeroSoci();
+        m_parti.albero.posizionaSuAgente(codice);
+    m_parti.dettagli.soci().AggiornaNumeroSoci();
 }
 
 void SchedaAgente::TXT_RAGSOANAG_KeyDown(const controls::KeyArgs& args)
@@ -114,11 +113,11 @@ void SchedaAgente::TXT_RAGSOANAG_Validate(controls::CancelArgs& args)
 {
     if (gestione(FRMMG_AGENTI::Agenti).status() != FrameStatus::New)
         return;
-    const bool codiceDigitato = !RTrimN(testo(u"TXT_AGENTE")).toString().isEmpty();
+    const bool codiceDigitato = !RTrimN(m_campi.TXT_AGENTE.text()).toString().isEmpty();
     const bool codiceNellaRiga =
         !RTrimN(valoreAgente(QStringLiteral("MG17_AGENTE"))).toString().isEmpty();
     if (codiceDigitato && codiceNellaRiga)
-        m_schermata.dettagli().RefreshChild();
+        m_parti.dettagli.RefreshChild();
     else
         args.cancel = true;
 }
@@ -128,24 +127,24 @@ void SchedaAgente::TXT_RAGSOANAG_LostFocus()
     if (!m_invioSuRagSoc)
         return;
     m_ricercaDaInvio = 1;
-    campo(u"TXT_RAGSOANAG").openLookup();
+    m_campi.TXT_RAGSOANAG.openLookup();
     m_ricercaDaInvio = 0;
     if (m_rispostaNuovaAnagrafica == Si)
-        m_schermata.collegate().GestioneAnagraficheGenerali();
+        m_parti.collegate->GestioneAnagraficheGenerali();
     else
-        campo(u"TXT_RAGSOANAG").setFocus();
+        m_campi.TXT_RAGSOANAG.setFocus();
 }
 
 void SchedaAgente::TXT_RAGSOANAG_Gestione(const QString& chiave)
 {
     if (chiave == u"Kgestione") {
-        m_schermata.collegate().GestioneAnagraficheGenerali();
+        m_parti.collegate->GestioneAnagraficheGenerali();
         return;
     }
     if (chiave != u"Kpers1")
         return;
     m_modoRicercaAnagrafiche = 1;
-    campo(u"TXT_RAGSOANAG").openLookup();
+    m_campi.TXT_RAGSOANAG.openLookup();
     m_modoRicercaAnagrafiche = 0;
 }
 
@@ -156,19 +155,19 @@ void SchedaAgente::RicercaAnagrafiche()
     std::unique_ptr<GeneralRegistrySearch> ricerca;
     const int tipo = m_modoRicercaAnagrafiche == 1 ? GeneralRegistrySearch::AllEntries
                                                    : GeneralRegistrySearch::AgentsAndFreeEntries;
-    frame::GestAnagrafica* agente = m_schermata.FME_GestAnagrafica(FRMMG_AGENTI::Agenti);
+    frame::GestAnagrafica* agente = FME_GestAnagrafica(FRMMG_AGENTI::Agenti);
     ignoreEachStep({
-        [&] { ricerca = m_schermata.globale().objects().newRegistrySearch(); },
-        [&] { ricerca->setContext(&m_schermata.globale()); },
-        [&] { ricerca->setConnection(m_schermata.Gcon_Connect(), m_schermata.Gstr_Connect()); },
-        [&] { ricerca->setCompany(m_schermata.Codice_Ditta()); },
+        [&] { ricerca = m_ambiente.globale().objects().newRegistrySearch(); },
+        [&] { ricerca->setContext(&m_ambiente.globale()); },
+        [&] { ricerca->setConnection(m_ambiente.Gcon_Connect(), m_ambiente.Gstr_Connect()); },
+        [&] { ricerca->setCompany(m_ambiente.Codice_Ditta()); },
         [&] {
             ricerca->setTitle(tipo == GeneralRegistrySearch::AllEntries
                                   ? QStringLiteral("Elenco anagrafiche generali")
                                   : QStringLiteral("Agenti e anagrafiche non assegnate"));
         },
         [&] { ricerca->setKind(tipo); },
-        [&] { ricerca->setStartText(RTrimN(testo(u"TXT_RAGSOANAG")).toString()); },
+        [&] { ricerca->setStartText(RTrimN(m_campi.TXT_RAGSOANAG.text()).toString()); },
         [&] { ricerca->run(); },
         [&] {
             if (tipo != GeneralRegistrySearch::AgentsAndFreeEntries)
@@ -177,7 +176,7 @@ void SchedaAgente::RicercaAnagrafiche()
             if (codice.isEmpty())
                 return Flow::Next;
             if (agente->status() == FrameStatus::Search)
-                campo(u"TXT_AGENTE").setText(codice);
+                m_campi.TXT_AGENTE.setText(codice);
             else
                 scriviAgente(QStringLiteral("MG17_AGENTE"), codice);
             agente->search(true, true);
@@ -188,20 +187,20 @@ void SchedaAgente::RicercaAnagrafiche()
             if (!anagrafica.toString().isEmpty()) {
                 if (agente->status() != FrameStatus::Search)
                     scriviAgente(QStringLiteral("MG17_ANAGEN_CG16"), CDecN(anagrafica));
-                DecodificaCodice(m_schermata.connessione(), anagrafica, m_schermata);
-                campo(u"TXT_RAGSOANAG").setValid(true);
+                DecodificaCodice(m_ambiente.connessione(), anagrafica, m_ambiente.finestra());
+                m_campi.TXT_RAGSOANAG.setValid(true);
                 if (tipo == GeneralRegistrySearch::AgentsAndFreeEntries)
-                    m_schermata.controllo<controls::ComboBox>(u"CBO_REGPROV").refresh();
+                    m_record.CBO_REGPROV.refresh();
                 else
-                    campo(u"TXT_AGENTE").setFocus();
+                    m_campi.TXT_AGENTE.setFocus();
                 return Flow::Leave;
             }
             if (m_ricercaDaInvio == 0)
                 messaggio(QStringLiteral("Nessuna anagrafica selezionata !!!"), host::Information,
                           QStringLiteral("Ricerca anagrafiche"));
             else
-                m_rispostaNuovaAnagrafica = short(m_schermata.Gcls_Log()->message(
-                    m_schermata.globale().messages().message(DomandaNuovaAnagrafica, {}),
+                m_rispostaNuovaAnagrafica = short(m_log->message(
+                    m_ambiente.globale().messages().message(DomandaNuovaAnagrafica, {}),
                     host::YesNo | host::Information | host::DefaultButton2, QString()));
             return Flow::Next;
         },
@@ -214,22 +213,21 @@ void SchedaAgente::CBO_TIPOAGENTE_Click(const db::Value& tipo)
     qint64 figura = NumeroIntero(tipo).value_or(2);
     if (figura != 0 && figura != 1)
         figura = 2;
-    for (const qint64 numero : {0, 1, 2})
-        m_schermata
-            .controllo<controls::Control>(QStringLiteral("PIC_INDTIPOAGENTE") +
-                                          QString::number(numero))
-            .setVisible(numero == figura);
+    const std::array<controls::Control*, 3> figure{
+        &m_campi.PIC_INDTIPOAGENTE0, &m_campi.PIC_INDTIPOAGENTE1, &m_campi.PIC_INDTIPOAGENTE2};
+    for (qint64 numero = 0; numero < 3; ++numero)
+        figure.at(numero)->setVisible(numero == figura);
 }
 
 void SchedaAgente::CBO_TIPOAGENTE_LostFocus()
 {
-    const auto& lista = m_schermata.controllo<controls::ComboBox>(u"CBO_TIPOAGENTE");
+    const controls::ComboBox& lista = m_campi.CBO_TIPOAGENTE;
     const QString tipo = lista.text();
     if (tipo == u"1") {
-        campo(u"TXT_CAPOZONA").setText(QString());
+        m_campi.TXT_CAPOZONA.setText(QString());
     } else if (tipo != u"0") {
-        campo(u"TXT_CAPOAREA").setText(QString());
-        campo(u"TXT_CAPOZONA").setText(QString());
+        m_campi.TXT_CAPOAREA.setText(QString());
+        m_campi.TXT_CAPOZONA.setText(QString());
     }
     CBO_TIPOAGENTE_Click(lista.value());
     const short nuovo = short(NumeroIntero(lista.value()).value_or(0));
@@ -241,15 +239,15 @@ void SchedaAgente::CBO_TIPOAGENTE_LostFocus()
 
 void SchedaAgente::AggiornaCapiAreaZona()
 {
-    const QString tipo = m_schermata.controllo<controls::ComboBox>(u"CBO_TIPOAGENTE").text();
-    const QString riferimento = testo(u"TXT_AGERIF");
+    const QString tipo = m_campi.CBO_TIPOAGENTE.text();
+    const QString riferimento = m_campi.TXT_AGERIF.text();
     const qint64 r = NumeroIntero(riferimento).value_or(0);
-    Field& capoArea = campo(u"TXT_CAPOAREA");
-    Field& capoZona = campo(u"TXT_CAPOZONA");
+    Field& capoArea = m_campi.TXT_CAPOAREA;
+    Field& capoZona = m_campi.TXT_CAPOZONA;
     if (tipo == u"0") {
         capoZona.setText(r != 0 ? riferimento : QString());
         const QString nonno =
-            NonnoAgente(m_schermata.connessione(), m_schermata.Codice_Ditta(), QString::number(r));
+            NonnoAgente(m_ambiente.connessione(), m_ambiente.Codice_Ditta(), QString::number(r));
         capoArea.setText(NumeroIntero(nonno).value_or(0) != 0 ? nonno : QString());
     } else if (tipo == u"1") {
         capoArea.setText(r != 0 ? riferimento : QString());
@@ -262,8 +260,8 @@ void SchedaAgente::AggiornaCapiAreaZona()
 
 void SchedaAgente::TXT_CAPOZONA_Validate(controls::CancelArgs& args)
 {
-    const QString zona = RTrimN(testo(u"TXT_CAPOZONA")).toString().trimmed();
-    const QString area = RTrimN(testo(u"TXT_CAPOAREA")).toString().trimmed();
+    const QString zona = RTrimN(m_campi.TXT_CAPOZONA.text()).toString().trimmed();
+    const QString area = RTrimN(m_campi.TXT_CAPOAREA.text()).toString().trimmed();
     if (zona.isEmpty() || area.isEmpty() || zona != area)
         return;
     args.cancel = true;
@@ -273,11 +271,11 @@ void SchedaAgente::TXT_CAPOZONA_Validate(controls::CancelArgs& args)
 
 void SchedaAgente::TXT_AGERIFVIDEO1_Validate()
 {
-    const QString codice = NvlN(testo(u"TXT_AGERIFVIDEO1"), QString()).toString();
-    Field& riferimento = campo(u"TXT_AGERIF");
+    const QString codice = NvlN(m_campi.TXT_AGERIFVIDEO1.text(), QString()).toString();
+    Field& riferimento = m_campi.TXT_AGERIF;
     if (!codice.isEmpty()) {
         const qint32 id =
-            IdAgenteDaCodice(m_schermata.connessione(), m_schermata.Codice_Ditta(), codice);
+            IdAgenteDaCodice(m_ambiente.connessione(), m_ambiente.Codice_Ditta(), codice);
         if (id == 0)
             return;
         if (NumeroIntero(riferimento.text()) == std::optional<qint64>(id))
@@ -296,20 +294,20 @@ void SchedaAgente::TXT_AGERIFVIDEO1_Validate()
 
 void SchedaAgente::segnaRiferimento(bool valido, const QString& motivo)
 {
-    campo(u"TXT_AGERIF").setValid(valido, motivo);
-    campo(u"TXT_AGERIFVIDEO1").setValid(valido, motivo);
+    m_campi.TXT_AGERIF.setValid(valido, motivo);
+    m_campi.TXT_AGERIFVIDEO1.setValid(valido, motivo);
 }
 
 void SchedaAgente::TXT_AGERIF_Validate()
 {
     m_agenteRifVariato = false;
-    const QString codice = RTrimN(testo(u"TXT_AGERIFVIDEO1")).toString().trimmed();
-    if (!codice.isEmpty() && codice == RTrimN(testo(u"TXT_AGENTE")).toString().trimmed()) {
+    const QString codice = RTrimN(m_campi.TXT_AGERIFVIDEO1.text()).toString().trimmed();
+    if (!codice.isEmpty() && codice == RTrimN(m_campi.TXT_AGENTE.text()).toString().trimmed()) {
         segnaRiferimento(false,
                          QStringLiteral("un agente non può essere il riferimento di se stesso"));
         return;
     }
-    Field& riferimento = campo(u"TXT_AGERIF");
+    Field& riferimento = m_campi.TXT_AGERIF;
     const std::optional<qint64> id = NumeroIntero(riferimento.text());
     if (!id) {
         segnaRiferimento(
@@ -335,8 +333,8 @@ void SchedaAgente::TXT_AGERIF_Validate()
             return;
         }
     }
-    campo(u"TXT_AGERIFVIDEO1")
-        .setText(*id == 0 ? QString() : CodiceAgenteDaId(m_schermata.connessione(), qint32(*id)));
+    m_campi.TXT_AGERIFVIDEO1.setText(
+        *id == 0 ? QString() : CodiceAgenteDaId(m_ambiente.connessione(), qint32(*id)));
     segnaRiferimento(true);
     AggiornaCapiAreaZona();
     m_agenteRifVariato = true;
@@ -350,10 +348,10 @@ bool SchedaAgente::VerificaRiferimentoCircolare()
     QSet<qint32> visti;
     ignoreEachStep({
         [&] {
-            se = IdAgenteDaCodice(m_schermata.connessione(), m_schermata.Codice_Ditta(),
-                                  RTrimN(NvlN(testo(u"TXT_AGENTE"), QString())).toString());
+            se = IdAgenteDaCodice(m_ambiente.connessione(), m_ambiente.Codice_Ditta(),
+                                  RTrimN(NvlN(m_campi.TXT_AGENTE.text(), QString())).toString());
         },
-        [&] { r = NumeroIntero(testo(u"TXT_AGERIF")).value_or(0); },
+        [&] { r = NumeroIntero(m_campi.TXT_AGERIF.text()).value_or(0); },
         [&] {
             if (se == r)
                 trovato = true;
@@ -373,13 +371,13 @@ bool SchedaAgente::VerificaRiferimentoCircolare()
 bool SchedaAgente::BooRicercaAvanti(qint32 id, qint32 se, QSet<qint32>& visti)
 {
     bool trovato = false;
-    reportWithChoice(m_schermata.errori(), QStringLiteral("BooRicercaAvanti"), {[&] {
+    reportWithChoice(m_ambiente.errori(), QStringLiteral("BooRicercaAvanti"), {[&] {
                          // A hierarchy that already goes round a circle elsewhere is walked once.
                          if (visti.contains(id))
                              return;
                          visti.insert(id);
                          const db::RecordsetPtr passo =
-                             m_schermata.connessione().execute(sql::riferimentoInAlbero(id));
+                             m_ambiente.connessione().execute(sql::riferimentoInAlbero(id));
                          if (passo->recordCount() < 1)
                              return;
                          const qint32 padre = passo->value(u"MG17_IDAGERIF_MG17").toInt();
@@ -393,12 +391,12 @@ bool SchedaAgente::BooRicercaAvanti(qint32 id, qint32 se, QSet<qint32>& visti)
 bool SchedaAgente::BooRicercaIndietro(qint32 id, qint32 se, QSet<qint32>& visti)
 {
     bool trovato = false;
-    reportWithChoice(m_schermata.errori(), QStringLiteral("BooRicercaIndietro"), {[&] {
+    reportWithChoice(m_ambiente.errori(), QStringLiteral("BooRicercaIndietro"), {[&] {
                          if (visti.contains(id))
                              return;
                          visti.insert(id);
                          const db::RecordsetPtr passo =
-                             m_schermata.connessione().execute(sql::dipendenteInAlbero(id));
+                             m_ambiente.connessione().execute(sql::dipendenteInAlbero(id));
                          if (passo->recordCount() < 1)
                              return;
                          const qint32 figlio = passo->value(u"MG17_IDAGENTE").toInt();

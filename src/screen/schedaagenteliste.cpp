@@ -7,8 +7,9 @@
 #include "src/host/hostobjects.h"
 #include "src/host/lookupdecoder.h"
 #include "src/host/typologymanagement.h"
+#include "src/screen/ambienteagenti.h"
 #include "src/screen/codiciagente.h"
-#include "src/screen/frmmg_agenti.h"
+#include "src/screen/rispostedecodificatore.h"
 #include "src/screen/schedaagente.h"
 
 namespace tarvello::agenti {
@@ -32,13 +33,12 @@ host::LookupDecoder& richiesto(host::LookupDecoder* decodificatore)
 
 // A decoding that does not run: no description. An empty code is valid; a code that cannot
 // be looked up is not.
-void senzaDecodifica(Field& campo, controls::DecodeArgs& args, controls::DataControl* descrizione,
+void senzaDecodifica(Field& campo, controls::DecodeArgs& args, controls::DataControl& descrizione,
                      bool valido)
 {
     args.cancel = true;
     campo.setValid(valido);
-    if (descrizione)
-        descrizione->setValue(db::Value::null());
+    descrizione.setValue(db::Value::null());
 }
 
 } // namespace
@@ -49,49 +49,40 @@ void SchedaAgente::rispondiLista(Field& campo, controls::LookupArgs& args,
 {
     host::LookupDecoder& d = richiesto(decodificatore);
     d.prepareLookup(definizione, 0);
-    args.sql = d.query();
-    args.columns = d.columns();
-    args.title = d.title();
-    args.connectionString = m_schermata.Gstr_Connect();
+    rispostaLista(d, args, m_ambiente.Gstr_Connect());
     campo.setLookupId(d.lookupId());
 }
 
 void SchedaAgente::rispondiDecodifica(Field& campo, controls::DecodeArgs& args,
                                       host::LookupDecoder* decodificatore,
-                                      const QString& definizione, const QString& descrizione,
-                                      bool numerico) const
+                                      const QString& definizione,
+                                      controls::DataControl& descrizione, bool numerico) const
 {
-    auto* bersaglio = m_schermata.find<controls::DataControl>(descrizione);
     const db::Value codice = RTrimN(campo.text());
     if (codice.toString().isEmpty()) {
-        senzaDecodifica(campo, args, bersaglio, true);
+        senzaDecodifica(campo, args, descrizione, true);
         return;
     }
     const std::optional<qint64> numero = NumeroIntero(codice);
     if (numerico && !numero) {
-        senzaDecodifica(campo, args, bersaglio, false);
+        senzaDecodifica(campo, args, descrizione, false);
         return;
     }
     host::LookupDecoder& d = richiesto(decodificatore);
-    d.prepareDecoding(definizione, numerico ? db::Value(*numero) : codice, descrizione);
-    args.sql = d.query();
-    args.targets.clear();
-    for (const host::DecodeTarget& destinazione : d.targets())
-        args.targets.append(
-            {m_schermata.find<controls::DataControl>(destinazione.control), destinazione.column});
-    args.connectionString = m_schermata.Gstr_Connect();
+    d.prepareDecoding(definizione, numerico ? db::Value(*numero) : codice, descrizione.name());
+    rispostaDecodifica(m_ambiente.finestra(), d, args, m_ambiente.Gstr_Connect());
 }
 
 void SchedaAgente::rispondiDecodificaRiferimento(Field& campo, controls::DecodeArgs& args,
                                                  bool perId) const
 {
-    auto* descrizione = m_schermata.find<controls::DataControl>(u"TXT_DESCAGERIF");
+    controls::DataControl& descrizione = m_campi.TXT_DESCAGERIF;
     const QString codice = perId ? campo.text().trimmed() : campo.text();
     if (RTrimN(codice).toString().isEmpty()) {
         senzaDecodifica(campo, args, descrizione, true);
         return;
     }
-    const qint32 ditta = m_schermata.Codice_Ditta();
+    const qint32 ditta = m_ambiente.Codice_Ditta();
     if (perId) {
         // An id of 0 is stored for an agent without a reference agent, as Null is.
         const std::optional<qint64> id = NumeroIntero(codice);
@@ -103,60 +94,62 @@ void SchedaAgente::rispondiDecodificaRiferimento(Field& campo, controls::DecodeA
     } else {
         args.sql = sql::ragioneSocialeAgenteDaCodice(ditta, codice);
     }
-    args.targets = {{descrizione, QStringLiteral("CG16_RAGSOANAG")}};
-    args.connectionString = m_schermata.Gstr_Connect();
+    args.targets = {{&descrizione, QStringLiteral("CG16_RAGSOANAG")}};
+    args.connectionString = m_ambiente.Gstr_Connect();
 }
 
 void SchedaAgente::collegaListe()
 {
-    QObject* contesto = &m_schermata;
-    const auto lista = [this, contesto](QStringView nome, auto decodificatore,
-                                        const QString& definizione) {
-        Field& f = campo(nome);
-        QObject::connect(&f, &Field::lookupRequested, contesto,
-                         [this, &f, decodificatore, definizione](controls::LookupArgs& args) {
-                             ignoreEachStep({[&] {
-                                 rispondiLista(f, args, (m_schermata.*decodificatore)(),
-                                               definizione);
-                             }});
-                         });
+    QObject* contesto = &m_contesto;
+    using Decodificatore = std::unique_ptr<host::LookupDecoder> DecodificatoriAgenti::*;
+    // The decoder is read at each event: the load makes it and the unload lets it go.
+    const auto decodificatoreDi = [this](Decodificatore quale) {
+        return (m_ambiente.decodificatori().*quale).get();
     };
-    const auto decodifica = [this, contesto](QStringView nome, auto decodificatore,
-                                             const QString& definizione, const QString& descrizione,
-                                             bool numerico) {
-        Field& f = campo(nome);
+    const auto lista = [=, this](Field& f, Decodificatore decodificatore,
+                                 const QString& definizione) {
+        QObject::connect(
+            &f, &Field::lookupRequested, contesto, [=, this, &f](controls::LookupArgs& args) {
+                ignoreEachStep({[&] {
+                    rispondiLista(f, args, decodificatoreDi(decodificatore), definizione);
+                }});
+            });
+    };
+    const auto decodifica = [=, this](Field& f, Decodificatore decodificatore,
+                                      const QString& definizione,
+                                      controls::DataControl& descrizione, bool numerico) {
         QObject::connect(&f, &Field::decodeRequested, contesto,
-                         [=, this, &f](controls::DecodeArgs& args) {
+                         [=, this, &f, &descrizione](controls::DecodeArgs& args) {
                              ignoreEachStep({[&] {
-                                 rispondiDecodifica(f, args, (m_schermata.*decodificatore)(),
+                                 rispondiDecodifica(f, args, decodificatoreDi(decodificatore),
                                                     definizione, descrizione, numerico);
                              }});
                          });
     };
-    const auto agenti = &FRMMG_AGENTI::decodificatoreAgenti;
-    const auto fornitori = &FRMMG_AGENTI::decodificatoreFornitori;
+    const Decodificatore agenti = &DecodificatoriAgenti::agenti;
+    const Decodificatore fornitori = &DecodificatoriAgenti::fornitori;
 
-    lista(u"TXT_AGENTE", agenti, ElencoAgenti);
-    lista(u"TXT_AGERIFVIDEO1", agenti, ElencoAgenti);
+    lista(m_campi.TXT_AGENTE, agenti, ElencoAgenti);
+    lista(m_campi.TXT_AGERIFVIDEO1, agenti, ElencoAgenti);
     // The field holds an id: its list starts with the agents' ids.
-    lista(u"TXT_AGERIF", agenti, AgentiPerId);
-    lista(u"TXT_CAPOAREA", agenti, ElencoAgenti);
-    lista(u"TXT_CAPOZONA", agenti, ElencoAgenti);
-    lista(u"TXT_FOR", fornitori, ElencoFornitori);
-    lista(u"TXT_TIPOLOGIAAGENTE", agenti, ElencoTipologie);
+    lista(m_campi.TXT_AGERIF, agenti, AgentiPerId);
+    lista(m_campi.TXT_CAPOAREA, agenti, ElencoAgenti);
+    lista(m_campi.TXT_CAPOZONA, agenti, ElencoAgenti);
+    lista(m_campi.TXT_FOR, fornitori, ElencoFornitori);
+    lista(m_campi.TXT_TIPOLOGIAAGENTE, agenti, ElencoTipologie);
 
-    decodifica(u"TXT_CAPOAREA", agenti, AgentiPerId, QStringLiteral("TXT_DESCCAPOAREA"), true);
-    decodifica(u"TXT_CAPOZONA", agenti, AgentiPerId, QStringLiteral("TXT_DESCCAPOZONA"), true);
-    decodifica(u"TXT_FOR", fornitori, ElencoFornitori, QStringLiteral("TXT_RAGSOANAGFOR"), true);
-    decodifica(u"TXT_TIPOLOGIAAGENTE", agenti, ElencoTipologie, QStringLiteral("TXT_DESCTIPOLOGIA"),
+    decodifica(m_campi.TXT_CAPOAREA, agenti, AgentiPerId, m_campi.TXT_DESCCAPOAREA, true);
+    decodifica(m_campi.TXT_CAPOZONA, agenti, AgentiPerId, m_campi.TXT_DESCCAPOZONA, true);
+    decodifica(m_campi.TXT_FOR, fornitori, ElencoFornitori, m_campi.TXT_RAGSOANAGFOR, true);
+    decodifica(m_campi.TXT_TIPOLOGIAAGENTE, agenti, ElencoTipologie, m_campi.TXT_DESCTIPOLOGIA,
                true);
 
-    Field& tipologia = campo(u"TXT_TIPOLOGIAAGENTE");
+    Field& tipologia = m_campi.TXT_TIPOLOGIAAGENTE;
     QObject::connect(&tipologia, &Field::managementKeyPressed, contesto,
                      [this, &tipologia](const QString& chiave) {
                          if (chiave != u"Kgestione")
                              return;
-                         host::GlobalContext& globale = m_schermata.globale();
+                         host::GlobalContext& globale = m_ambiente.globale();
                          const std::unique_ptr<host::TypologyManagement> gestione =
                              globale.objects().newTypologyManagement();
                          if (gestione)
@@ -165,7 +158,7 @@ void SchedaAgente::collegaListe()
                      });
 
     for (const bool perId : {false, true}) {
-        Field& f = campo(perId ? u"TXT_AGERIF" : u"TXT_AGERIFVIDEO1");
+        Field& f = perId ? m_campi.TXT_AGERIF : m_campi.TXT_AGERIFVIDEO1;
         QObject::connect(&f, &Field::decodeRequested, contesto,
                          [this, &f, perId](controls::DecodeArgs& args) {
                              rispondiDecodificaRiferimento(f, args, perId);
