@@ -387,10 +387,9 @@ void FRMMG_AGENTI::Form_Load()
             [&] { m_ditta = globale().company().code; },
             [&] { m_tipiEffetti = StringaTipiEffetti().split(u'|'); },
             [&] {
-                controllo<controls::GridNavigator>(u"GRIDNAV_AGENTISOCI")
-                    .setGrid(&controllo<controls::Grid>(u"GRID_AGENTISOCI"));
-                controllo<controls::GridNavigator>(u"GRIDNAV_AGENTIMAT")
-                    .setGrid(&controllo<controls::Grid>(u"GRID_AGENTIMAT"));
+                const ControlliDettagli& dettagli = m_controlli.dettagli;
+                dettagli.GRIDNAV_AGENTISOCI.setGrid(&dettagli.GRID_AGENTISOCI);
+                dettagli.GRIDNAV_AGENTIMAT.setGrid(&dettagli.GRID_AGENTIMAT);
             },
             [&] { m_oggetti.destinatari = nuovoDecodificatore(); },
             [&] {
@@ -410,12 +409,11 @@ void FRMMG_AGENTI::Form_Load()
             },
             [&] { gestione(Agenti).addDetailFrame(&gestione(DettaglioGiri)); },
             [&] {
-                controllo<controls::Field>(u"TXT_RAGSOANAG")
-                    .addMenuItem(QStringLiteral("1"), QStringLiteral("Solo anagrafiche generali"),
-                                 true);
+                m_controlli.collegate.TXT_RAGSOANAG.addMenuItem(
+                    QStringLiteral("1"), QStringLiteral("Solo anagrafiche generali"), true);
             },
             [&] {
-                auto& gestioniCollegate = controllo<controls::MenuButton>(u"CMD_GESTCOLL");
+                controls::MenuButton& gestioniCollegate = m_controlli.collegate.CMD_GESTCOLL;
                 gestioniCollegate.clearItems();
                 gestioniCollegate.addItem(QStringLiteral("key_anagrafica"),
                                           QStringLiteral("Varia dati anagrafici"));
@@ -436,7 +434,7 @@ void FRMMG_AGENTI::Form_Load()
 
 void FRMMG_AGENTI::posizionaSuAgenteRichiesto()
 {
-    auto& internav = controllo<controls::NavigatorBar>(u"INTERNAV");
+    controls::NavigatorBar& internav = m_controlli.navigazione.INTERNAV;
     frame::GestAnagrafica& agenti = gestione(Agenti);
     QString codice;
     reportWithChoice(
@@ -455,7 +453,7 @@ void FRMMG_AGENTI::posizionaSuAgenteRichiesto()
                              : chiamante.CodiceAgente().toString();
             },
             [&] {
-                auto& campoAgente = controllo<controls::Field>(u"TXT_AGENTE");
+                controls::Field& campoAgente = m_controlli.navigazione.TXT_AGENTE;
                 campoAgente.setText(codice);
                 richiesto(Grst_GestAnagrafica(Agenti).get(), "Grst_GestAnagrafica1")
                     .setValue(campoAgente.dataField(), codice);
@@ -574,9 +572,8 @@ void FRMMG_AGENTI::TAB_AGENTI_Click(int pagina)
         break;
     case Pagina::Soci: {
         const db::RecordsetPtr soci = Grst_GestAnagrafica(Soci);
-        const bool conSoci =
-            soci && soci->recordCount() > 0 &&
-            CDecN(controllo<controls::Field>(u"TXT_CODSOCIO").text()) != db::Value(0);
+        const bool conSoci = soci && soci->recordCount() > 0 &&
+                             CDecN(m_controlli.dettagli.TXT_CODSOCIO.text()) != db::Value(0);
         destinazione = conSoci ? QStringLiteral("GRID_AGENTISOCI") : QStringLiteral("TXT_CODSOCIO");
         break;
     }
@@ -642,7 +639,7 @@ void FRMMG_AGENTI::Form_Unload()
         [&] {
             for (const char* nome : {"GRIDNAV_AGENTISOCI", "GRIDNAV_AGENTIMAT", "GRIDNAV_GIRI"})
                 controllo<controls::GridNavigator>(QString::fromUtf8(nome)).setGrid(nullptr);
-            controllo<controls::NavigatorBar>(u"INTERNAV").setTarget(nullptr);
+            m_controlli.navigazione.INTERNAV.setTarget(nullptr);
         },
         [&] { globale().deregisterModule(m_activeInterface); },
         [&] { globale().setActiveModule(nullptr); },
