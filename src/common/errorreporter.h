@@ -39,6 +39,7 @@ public:
     short moduleError(const QString& location, const db::RuntimeError& error) const;
     // The log the reports go to; a run-time error (91) while the screen has none.
     host::ErrorLog& log() const;
+    bool hasLog() const { return m_log != nullptr; }
 
 private:
     void handOver(const db::RuntimeError& error) const;

@@ -7,6 +7,7 @@
 #include "platform/controls/gridnavigator.h"
 #include "platform/frame/gestanagrafica.h"
 #include "src/common/errorstyles.h"
+#include "src/common/richiesto.h"
 #include "src/common/valuehelpers.h"
 #include "src/data/sqlagenti.h"
 #include "src/data/sqldettagli.h"
@@ -19,7 +20,9 @@
 #include "src/host/globalcontext.h"
 #include "src/host/hostobjects.h"
 #include "src/host/messagecatalogue.h"
+#include "src/screen/ambienteagenti.h"
 #include "src/screen/frmmg_agenti.h"
+#include "src/screen/pagineagenti.h"
 
 #include <array>
 
@@ -69,21 +72,34 @@ const Dettaglio& dettaglio(int gestione)
 
 } // namespace
 
-DettagliAgente::DettagliAgente(FRMMG_AGENTI& schermata)
-    : m_schermata(schermata)
-    , m_giri(std::make_unique<GiriVisite>(
-          schermata.controlli(), schermata.postoGestione(FRMMG_AGENTI::Agenti),
-          schermata.postoGestione(FRMMG_AGENTI::DettaglioGiri), schermata.ambiente()))
-    , m_soci(std::make_unique<SociAgente>(schermata.controlli().soci,
-                                          schermata.postoGestione(FRMMG_AGENTI::Soci), *this,
-                                          schermata.errori()))
-    , m_maturazione(std::make_unique<Maturazione>(
-          schermata.controlli().maturazione, schermata.postoGestione(FRMMG_AGENTI::Maturazione)))
-    , m_tentataVendita(std::make_unique<TentataVendita>(schermata.controlli().tentataVendita,
-                                                        schermata.ambiente()))
+DettagliAgente::DettagliAgente(const ControlliAgenti& controlli, const PostiGestioni& gestioni,
+                               PagineAgenti& pagine, const QStringList& tipiEffetti,
+                               const AmbienteAgenti& ambiente)
+    : m_controlli(controlli.dettagli)
+    , m_gestioni(gestioni)
+    , m_pagine(pagine)
+    , m_tipiEffetti(tipiEffetti)
+    , m_ambiente(ambiente)
+    , m_giri(std::make_unique<GiriVisite>(controlli, gestioni.at(FRMMG_AGENTI::Agenti - 1),
+                                          gestioni.at(FRMMG_AGENTI::DettaglioGiri - 1), ambiente))
+    , m_soci(std::make_unique<SociAgente>(controlli.soci, gestioni.at(FRMMG_AGENTI::Soci - 1),
+                                          *this, ambiente.errori()))
+    , m_maturazione(std::make_unique<Maturazione>(controlli.maturazione,
+                                                  gestioni.at(FRMMG_AGENTI::Maturazione - 1)))
+    , m_tentataVendita(std::make_unique<TentataVendita>(controlli.tentataVendita, ambiente))
 {}
 
 DettagliAgente::~DettagliAgente() = default;
+
+frame::GestAnagrafica& DettagliAgente::gestioneDi(int numero) const
+{
+    return richiesto(m_gestioni.at(numero - 1).data(), "FME_GestAnagrafica");
+}
+
+const frame::GestAnagrafica* DettagliAgente::agenti() const
+{
+    return m_gestioni.at(FRMMG_AGENTI::Agenti - 1).data();
+}
 
 const QString& DettagliAgente::GiroCorrente() const
 {
@@ -98,16 +114,16 @@ void DettagliAgente::TeminateElencoGiri()
 void DettagliAgente::collega()
 {
     using frame::GestAnagrafica;
-    QObject* contesto = &m_schermata;
+    QObject* contesto = &m_contesto;
     for (int numero :
          {FRMMG_AGENTI::Soci, FRMMG_AGENTI::Maturazione, FRMMG_AGENTI::TentataVendita}) {
-        GestAnagrafica* gestione = m_schermata.FME_GestAnagrafica(numero);
+        GestAnagrafica* gestione = m_gestioni.at(numero - 1);
         if (!gestione)
             return;
         QObject::connect(gestione, &GestAnagrafica::AfterAddNew, contesto,
                          [this, numero](int esito) { chiaveNuovaRiga(numero, esito); });
     }
-    GestAnagrafica* soci = m_schermata.FME_GestAnagrafica(FRMMG_AGENTI::Soci);
+    GestAnagrafica* soci = m_gestioni.at(FRMMG_AGENTI::Soci - 1);
     QObject::connect(soci, &GestAnagrafica::AfterDelete, contesto,
                      [this](int) { FME_GestAnagrafica2_AfterDelete(); });
     QObject::connect(soci, &GestAnagrafica::AfterUndo, contesto,
@@ -117,37 +133,33 @@ void DettagliAgente::collega()
     QObject::connect(soci, &GestAnagrafica::UpdateBatchAll, contesto,
                      [this] { FME_GestAnagrafica2_UpdateBatchAll(); });
 
-    GestAnagrafica* maturazione = m_schermata.FME_GestAnagrafica(FRMMG_AGENTI::Maturazione);
+    GestAnagrafica* maturazione = m_gestioni.at(FRMMG_AGENTI::Maturazione - 1);
     QObject::connect(maturazione, &GestAnagrafica::ChangeStatus, contesto,
                      [this](int stato, int) { FME_GestAnagrafica3_ChangeStatus(stato); });
     QObject::connect(maturazione, &GestAnagrafica::UpdateBatchAll, contesto,
                      [this] { salvaDettaglioSenzaNuovaRiga(FRMMG_AGENTI::Maturazione); });
-    QObject::connect(m_schermata.FME_GestAnagrafica(FRMMG_AGENTI::TentataVendita),
+    QObject::connect(m_gestioni.at(FRMMG_AGENTI::TentataVendita - 1),
                      &GestAnagrafica::UpdateBatchAll, contesto,
                      [this] { salvaDettaglioSenzaNuovaRiga(FRMMG_AGENTI::TentataVendita); });
 
-    auto& navigatoreSoci = m_schermata.controllo<controls::GridNavigator>(u"GRIDNAV_AGENTISOCI");
+    controls::GridNavigator& navigatoreSoci = m_controlli.GRIDNAV_AGENTISOCI;
     QObject::connect(&navigatoreSoci, &controls::Navigator::beforeButton, contesto,
                      [this](controls::NavigatorButtonArgs& args) {
                          GRIDNAV_AGENTISOCI_BeforeButtonClick(args);
                      });
     QObject::connect(&navigatoreSoci, &controls::Navigator::afterButton, contesto,
                      [this](bool riuscito, const QString& pulsante) {
-                         GRIDNAV_AfterButtonClick(riuscito, pulsante,
-                                                  QStringLiteral("TXT_CODSOCIO"));
+                         GRIDNAV_AfterButtonClick(riuscito, pulsante, m_controlli.TXT_CODSOCIO);
                      });
-    QObject::connect(&m_schermata.controllo<controls::GridNavigator>(u"GRIDNAV_AGENTIMAT"),
-                     &controls::Navigator::afterButton, contesto,
+    QObject::connect(&m_controlli.GRIDNAV_AGENTIMAT, &controls::Navigator::afterButton, contesto,
                      [this](bool riuscito, const QString& pulsante) {
-                         GRIDNAV_AfterButtonClick(riuscito, pulsante,
-                                                  QStringLiteral("CBO_TIPOEFF"));
+                         GRIDNAV_AfterButtonClick(riuscito, pulsante, m_controlli.CBO_TIPOEFF);
                      });
-    QObject::connect(&m_schermata.controllo<controls::Grid>(u"GRID_AGENTIMAT"),
-                     &controls::Grid::cellTextRequested, contesto,
+    QObject::connect(&m_controlli.GRID_AGENTIMAT, &controls::Grid::cellTextRequested, contesto,
                      [this](controls::CellTextArgs& args) { GRID_AGENTIMAT_CellText(args); });
     m_giri->collega();
-    m_soci->collega(m_schermata.globale().objects());
-    QObject::connect(&m_schermata, &controls::Form::unloaded, contesto,
+    m_soci->collega(m_ambiente.globale().objects());
+    QObject::connect(&m_ambiente.finestra(), &controls::Form::unloaded, contesto,
                      [this] { m_soci->rilascia(); });
     m_maturazione->collega();
     m_tentataVendita->collega();
@@ -155,10 +167,10 @@ void DettagliAgente::collega()
 
 void DettagliAgente::ShowChild()
 {
-    const qint32 ditta = m_schermata.Codice_Ditta();
-    const qint64 agente = idAgenteCorrente(m_schermata.postoGestione(FRMMG_AGENTI::Agenti));
+    const qint32 ditta = m_ambiente.Codice_Ditta();
+    const qint64 agente = idAgenteCorrente(agenti());
     for (const Dettaglio& d : dettagli())
-        m_schermata.gestione(d.gestione).reopen(d.perAgente(ditta, agente));
+        gestioneDi(d.gestione).reopen(d.perAgente(ditta, agente));
     m_giri->ImpostaElencoGiri();
     m_giri->Refresh_VF_MG1H(false);
 }
@@ -166,7 +178,7 @@ void DettagliAgente::ShowChild()
 void DettagliAgente::ClearChild()
 {
     for (const Dettaglio& d : dettagli())
-        m_schermata.gestione(d.gestione).reopen(d.vuoto());
+        gestioneDi(d.gestione).reopen(d.vuoto());
     m_giri->mostraGiro(QString());
     m_giri->Refresh_VF_MG1H(false);
     m_giri->TeminateElencoGiri();
@@ -174,14 +186,14 @@ void DettagliAgente::ClearChild()
 
 void DettagliAgente::RefreshChild()
 {
-    auto& grigliaSoci = m_schermata.controllo<controls::Grid>(u"GRID_AGENTISOCI");
-    auto& grigliaMaturazione = m_schermata.controllo<controls::Grid>(u"GRID_AGENTIMAT");
-    const qint32 ditta = m_schermata.Codice_Ditta();
-    const qint64 agente = idAgenteCorrente(m_schermata.postoGestione(FRMMG_AGENTI::Agenti));
+    controls::Grid& grigliaSoci = m_controlli.GRID_AGENTISOCI;
+    controls::Grid& grigliaMaturazione = m_controlli.GRID_AGENTIMAT;
+    const qint32 ditta = m_ambiente.Codice_Ditta();
+    const qint64 agente = idAgenteCorrente(agenti());
     // Gives a detail its query for the agent and moves the rows it holds to the agent.
     const auto rechiave = [&](int numero, const QString& sql) {
-        frame::GestAnagrafica& gestione = *m_schermata.FME_GestAnagrafica(numero);
-        const db::RecordsetPtr righe = m_schermata.Grst_GestAnagrafica(numero);
+        frame::GestAnagrafica& gestione = gestioneDi(numero);
+        const db::RecordsetPtr righe = gestione.recordset();
         gestione.setSql(sql);
         if (righe->recordCount() > 0)
             riscriviAgente(gestione, *righe, dettaglio(numero).colonna("_IDAGENTE_MG17"), agente);
@@ -192,14 +204,12 @@ void DettagliAgente::RefreshChild()
     grigliaMaturazione.setDataSource(nullptr);
     for (int numero : {FRMMG_AGENTI::Soci, FRMMG_AGENTI::Maturazione, FRMMG_AGENTI::TentataVendita})
         rechiave(numero, dettaglio(numero).perAgente(ditta, agente));
-    grigliaSoci.setDataSource(m_schermata.Grst_GestAnagrafica(FRMMG_AGENTI::Soci));
-    grigliaMaturazione.setDataSource(m_schermata.Grst_GestAnagrafica(FRMMG_AGENTI::Maturazione));
+    grigliaSoci.setDataSource(gestioneDi(FRMMG_AGENTI::Soci).recordset());
+    grigliaMaturazione.setDataSource(gestioneDi(FRMMG_AGENTI::Maturazione).recordset());
 
-    const QString giro =
-        RTrimN(m_schermata.controllo<controls::Field>(u"TXT_GIRO").text()).toString();
-    m_schermata.controllo<controls::Grid>(u"GRD_DETTAGLIOGIRI")
-        .setDataSource(
-            rechiave(FRMMG_AGENTI::DettaglioGiri, sql::dettaglioGiriDelGiro(ditta, agente, giro)));
+    const QString giro = RTrimN(m_controlli.TXT_GIRO.text()).toString();
+    m_controlli.GRD_DETTAGLIOGIRI.setDataSource(
+        rechiave(FRMMG_AGENTI::DettaglioGiri, sql::dettaglioGiriDelGiro(ditta, agente, giro)));
 }
 
 void DettagliAgente::setSociAggiungibili(bool aggiungibili)
@@ -212,8 +222,7 @@ void DettagliAgente::mostraSociAggiungibili()
 {
     // Without a declared number nothing bounds the partners: "Nuovo" stays available whatever
     // SociAggiungibili held before.
-    m_schermata.controllo<controls::GridNavigator>(u"GRIDNAV_AGENTISOCI")
-        .setNewRowAllowed(m_sociAggiungibili || !sottoLimiteSoci());
+    m_controlli.GRIDNAV_AGENTISOCI.setNewRowAllowed(m_sociAggiungibili || !sottoLimiteSoci());
 }
 
 void DettagliAgente::chiaveNuovaRiga(int numero, int fenm_operationresult)
@@ -221,18 +230,18 @@ void DettagliAgente::chiaveNuovaRiga(int numero, int fenm_operationresult)
     if (fenm_operationresult != frame::OperationSucceeded)
         return;
     const Dettaglio& d = dettaglio(numero);
-    const db::RecordsetPtr righe = m_schermata.FME_GestAnagrafica(numero)->recordset();
-    righe->setValue(d.colonna("_DITTA_CG18"), m_schermata.Codice_Ditta());
-    righe->setValue(d.colonna("_IDAGENTE_MG17"),
-                    MG17_IDAGENTE(m_schermata.postoGestione(FRMMG_AGENTI::Agenti)));
+    const db::RecordsetPtr righe = gestioneDi(numero).recordset();
+    righe->setValue(d.colonna("_DITTA_CG18"), m_ambiente.Codice_Ditta());
+    righe->setValue(d.colonna("_IDAGENTE_MG17"), MG17_IDAGENTE(agenti()));
 }
 
 std::optional<bool> DettagliAgente::sottoLimiteSoci() const
 {
-    const db::Value testo = RTrimN(m_schermata.controllo<controls::Field>(u"TXT_NUMSOCI").text());
+    const db::Value testo = RTrimN(m_controlli.TXT_NUMSOCI.text());
     if (testo.toString().isEmpty())
         return std::nullopt;
-    const db::RecordsetPtr soci = m_schermata.Grst_GestAnagrafica(FRMMG_AGENTI::Soci);
+    const frame::GestAnagrafica* gestioneSoci = m_gestioni.at(FRMMG_AGENTI::Soci - 1);
+    const db::RecordsetPtr soci = gestioneSoci ? gestioneSoci->recordset() : nullptr;
     const qint64 righe = soci ? soci->recordCount() : 0;
     return db::Decimal(righe) < CDecN(testo).toDecimal();
 }
@@ -252,8 +261,8 @@ void DettagliAgente::FME_GestAnagrafica2_AfterUndo(int fenm_operationresult)
 {
     if (fenm_operationresult != frame::OperationSucceeded)
         return;
-    frame::GestAnagrafica& soci = *m_schermata.FME_GestAnagrafica(FRMMG_AGENTI::Soci);
-    const db::RecordsetPtr righe = m_schermata.Grst_GestAnagrafica(FRMMG_AGENTI::Soci);
+    frame::GestAnagrafica& soci = gestioneDi(FRMMG_AGENTI::Soci);
+    const db::RecordsetPtr righe = soci.recordset();
     if (righe->bof() || righe->eof() || righe->recordCount() != 1 ||
         soci.status() != frame::FrameStatus::New)
         return;
@@ -262,7 +271,7 @@ void DettagliAgente::FME_GestAnagrafica2_AfterUndo(int fenm_operationresult)
         [&] { righe->requery(); },
         [&] { soci.refresh(); },
         [&] {
-            auto& codice = m_schermata.controllo<controls::Field>(u"TXT_CODSOCIO");
+            controls::Field& codice = m_controlli.TXT_CODSOCIO;
             if (codice.isEnabled())
                 codice.setFocus();
         },
@@ -271,7 +280,7 @@ void DettagliAgente::FME_GestAnagrafica2_AfterUndo(int fenm_operationresult)
 
 void DettagliAgente::FME_GestAnagrafica2_ChangeStatus(int fenm_status)
 {
-    auto& codice = m_schermata.controllo<controls::Field>(u"TXT_CODSOCIO");
+    controls::Field& codice = m_controlli.TXT_CODSOCIO;
     const frame::FrameStatus stato{fenm_status};
     if (stato == frame::FrameStatus::Browse)
         codice.setEnabled(false);
@@ -282,7 +291,7 @@ void DettagliAgente::FME_GestAnagrafica2_ChangeStatus(int fenm_status)
 
 void DettagliAgente::FME_GestAnagrafica3_ChangeStatus(int fenm_status)
 {
-    auto& tipo = m_schermata.controllo<controls::ComboBox>(u"CBO_TIPOEFF");
+    controls::ComboBox& tipo = m_controlli.CBO_TIPOEFF;
     const frame::FrameStatus stato{fenm_status};
     if (stato == frame::FrameStatus::Search || stato == frame::FrameStatus::New) {
         tipo.setEnabled(true);
@@ -294,11 +303,10 @@ void DettagliAgente::FME_GestAnagrafica3_ChangeStatus(int fenm_status)
 
 void DettagliAgente::salvaDettaglioSenzaNuovaRiga(int numero)
 {
-    frame::GestAnagrafica& gestione = *m_schermata.FME_GestAnagrafica(numero);
-    const db::RecordsetPtr righe = m_schermata.Grst_GestAnagrafica(numero);
-    controls::Grid* griglia = numero == FRMMG_AGENTI::Maturazione
-                                  ? &m_schermata.controllo<controls::Grid>(u"GRID_AGENTIMAT")
-                                  : nullptr;
+    frame::GestAnagrafica& gestione = gestioneDi(numero);
+    const db::RecordsetPtr righe = gestione.recordset();
+    controls::Grid* griglia =
+        numero == FRMMG_AGENTI::Maturazione ? &m_controlli.GRID_AGENTIMAT : nullptr;
     if (!gestione.changeFlag())
         return;
     // A new row still open is not saved with the others; never written, it simply goes.
@@ -311,7 +319,7 @@ void DettagliAgente::salvaDettaglioSenzaNuovaRiga(int numero)
     }
     gestione.setRecordset(nullptr);
     ignoreEachStep({
-        [&] { scriviInBlocco(m_schermata.ambiente(), *righe, dettaglio(numero).cosa); },
+        [&] { scriviInBlocco(m_ambiente, *righe, dettaglio(numero).cosa); },
         [&] { gestione.setRecordset(righe); },
         [&] {
             if (!griglia)
@@ -329,15 +337,13 @@ void DettagliAgente::salvaDettaglioSenzaNuovaRiga(int numero)
 
 void DettagliAgente::FME_GestAnagrafica2_UpdateBatchAll()
 {
-    frame::GestAnagrafica& soci = *m_schermata.FME_GestAnagrafica(FRMMG_AGENTI::Soci);
-    const db::RecordsetPtr righe = m_schermata.Grst_GestAnagrafica(FRMMG_AGENTI::Soci);
+    frame::GestAnagrafica& soci = gestioneDi(FRMMG_AGENTI::Soci);
+    const db::RecordsetPtr righe = soci.recordset();
     if (!soci.changeFlag() && !soci.secondChangeFlag())
         return;
     if (soci.status() == frame::FrameStatus::Browse) {
         ignoreEachStep({
-            [&] {
-                scriviInBlocco(m_schermata.ambiente(), *righe, dettaglio(FRMMG_AGENTI::Soci).cosa);
-            },
+            [&] { scriviInBlocco(m_ambiente, *righe, dettaglio(FRMMG_AGENTI::Soci).cosa); },
             [&] { soci.setFollowRowMoves(false); },
             [&] { righe->moveFirst(); },
             [&] { soci.setFollowRowMoves(true); },
@@ -370,30 +376,28 @@ void DettagliAgente::GRIDNAV_AGENTISOCI_BeforeButtonClick(controls::NavigatorBut
 {
     if (args.key != New || !sottoLimiteSoci())
         return;
-    m_schermata.FME_GestAnagrafica(FRMMG_AGENTI::Soci)
-        ->confirmPendingChanges({.check = true, .show = true});
+    gestioneDi(FRMMG_AGENTI::Soci).confirmPendingChanges({.check = true, .show = true});
     if (sottoLimiteSoci().value_or(true)) {
         setSociAggiungibili(true);
         return;
     }
-    host::ErrorLog* log = m_schermata.Gcls_Log();
-    if (log)
-        log->message(QStringLiteral("Impossibile aggiungere un nuovo socio.") +
-                         QStringLiteral("\r\n") +
-                         QStringLiteral("Il numero dei soci è superiore al valore del campo "
-                                        "Numero di soci in Dati generali !!!"),
-                     host::Exclamation, QStringLiteral("Attenzione"));
-    m_schermata.SelezionaTab(0);
-    m_schermata.SelezionaTab(1);
+    if (m_ambiente.errori().hasLog())
+        m_ambiente.errori().log().message(
+            QStringLiteral("Impossibile aggiungere un nuovo socio.") + QStringLiteral("\r\n") +
+                QStringLiteral("Il numero dei soci è superiore al valore del campo "
+                               "Numero di soci in Dati generali !!!"),
+            host::Exclamation, QStringLiteral("Attenzione"));
+    m_pagine.SelezionaTab(0);
+    m_pagine.SelezionaTab(1);
     args.cancel = true;
     setSociAggiungibili(false);
 }
 
 void DettagliAgente::GRIDNAV_AfterButtonClick(bool success, const QString& pulsante,
-                                              const QString& fuoco)
+                                              controls::Control& fuoco)
 {
     if (success && pulsante == New)
-        m_schermata.controllo<controls::Control>(fuoco).setFocus();
+        fuoco.setFocus();
 }
 
 void DettagliAgente::GRID_AGENTIMAT_CellText(controls::CellTextArgs& args)
@@ -403,13 +407,13 @@ void DettagliAgente::GRID_AGENTIMAT_CellText(controls::CellTextArgs& args)
     ignoreEachStep({
         [&] {
             const qint64 codice = CDecN(args.text).toInt64();
-            const QStringList& nomi = m_schermata.tipiEffetti();
+            const QStringList& nomi = m_tipiEffetti;
             QString nome;
             if (codice >= 1 && codice <= TipiNumerati)
                 nome = nomi.value(codice - 1);
             else if (codice == SoloDescrittivo)
                 nome = nomi.value(TipiNumerati);
-            args.text = m_schermata.globale().messages().text(nome);
+            args.text = m_ambiente.globale().messages().text(nome);
         },
     });
 }

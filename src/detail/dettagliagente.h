@@ -1,19 +1,30 @@
 #pragma once
 
+#include "src/screen/controlliagenti.h"
+#include "src/screen/postigestioni.h"
+
+#include <QObject>
 #include <QString>
+#include <QStringList>
 #include <memory>
 #include <optional>
 
 namespace tarvello::controls {
+class Control;
 struct CellTextArgs;
 struct NavigatorButtonArgs;
 } // namespace tarvello::controls
 
+namespace tarvello::frame {
+class GestAnagrafica;
+}
+
 namespace tarvello::agenti {
 
-class FRMMG_AGENTI;
+class AmbienteAgenti;
 class GiriVisite;
 class Maturazione;
+class PagineAgenti;
 class SociAgente;
 class TentataVendita;
 
@@ -23,7 +34,10 @@ class TentataVendita;
 // events.
 class DettagliAgente {
 public:
-    explicit DettagliAgente(FRMMG_AGENTI& schermata);
+    // The controls are those of every detail page, handed on to the part of each page.
+    DettagliAgente(const ControlliAgenti& controlli, const PostiGestioni& gestioni,
+                   PagineAgenti& pagine, const QStringList& tipiEffetti,
+                   const AmbienteAgenti& ambiente);
     ~DettagliAgente();
     DettagliAgente(const DettagliAgente&) = delete;
     DettagliAgente& operator=(const DettagliAgente&) = delete;
@@ -67,18 +81,29 @@ private:
     // Keys a new row of a detail to the company and the agent.
     void chiaveNuovaRiga(int gestione, int fenm_operationresult);
     void GRIDNAV_AGENTISOCI_BeforeButtonClick(controls::NavigatorButtonArgs& args);
-    void GRIDNAV_AfterButtonClick(bool success, const QString& pulsante, const QString& fuoco);
+    void GRIDNAV_AfterButtonClick(bool success, const QString& pulsante, controls::Control& fuoco);
     void GRID_AGENTIMAT_CellText(controls::CellTextArgs& args);
     // Whether the partners held are fewer than TXT_NUMSOCI says; none when it is empty (no
     // limit).
     std::optional<bool> sottoLimiteSoci() const;
+    // A detail's record frame; a run-time error while the screen has none.
+    frame::GestAnagrafica& gestioneDi(int numero) const;
+    // The agents frame; none while the screen has none.
+    const frame::GestAnagrafica* agenti() const;
 
-    FRMMG_AGENTI& m_schermata;                        // Not owned: the screen owns this.
+    const ControlliDettagli m_controlli;
+    const PostiGestioni& m_gestioni; // Not owned: the screen's.
+    PagineAgenti& m_pagine;          // Not owned: the screen's.
+    // Not owned: the screen's payment-type names, filled at load.
+    const QStringList& m_tipiEffetti;
+    const AmbienteAgenti& m_ambiente;                 // Not owned: the screen's.
     std::unique_ptr<GiriVisite> m_giri;               // Owned.
     std::unique_ptr<SociAgente> m_soci;               // Owned.
     std::unique_ptr<Maturazione> m_maturazione;       // Owned.
     std::unique_ptr<TentataVendita> m_tentataVendita; // Owned.
     bool m_sociAggiungibili = false;
+    // The handlers' connections end with this part.
+    QObject m_contesto;
 };
 
 } // namespace tarvello::agenti

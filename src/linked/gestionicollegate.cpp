@@ -16,8 +16,8 @@
 #include "src/host/hostobjects.h"
 #include "src/host/navigator.h"
 #include "src/linked/modulochiamato.h"
+#include "src/screen/ambienteagenti.h"
 #include "src/screen/codiciagente.h"
-#include "src/screen/frmmg_agenti.h"
 #include "src/screen/schedaagente.h"
 
 namespace tarvello::agenti {
@@ -37,8 +37,13 @@ db::ValueList datiAnagrafiche(const std::optional<db::Value>& codice)
 
 } // namespace
 
-GestioniCollegate::GestioniCollegate(FRMMG_AGENTI& schermata)
-    : m_schermata(schermata)
+GestioniCollegate::GestioniCollegate(const ControlliCollegate& controlli,
+                                     const QPointer<frame::GestAnagrafica>& agente,
+                                     SchedaAgente& scheda, const AmbienteAgenti& ambiente)
+    : m_controlli(controlli)
+    , m_agente(agente)
+    , m_scheda(scheda)
+    , m_ambiente(ambiente)
 {}
 
 GestioniCollegate::~GestioniCollegate()
@@ -48,20 +53,19 @@ GestioniCollegate::~GestioniCollegate()
 
 void GestioniCollegate::collega()
 {
-    QObject::connect(&m_schermata.controllo<controls::MenuButton>(u"CMD_GESTCOLL"),
-                     &controls::MenuButton::itemClicked, &m_schermata,
+    QObject::connect(&m_controlli.CMD_GESTCOLL, &controls::MenuButton::itemClicked, &m_contesto,
                      [this](const QString& chiave) { CMD_GESTCOLL_Click(chiave); });
 }
 
 void GestioniCollegate::CMD_GESTCOLL_Click(const QString& chiave)
 {
     if (chiave == u"key_anagrafica") {
-        SchedaAgente& scheda = m_schermata.scheda();
         ignoreEachStep({
-            [&] { GestioneAnagraficheGenerali(scheda.valoreAgente(ColonnaAnagrafica)); },
+            [&] { GestioneAnagraficheGenerali(m_scheda.valoreAgente(ColonnaAnagrafica)); },
             [&] {
-                DecodificaCodice(m_schermata.connessione(),
-                                 CDecN(scheda.valoreAgente(ColonnaAnagrafica)), m_schermata);
+                DecodificaCodice(m_ambiente.connessione(),
+                                 CDecN(m_scheda.valoreAgente(ColonnaAnagrafica)),
+                                 m_ambiente.finestra());
             },
         });
     } else if (chiave == u"Key_DatiDivisionali") {
@@ -74,30 +78,30 @@ void GestioniCollegate::GestioneAnagraficheGenerali(const std::optional<db::Valu
     host::Cinterface* contratto = nullptr;
     const Outcome esito = leaveSilently({
         [&] {
-            m_anagrafiche = m_schermata.globale().createModule(ModuloAnagrafiche);
+            m_anagrafiche = m_ambiente.globale().createModule(ModuloAnagrafiche);
             richiesto(m_anagrafiche.get(), "Pcls_Anagrafiche").dataTransfer().subscribe(this);
             contratto = &m_anagrafiche->contract();
         },
-        [&] { m_schermata.modulo().setIsActive(false); },
-        [&] { AffidaModulo(m_schermata.globale(), *contratto); },
+        [&] { m_ambiente.modulo().setIsActive(false); },
+        [&] { AffidaModulo(m_ambiente.globale(), *contratto); },
         [&] { m_anagrafiche->setCallingData(datiAnagrafiche(codice)); },
         [&] {
-            m_schermata.globale().startModule(nullptr, ModuloAnagrafiche,
-                                              host::startModuleArguments());
+            m_ambiente.globale().startModule(nullptr, ModuloAnagrafiche,
+                                             host::startModuleArguments());
         },
         [&] {
-            m_schermata.modulo().setIsActive(true);
+            m_ambiente.modulo().setIsActive(true);
             contratto = nullptr;
             rilasciaAnagrafiche();
-            m_schermata.globale().setActiveModule(m_schermata.ActiveInterface());
-            m_schermata.navigatore().update();
+            m_ambiente.globale().setActiveModule(m_ambiente.ActiveInterface());
+            m_ambiente.navigatore().update();
         },
     });
     // Left halfway, the component would stay the host's active module after it is gone: the
     // screen takes the host back as the management's closing would have done.
     if (esito == Outcome::Abandoned && m_anagrafiche) {
         rilasciaAnagrafiche();
-        RiprendiHost(m_schermata.ambiente());
+        RiprendiHost(m_ambiente);
     }
 }
 
@@ -108,7 +112,7 @@ void GestioniCollegate::rilasciaAnagrafiche()
     m_anagrafiche->dataTransfer().unsubscribe(this);
     // The host forgets the component wherever it holds it (active, second module) before it
     // goes.
-    ignoreEachStep({[&] { m_schermata.globale().deregisterModule(&m_anagrafiche->contract()); }});
+    ignoreEachStep({[&] { m_ambiente.globale().deregisterModule(&m_anagrafiche->contract()); }});
     m_anagrafiche.reset();
 }
 
@@ -120,36 +124,30 @@ void GestioniCollegate::Pcls_Anagrafiche_DataTransfer(const db::Value& Data)
         [&] { r = CDecN(Data.toArray().value(0)); },
         [&] {
             if (r.toDecimal() == db::Decimal()) {
-                m_schermata.controllo<controls::Field>(u"TXT_RAGSOANAG").setFocus();
+                m_controlli.TXT_RAGSOANAG.setFocus();
                 return Flow::Leave;
             }
             return Flow::Next;
         },
         [&] {
-            agenti = m_schermata.connessione().execute(
-                sql::agenteDellAnagrafica(CDecN(m_schermata.Codice_Ditta()), r));
+            agenti = m_ambiente.connessione().execute(
+                sql::agenteDellAnagrafica(CDecN(m_ambiente.Codice_Ditta()), r));
         },
         [&] {
-            SchedaAgente& scheda = m_schermata.scheda();
             if (richiesto(agenti.get(), "Lrst_Agenti").recordCount() < 1) {
                 ignoreEachStep({
-                    [&] { scheda.scriviAgente(ColonnaAnagrafica, r); },
-                    [&] { DecodificaCodice(m_schermata.connessione(), r, m_schermata); },
-                    [&] { m_schermata.controllo<controls::Control>(u"CBO_REGPROV").setFocus(); },
+                    [&] { m_scheda.scriviAgente(ColonnaAnagrafica, r); },
+                    [&] { DecodificaCodice(m_ambiente.connessione(), r, m_ambiente.finestra()); },
+                    [&] { m_controlli.CBO_REGPROV.setFocus(); },
                 });
                 return;
             }
             ignoreEachStep({
                 [&] {
-                    const QString colonna =
-                        m_schermata.controllo<controls::Field>(u"TXT_AGENTE").dataField();
-                    scheda.scriviAgente(colonna, agenti->value(u"MG17_AGENTE"));
+                    const QString colonna = m_controlli.TXT_AGENTE.dataField();
+                    m_scheda.scriviAgente(colonna, agenti->value(u"MG17_AGENTE"));
                 },
-                [&] {
-                    richiesto(m_schermata.FME_GestAnagrafica(FRMMG_AGENTI::Agenti),
-                              "FME_GestAnagrafica1")
-                        .search(true, true);
-                },
+                [&] { richiesto(m_agente.data(), "FME_GestAnagrafica1").search(true, true); },
             });
         },
         [&] {
@@ -163,21 +161,20 @@ void GestioniCollegate::Invoca_DatiDivisionali()
 {
     host::GlobalContext* globale = nullptr;
     reportWithChoice(
-        m_schermata.errori(), QStringLiteral("Invoca_DatiDivisionali"),
+        m_ambiente.errori(), QStringLiteral("Invoca_DatiDivisionali"),
         {
-            [&] { globale = &m_schermata.globale(); },
+            [&] { globale = &m_ambiente.globale(); },
             [&] { m_datiDivisionali = globale->objects().newDivisionalData(); },
             [&] {
                 richiesto(m_datiDivisionali.get(), "DatiDivisionali")
-                    .initialise(m_schermata.ActiveInterface(), nullptr,
-                                host::DivisionalData::AgentEntity,
-                                m_schermata.controllo<controls::Field>(u"TXT_AGENTE").text());
+                    .initialise(m_ambiente.ActiveInterface(), nullptr,
+                                host::DivisionalData::AgentEntity, m_controlli.TXT_AGENTE.text());
             },
             [&] { richiesto(m_datiDivisionali.get(), "DatiDivisionali").run(); },
-            [&] { m_schermata.modulo().setIsActive(true); },
+            [&] { m_ambiente.modulo().setIsActive(true); },
             [&] { richiesto(m_datiDivisionali.get(), "DatiDivisionali").setModule(nullptr); },
             [&] { m_datiDivisionali.reset(); },
-            [&] { globale->setActiveModule(m_schermata.ActiveInterface()); },
+            [&] { globale->setActiveModule(m_ambiente.ActiveInterface()); },
         });
 }
 

@@ -2,10 +2,17 @@
 
 #include "platform/db/value.h"
 #include "src/host/calledmodule.h"
+#include "src/screen/controlliagenti.h"
 
+#include <QObject>
+#include <QPointer>
 #include <QString>
 #include <memory>
 #include <optional>
+
+namespace tarvello::frame {
+class GestAnagrafica;
+}
 
 namespace tarvello::host {
 class DivisionalData;
@@ -13,7 +20,8 @@ class DivisionalData;
 
 namespace tarvello::agenti {
 
-class FRMMG_AGENTI;
+class AmbienteAgenti;
+class SchedaAgente;
 
 // The managements of the host reached from an agent through CMD_GESTCOLL and the registry
 // name field: the general registry, which may hand a registry code back while it is open,
@@ -21,7 +29,9 @@ class FRMMG_AGENTI;
 // is held only for that call.
 class GestioniCollegate final : public host::DataTransferEvents {
 public:
-    explicit GestioniCollegate(FRMMG_AGENTI& schermata);
+    GestioniCollegate(const ControlliCollegate& controlli,
+                      const QPointer<frame::GestAnagrafica>& agente, SchedaAgente& scheda,
+                      const AmbienteAgenti& ambiente);
     ~GestioniCollegate();
     GestioniCollegate(const GestioniCollegate&) = delete;
     GestioniCollegate& operator=(const GestioniCollegate&) = delete;
@@ -44,9 +54,15 @@ private:
     void DataTransfer(const db::Value& Data) override { Pcls_Anagrafiche_DataTransfer(Data); }
     void rilasciaAnagrafiche();
 
-    FRMMG_AGENTI& m_schermata;
+    const ControlliCollegate m_controlli;
+    // Not owned: the screen's place of the agents frame.
+    const QPointer<frame::GestAnagrafica>& m_agente;
+    SchedaAgente& m_scheda;           // Not owned: a sibling part, made before this one.
+    const AmbienteAgenti& m_ambiente; // Not owned: the screen's.
     std::unique_ptr<host::CalledModule> m_anagrafiche;
     std::unique_ptr<host::DivisionalData> m_datiDivisionali;
+    // The menu's connection ends with this part.
+    QObject m_contesto;
 };
 
 } // namespace tarvello::agenti

@@ -9,7 +9,7 @@
 #include "src/host/navigator.h"
 #include "src/host/stampaagenti.h"
 #include "src/linked/modulochiamato.h"
-#include "src/screen/frmmg_agenti.h"
+#include "src/screen/ambienteagenti.h"
 
 namespace tarvello::agenti {
 
@@ -27,16 +27,16 @@ host::AgentsPrintout& stampaAgenti(host::CalledModule* oggetto)
 
 } // namespace
 
-void InvocaStampa(FRMMG_AGENTI& schermata)
+void InvocaStampa(const AmbienteAgenti& ambiente, const controls::Field& TXT_AGENTE)
 {
     passOn(QStringLiteral("InvocaStampa:"), [&] {
-        host::GlobalContext& globale = schermata.globale();
+        host::GlobalContext& globale = ambiente.globale();
         std::unique_ptr<host::CalledModule> oggetto = globale.createModule(ModuloStampe);
         host::AgentsPrintout& stampa = stampaAgenti(oggetto.get());
-        stampa.setCodiceAgente(RTrimN(schermata.controllo<controls::Field>(u"TXT_AGENTE").text()));
+        stampa.setCodiceAgente(RTrimN(TXT_AGENTE.text()));
         host::Cinterface* contratto = &stampa.contract();
 
-        schermata.modulo().setIsActive(false);
+        ambiente.modulo().setIsActive(false);
 
         AffidaModulo(globale, *contratto);
 
@@ -46,9 +46,9 @@ void InvocaStampa(FRMMG_AGENTI& schermata)
         contratto = nullptr;
         oggetto.reset();
 
-        globale.setActiveModule(schermata.ActiveInterface());
-        schermata.modulo().setIsActive(true);
-        schermata.navigatore().update();
+        globale.setActiveModule(ambiente.ActiveInterface());
+        ambiente.modulo().setIsActive(true);
+        ambiente.navigatore().update();
     });
 }
 

@@ -21,6 +21,7 @@ class Navigator;
 
 namespace tarvello::agenti {
 
+class CLSMG_AGENTI;
 class ErrorReporter;
 
 // The host's lookup-and-decode objects the agents screen works with, from load to unload.
@@ -37,18 +38,20 @@ struct DecodificatoriAgenti {
 };
 
 // What a part of the agents screen reaches besides its controls and record frames: the
-// screen's window, the company, the connection and the host's lookup-and-decode objects of the
-// load, the error reporter, and the host through the module's contract. Each is read where the
-// screen keeps it at the moment it is used, since the load, a company change and the unload change
-// them.
+// screen's window, the module object that shows it, the company, the connection and the host's
+// lookup-and-decode objects of the load, the error reporter, and the host through the module's
+// contract. Each is read where the screen keeps it at the moment it is used, since the load, a
+// company change and the unload change them.
 class AmbienteAgenti {
 public:
-    AmbienteAgenti(const controls::Form& finestra, host::Cinterface* const& modulo,
-                   const qint32& ditta, const QString& stringaConnessione,
+    AmbienteAgenti(controls::Form& finestra, host::Cinterface* const& modulo,
+                   CLSMG_AGENTI* const& classe, const qint32& ditta,
+                   const QString& stringaConnessione,
                    const std::unique_ptr<db::Connection>& connessione,
                    const DecodificatoriAgenti& decodificatori, const ErrorReporter& errori)
         : m_finestra(finestra)
         , m_modulo(modulo)
+        , m_classe(classe)
         , m_ditta(ditta)
         , m_stringaConnessione(stringaConnessione)
         , m_connessione(connessione)
@@ -57,6 +60,8 @@ public:
     {}
 
     host::Cinterface* ActiveInterface() const { return m_modulo; }
+    // The module object that shows the screen, with its calling data.
+    CLSMG_AGENTI* ActiveClass() const { return m_classe; }
     // The contract of the module, the host's context and navigator: a run-time error when the
     // module has not given them (or has let them go).
     host::Cinterface& modulo() const;
@@ -71,13 +76,14 @@ public:
     // Each empty before the load and after the unload.
     const DecodificatoriAgenti& decodificatori() const { return m_decodificatori; }
     const ErrorReporter& errori() const { return m_errori; }
-    // The screen's window: the managements opened from it take its corner, and the host's
-    // decodings name their targets among its controls.
-    const controls::Form& finestra() const { return m_finestra; }
+    // The screen's window: the managements opened from it take its corner, the host's
+    // decodings name their targets among its controls, and long work shows on it as busy.
+    controls::Form& finestra() const { return m_finestra; }
 
 private:
-    const controls::Form& m_finestra;
+    controls::Form& m_finestra;
     host::Cinterface* const& m_modulo;
+    CLSMG_AGENTI* const& m_classe;
     const qint32& m_ditta;
     const QString& m_stringaConnessione;
     const std::unique_ptr<db::Connection>& m_connessione;

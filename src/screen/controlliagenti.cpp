@@ -6,8 +6,12 @@
 #include "platform/controls/field.h"
 #include "platform/controls/grid.h"
 #include "platform/controls/gridnavigator.h"
+#include "platform/controls/menubutton.h"
 #include "platform/controls/navigator.h"
+#include "platform/controls/navigatorbar.h"
+#include "platform/controls/picture.h"
 #include "platform/controls/tabstrip.h"
+#include "platform/controls/treegrid.h"
 #include "src/screen/controlli.h"
 
 namespace tarvello::agenti {
@@ -68,6 +72,18 @@ ControlliAgenti controlliAgenti(const controls::Form& schermata)
                 .TXT_AGENTE = controlloDi<Field>(schermata, u"TXT_AGENTE"),
                 .CMD_MULTICLI = controlloDi<Button>(schermata, u"CMD_MULTICLI"),
             },
+        .dettagli =
+            {
+                .GRIDNAV_AGENTISOCI = controlloDi<GridNavigator>(schermata, u"GRIDNAV_AGENTISOCI"),
+                .GRID_AGENTISOCI = controlloDi<Grid>(schermata, u"GRID_AGENTISOCI"),
+                .TXT_NUMSOCI = controlloDi<Field>(schermata, u"TXT_NUMSOCI"),
+                .TXT_CODSOCIO = controlloDi<Field>(schermata, u"TXT_CODSOCIO"),
+                .GRIDNAV_AGENTIMAT = controlloDi<GridNavigator>(schermata, u"GRIDNAV_AGENTIMAT"),
+                .GRID_AGENTIMAT = controlloDi<Grid>(schermata, u"GRID_AGENTIMAT"),
+                .CBO_TIPOEFF = controlloDi<ComboBox>(schermata, u"CBO_TIPOEFF"),
+                .TXT_GIRO = controlloDi<Field>(schermata, u"TXT_GIRO"),
+                .GRD_DETTAGLIOGIRI = controlloDi<Grid>(schermata, u"GRD_DETTAGLIOGIRI"),
+            },
         .tentataVendita =
             {
                 .CHK_TVINDXH = controlloDi<CheckBox>(schermata, u"CHK_TVINDXH"),
@@ -98,6 +114,29 @@ ControlliAgenti controlliAgenti(const controls::Form& schermata)
                 .TXT_IMPMINFATT = controlloDi<Field>(schermata, u"TXT_IMPMINFATT"),
                 .CBO_INDPREFSTDOC = controlloDi<ComboBox>(schermata, u"CBO_INDPREFSTDOC"),
                 .INTERNAV = controlloDi<Navigator>(schermata, u"INTERNAV"),
+            },
+        .albero =
+            {
+                .GRD_AGENTI = controlloDi<TreeGrid>(schermata, u"GRD_AGENTI"),
+                .TXT_AGENTE = controlloDi<Field>(schermata, u"TXT_AGENTE"),
+                .GRIDNAV_AGENTISOCI = controlloDi<GridNavigator>(schermata, u"GRIDNAV_AGENTISOCI"),
+                .GRIDNAV_AGENTIMAT = controlloDi<GridNavigator>(schermata, u"GRIDNAV_AGENTIMAT"),
+            },
+        .navigazione =
+            {
+                .GRD_AGENTI = controlloDi<TreeGrid>(schermata, u"GRD_AGENTI"),
+                .IMG_ESPANDI = controlloDi<Picture>(schermata, u"IMG_ESPANDI"),
+                .IMG_COMPRIMI = controlloDi<Picture>(schermata, u"IMG_COMPRIMI"),
+                .INTERNAV = controlloDi<NavigatorBar>(schermata, u"INTERNAV"),
+                .TAB_AGENTI = controlloDi<TabStrip>(schermata, u"TAB_AGENTI"),
+                .TXT_AGENTE = controlloDi<Field>(schermata, u"TXT_AGENTE"),
+            },
+        .collegate =
+            {
+                .CMD_GESTCOLL = controlloDi<MenuButton>(schermata, u"CMD_GESTCOLL"),
+                .TXT_AGENTE = controlloDi<Field>(schermata, u"TXT_AGENTE"),
+                .TXT_RAGSOANAG = controlloDi<Field>(schermata, u"TXT_RAGSOANAG"),
+                .CBO_REGPROV = controlloDi<Control>(schermata, u"CBO_REGPROV"),
             },
         .classificazioni =
             {

@@ -10,8 +10,12 @@ class Field;
 class Form;
 class Grid;
 class GridNavigator;
+class MenuButton;
 class Navigator;
+class NavigatorBar;
+class Picture;
 class TabStrip;
+class TreeGrid;
 } // namespace tarvello::controls
 
 namespace tarvello::agenti {
@@ -79,6 +83,20 @@ struct ControlliClientiGiro {
     controls::Button& CMD_MULTICLI;
 };
 
+// The controls of the partners and maturation-days pages that the details part answers to or
+// binds, and the route's field and grid its refresh reads and binds.
+struct ControlliDettagli {
+    controls::GridNavigator& GRIDNAV_AGENTISOCI;
+    controls::Grid& GRID_AGENTISOCI;
+    controls::Field& TXT_NUMSOCI;
+    controls::Field& TXT_CODSOCIO;
+    controls::GridNavigator& GRIDNAV_AGENTIMAT;
+    controls::Grid& GRID_AGENTIMAT;
+    controls::ComboBox& CBO_TIPOEFF;
+    controls::Field& TXT_GIRO;
+    controls::Grid& GRD_DETTAGLIOGIRI;
+};
+
 // The van-sales page: the depot and register fields with their descriptions, the last field
 // of the page and the navigator its exit key presses.
 struct ControlliTentataVendita {
@@ -112,6 +130,35 @@ struct ControlliProvvigioni {
     controls::Field& TXT_IMPMINFATT;
     controls::ComboBox& CBO_INDPREFSTDOC;
     controls::Navigator& INTERNAV;
+};
+
+// The agents tree, the agent's code whose row it shows and the navigators of the details its
+// click enables.
+struct ControlliAlbero {
+    controls::TreeGrid& GRD_AGENTI;
+    controls::Field& TXT_AGENTE;
+    controls::GridNavigator& GRIDNAV_AGENTISOCI;
+    controls::GridNavigator& GRIDNAV_AGENTIMAT;
+};
+
+// What the walk from agent to agent answers to and moves: the tree and its buttons, the inner
+// navigator, the pages it turns and the agent's code it hands back or focuses.
+struct ControlliNavigazione {
+    controls::TreeGrid& GRD_AGENTI;
+    controls::Picture& IMG_ESPANDI;
+    controls::Picture& IMG_COMPRIMI;
+    controls::NavigatorBar& INTERNAV;
+    controls::TabStrip& TAB_AGENTI;
+    controls::Field& TXT_AGENTE;
+};
+
+// The menu of the managements linked to an agent, the fields their answers fill or focus and
+// the agent's code they are opened on.
+struct ControlliCollegate {
+    controls::MenuButton& CMD_GESTCOLL;
+    controls::Field& TXT_AGENTE;
+    controls::Field& TXT_RAGSOANAG;
+    controls::Control& CBO_REGPROV;
 };
 
 // The nine classification codes, by their group (territory, categories, groupings) and level
@@ -181,8 +228,12 @@ struct ControlliAgenti {
     ControlliGiriVisite giriVisite;
     ControlliRigheGiro righeGiro;
     ControlliClientiGiro clientiGiro;
+    ControlliDettagli dettagli;
     ControlliTentataVendita tentataVendita;
     ControlliProvvigioni provvigioni;
+    ControlliAlbero albero;
+    ControlliNavigazione navigazione;
+    ControlliCollegate collegate;
     ControlliClassificazioni classificazioni;
     ControlliIdentitaAgente identita;
     ControlliRecordAgente recordAgente;

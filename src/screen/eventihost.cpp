@@ -28,7 +28,7 @@ void FRMMG_AGENTI::CambiaDitta(qint32 ditta)
                           [&] { m_ditta = ditta; },
                           [&] {
                               gestione(Agenti).reopen(sql::agenteNellaDitta(
-                                  m_ditta, controllo<controls::Field>(u"TXT_AGENTE").text()));
+                                  m_ditta, m_controlli.navigazione.TXT_AGENTE.text()));
                           },
                       });
 }

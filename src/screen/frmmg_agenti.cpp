@@ -83,17 +83,22 @@ ControlliAgenti disponiControlli(FRMMG_AGENTI& schermata)
 
 FRMMG_AGENTI::FRMMG_AGENTI(QObject* parent)
     : controls::Form(QStringLiteral("FRMMG_AGENTI"), parent)
-    , m_ambiente(*this, m_activeInterface, m_ditta, m_stringaConnessione, m_connessione, m_oggetti,
-                 m_errori)
+    , m_ambiente(*this, m_activeInterface, m_activeClass, m_ditta, m_stringaConnessione,
+                 m_connessione, m_oggetti, m_errori)
     , m_controlli(disponiControlli(*this))
-    , m_albero(std::make_unique<AlberoAgenti>(*this))
-    , m_dettagli(std::make_unique<DettagliAgente>(*this))
+    , m_pagine(m_controlli.navigazione.TAB_AGENTI)
+    , m_dettagli(std::make_unique<DettagliAgente>(m_controlli, m_gestioni, m_pagine, m_tipiEffetti,
+                                                  m_ambiente))
+    , m_albero(std::make_unique<AlberoAgenti>(m_controlli.albero, postoGestione(Agenti),
+                                              *m_dettagli, m_ambiente))
     , m_scheda(std::make_unique<SchedaAgente>(
           m_controlli.identita, m_controlli.recordAgente, m_gestioni,
           PartiScheda{*m_albero, *m_dettagli, m_collegate, m_provvigioni}, *this, m_log,
           m_ambiente))
-    , m_navigazione(std::make_unique<NavigazioneAgenti>(*this))
-    , m_collegate(std::make_unique<GestioniCollegate>(*this))
+    , m_navigazione(std::make_unique<NavigazioneAgenti>(
+          m_controlli.navigazione, postoGestione(Agenti), *m_albero, m_pagine, m_ambiente))
+    , m_collegate(std::make_unique<GestioniCollegate>(m_controlli.collegate, postoGestione(Agenti),
+                                                      *m_scheda, m_ambiente))
     , m_classificazioni(std::make_unique<Classificazioni>(m_controlli.classificazioni, m_ambiente))
     , m_provvigioni(std::make_unique<Provvigioni>(m_controlli.provvigioni, postoGestione(Agenti),
                                                   m_liste, m_ambiente))
@@ -109,8 +114,8 @@ FRMMG_AGENTI::FRMMG_AGENTI(QObject* parent)
     connect(this, &Form::activated, this, &FRMMG_AGENTI::Form_Activate);
     connect(this, &Form::queryClose, this, &FRMMG_AGENTI::Form_QueryUnload);
     connect(this, &Form::unloaded, this, &FRMMG_AGENTI::Form_Unload);
-    connect(&controllo<controls::TabStrip>(u"TAB_AGENTI"), &controls::TabStrip::currentPageChanged,
-            this, [this](int pagina) { TAB_AGENTI_Click(pagina); });
+    connect(&m_controlli.navigazione.TAB_AGENTI, &controls::TabStrip::currentPageChanged, this,
+            [this](int pagina) { TAB_AGENTI_Click(pagina); });
 }
 
 FRMMG_AGENTI::~FRMMG_AGENTI() = default;
@@ -382,10 +387,9 @@ void FRMMG_AGENTI::Form_Load()
             [&] { m_ditta = globale().company().code; },
             [&] { m_tipiEffetti = StringaTipiEffetti().split(u'|'); },
             [&] {
-                controllo<controls::GridNavigator>(u"GRIDNAV_AGENTISOCI")
-                    .setGrid(&controllo<controls::Grid>(u"GRID_AGENTISOCI"));
-                controllo<controls::GridNavigator>(u"GRIDNAV_AGENTIMAT")
-                    .setGrid(&controllo<controls::Grid>(u"GRID_AGENTIMAT"));
+                const ControlliDettagli& dettagli = m_controlli.dettagli;
+                dettagli.GRIDNAV_AGENTISOCI.setGrid(&dettagli.GRID_AGENTISOCI);
+                dettagli.GRIDNAV_AGENTIMAT.setGrid(&dettagli.GRID_AGENTIMAT);
             },
             [&] { m_oggetti.destinatari = nuovoDecodificatore(); },
             [&] {
@@ -405,12 +409,11 @@ void FRMMG_AGENTI::Form_Load()
             },
             [&] { gestione(Agenti).addDetailFrame(&gestione(DettaglioGiri)); },
             [&] {
-                controllo<controls::Field>(u"TXT_RAGSOANAG")
-                    .addMenuItem(QStringLiteral("1"), QStringLiteral("Solo anagrafiche generali"),
-                                 true);
+                m_controlli.collegate.TXT_RAGSOANAG.addMenuItem(
+                    QStringLiteral("1"), QStringLiteral("Solo anagrafiche generali"), true);
             },
             [&] {
-                auto& gestioniCollegate = controllo<controls::MenuButton>(u"CMD_GESTCOLL");
+                controls::MenuButton& gestioniCollegate = m_controlli.collegate.CMD_GESTCOLL;
                 gestioniCollegate.clearItems();
                 gestioniCollegate.addItem(QStringLiteral("key_anagrafica"),
                                           QStringLiteral("Varia dati anagrafici"));
@@ -431,7 +434,7 @@ void FRMMG_AGENTI::Form_Load()
 
 void FRMMG_AGENTI::posizionaSuAgenteRichiesto()
 {
-    auto& internav = controllo<controls::NavigatorBar>(u"INTERNAV");
+    controls::NavigatorBar& internav = m_controlli.navigazione.INTERNAV;
     frame::GestAnagrafica& agenti = gestione(Agenti);
     QString codice;
     reportWithChoice(
@@ -450,7 +453,7 @@ void FRMMG_AGENTI::posizionaSuAgenteRichiesto()
                              : chiamante.CodiceAgente().toString();
             },
             [&] {
-                auto& campoAgente = controllo<controls::Field>(u"TXT_AGENTE");
+                controls::Field& campoAgente = m_controlli.navigazione.TXT_AGENTE;
                 campoAgente.setText(codice);
                 richiesto(Grst_GestAnagrafica(Agenti).get(), "Grst_GestAnagrafica1")
                     .setValue(campoAgente.dataField(), codice);
@@ -555,14 +558,12 @@ void FRMMG_AGENTI::ExecuteFormEvent(const db::Value& evento)
 
 void FRMMG_AGENTI::SelezionaTab(short pagina)
 {
-    m_cambioTabDaCodice = true;
-    controllo<controls::TabStrip>(u"TAB_AGENTI").selectPage(pagina);
-    m_cambioTabDaCodice = false;
+    m_pagine.SelezionaTab(pagina);
 }
 
 void FRMMG_AGENTI::TAB_AGENTI_Click(int pagina)
 {
-    if (m_cambioTabDaCodice && pagina >= Pagina::Soci && pagina <= Pagina::Giri)
+    if (m_pagine.CambioTabDaCodice() && pagina >= Pagina::Soci && pagina <= Pagina::Giri)
         return;
     QString destinazione;
     switch (pagina) {
@@ -571,9 +572,8 @@ void FRMMG_AGENTI::TAB_AGENTI_Click(int pagina)
         break;
     case Pagina::Soci: {
         const db::RecordsetPtr soci = Grst_GestAnagrafica(Soci);
-        const bool conSoci =
-            soci && soci->recordCount() > 0 &&
-            CDecN(controllo<controls::Field>(u"TXT_CODSOCIO").text()) != db::Value(0);
+        const bool conSoci = soci && soci->recordCount() > 0 &&
+                             CDecN(m_controlli.dettagli.TXT_CODSOCIO.text()) != db::Value(0);
         destinazione = conSoci ? QStringLiteral("GRID_AGENTISOCI") : QStringLiteral("TXT_CODSOCIO");
         break;
     }
@@ -639,7 +639,7 @@ void FRMMG_AGENTI::Form_Unload()
         [&] {
             for (const char* nome : {"GRIDNAV_AGENTISOCI", "GRIDNAV_AGENTIMAT", "GRIDNAV_GIRI"})
                 controllo<controls::GridNavigator>(QString::fromUtf8(nome)).setGrid(nullptr);
-            controllo<controls::NavigatorBar>(u"INTERNAV").setTarget(nullptr);
+            m_controlli.navigazione.INTERNAV.setTarget(nullptr);
         },
         [&] { globale().deregisterModule(m_activeInterface); },
         [&] { globale().setActiveModule(nullptr); },

@@ -9,10 +9,11 @@
 #include "src/screen/ambienteagenti.h"
 #include "src/screen/controlli.h"
 #include "src/screen/controlliagenti.h"
+#include "src/screen/pagineagenti.h"
+#include "src/screen/postigestioni.h"
 
 #include <QPointer>
 #include <QStringList>
-#include <array>
 #include <memory>
 
 namespace tarvello::db {
@@ -120,7 +121,7 @@ public:
     host::LookupDecoder* decodificatoreAgenti() const { return m_oggetti.agenti.get(); }
     // The payment-type names, index 0 "Contanti" to 16 "Solo descrittivo".
     const QStringList& tipiEffetti() const { return m_tipiEffetti; }
-    bool CambioTabDaCodice() const { return m_cambioTabDaCodice; }
+    bool CambioTabDaCodice() const { return m_pagine.CambioTabDaCodice(); }
     bool Gbol_AlreadyLoaded() const { return m_giaCaricata; }
     ListeCodificate& liste() const { return *m_liste; }
     AlberoAgenti& albero() const { return *m_albero; }
@@ -172,18 +173,18 @@ private:
     std::unique_ptr<host::ErrorLog> m_log;
     std::unique_ptr<db::Connection> m_connessione;
     QString m_stringaConnessione;
-    std::array<QPointer<frame::GestAnagrafica>, 5> m_gestioni; // Owned as QObject children.
+    PostiGestioni m_gestioni; // Owned as QObject children.
     qint32 m_ditta = 0;
     QStringList m_tipiEffetti;
     DecodificatoriAgenti m_oggetti;
-    bool m_cambioTabDaCodice = false;
     ErrorReporter m_errori;
     const AmbienteAgenti m_ambiente;
     // Made with the screen, before the parts that are given their controls from it.
     const ControlliAgenti m_controlli;
+    PagineAgenti m_pagine;
     std::unique_ptr<ListeCodificate> m_liste;
-    std::unique_ptr<AlberoAgenti> m_albero;
     std::unique_ptr<DettagliAgente> m_dettagli;
+    std::unique_ptr<AlberoAgenti> m_albero;
     std::unique_ptr<SchedaAgente> m_scheda;
     std::unique_ptr<NavigazioneAgenti> m_navigazione;
     std::unique_ptr<GestioniCollegate> m_collegate;

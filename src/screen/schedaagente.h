@@ -3,13 +3,13 @@
 #include "platform/db/value.h"
 #include "platform/frame/frameeventargs.h"
 #include "src/screen/controlliagenti.h"
+#include "src/screen/postigestioni.h"
 
 #include <QObject>
 #include <QPointer>
 #include <QSet>
 #include <QString>
 #include <QtGlobal>
-#include <array>
 #include <memory>
 
 namespace tarvello::controls {
@@ -52,10 +52,6 @@ struct PartiScheda {
     const std::unique_ptr<GestioniCollegate>& collegate;
     const std::unique_ptr<Provvigioni>& provvigioni;
 };
-
-// The screen's places of its five record frames, in the order of their numbers: each empty
-// until the load makes the frame and again once the unload lets it go.
-using PostiGestioni = std::array<QPointer<frame::GestAnagrafica>, 5>;
 
 // The agent record on the screen: the answers to the agent frame's events (new, save, undo,
 // delete, status, change query) and the identity and reference fields of the header and of

@@ -1,6 +1,7 @@
 #include "src/tree/alberoagenti.h"
 
 #include "platform/controls/field.h"
+#include "platform/controls/form.h"
 #include "platform/controls/gridnavigator.h"
 #include "platform/controls/treegrid.h"
 #include "platform/db/connection.h"
@@ -11,7 +12,7 @@
 #include "src/data/sqlagenti.h"
 #include "src/detail/dettagliagente.h"
 #include "src/host/globalcontext.h"
-#include "src/screen/frmmg_agenti.h"
+#include "src/screen/ambienteagenti.h"
 
 namespace tarvello::agenti {
 
@@ -20,27 +21,22 @@ namespace {
 // The image list whose pictures, keyed by agent type, mark the rows of the tree.
 const QString ImmaginiTipoAgente = QStringLiteral("IMG_ICONETREE");
 
-controls::TreeGrid& grigliaAlbero(const FRMMG_AGENTI& schermata)
-{
-    return schermata.controllo<controls::TreeGrid>(u"GRD_AGENTI");
-}
-
-frame::GestAnagrafica& gestioneAgenti(const FRMMG_AGENTI& schermata)
-{
-    return richiesto(schermata.FME_GestAnagrafica(FRMMG_AGENTI::Agenti), "FME_GestAnagrafica1");
-}
-
 } // namespace
 
-AlberoAgenti::AlberoAgenti(FRMMG_AGENTI& schermata)
-    : m_schermata(schermata)
+AlberoAgenti::AlberoAgenti(const ControlliAlbero& controlli,
+                           const QPointer<frame::GestAnagrafica>& agente, DettagliAgente& dettagli,
+                           const AmbienteAgenti& ambiente)
+    : m_controlli(controlli)
+    , m_agente(agente)
+    , m_dettagli(dettagli)
+    , m_ambiente(ambiente)
 {}
 
 void AlberoAgenti::INIT_GRD_AGENTI()
 {
-    controls::TreeGrid& albero = grigliaAlbero(m_schermata);
+    controls::TreeGrid& albero = m_controlli.GRD_AGENTI;
     reportWithChoice(
-        m_schermata.errori(), QStringLiteral("INIT_GRD_AGENTI"),
+        m_ambiente.errori(), QStringLiteral("INIT_GRD_AGENTI"),
         {
             [&] {
                 albero.setTreeColumns(QStringLiteral("MG17_IDAGENTE"),
@@ -72,10 +68,10 @@ void AlberoAgenti::INIT_GRD_AGENTI()
 void AlberoAgenti::CaricaTabTreeview()
 {
     ignoreEachStep({
-        [&] { m_schermata.connessione().executeNonQuery(sql::eliminaTabTreeview()); },
+        [&] { m_ambiente.connessione().executeNonQuery(sql::eliminaTabTreeview()); },
         [&] {
-            const qint32 ditta = m_schermata.Codice_Ditta();
-            m_schermata.connessione().executeNonQuery(sql::caricaTabTreeview(ditta));
+            const qint32 ditta = m_ambiente.Codice_Ditta();
+            m_ambiente.connessione().executeNonQuery(sql::caricaTabTreeview(ditta));
         },
     });
 }
@@ -85,8 +81,8 @@ void AlberoAgenti::CaricaAlberoAgenti()
     if (m_albero)
         m_albero->close();
     m_albero.reset();
-    m_albero = db::Recordset::open(m_schermata.connessione(), sql::alberoAgenti());
-    controls::TreeGrid& albero = grigliaAlbero(m_schermata);
+    m_albero = db::Recordset::open(m_ambiente.connessione(), sql::alberoAgenti());
+    controls::TreeGrid& albero = m_controlli.GRD_AGENTI;
     albero.setDataSource(nullptr);
     albero.setDataSource(m_albero);
 }
@@ -95,9 +91,9 @@ void AlberoAgenti::GRD_AGENTI_Click()
 {
     if (!m_albero || !m_albero->isOpen() || m_albero->bof() || m_albero->eof())
         return;
-    const controls::Form::BusyScope attesa(m_schermata);
+    const controls::Form::BusyScope attesa(m_ambiente.finestra());
     const QString codice = m_albero->value(u"MG17_AGENTE").toString();
-    frame::GestAnagrafica& agenti = gestioneAgenti(m_schermata);
+    frame::GestAnagrafica& agenti = richiesto(m_agente.data(), "FME_GestAnagrafica1");
 
     // Held here: the frame's search may give the frame another recordset.
     const db::RecordsetPtr righe = agenti.recordset();
@@ -111,13 +107,12 @@ void AlberoAgenti::GRD_AGENTI_Click()
         agenti.search(true, true);
     }
 
-    const bool conAgente =
-        !RTrimN(m_schermata.controllo<controls::Field>(u"TXT_AGENTE").text()).toString().isEmpty();
+    const bool conAgente = !RTrimN(m_controlli.TXT_AGENTE.text()).toString().isEmpty();
     if (conAgente)
-        m_schermata.dettagli().RefreshChild();
-    m_schermata.controllo<controls::GridNavigator>(u"GRIDNAV_AGENTISOCI").setEnabled(conAgente);
-    m_schermata.controllo<controls::GridNavigator>(u"GRIDNAV_AGENTIMAT").setEnabled(conAgente);
-    grigliaAlbero(m_schermata).setFocus();
+        m_dettagli.RefreshChild();
+    m_controlli.GRIDNAV_AGENTISOCI.setEnabled(conAgente);
+    m_controlli.GRIDNAV_AGENTIMAT.setEnabled(conAgente);
+    m_controlli.GRD_AGENTI.setFocus();
 }
 
 void AlberoAgenti::GRD_AGENTI_Refresh()
@@ -128,19 +123,19 @@ void AlberoAgenti::GRD_AGENTI_Refresh()
 
 void AlberoAgenti::IMG_ESPANDI_Click()
 {
-    grigliaAlbero(m_schermata).expandAll();
+    m_controlli.GRD_AGENTI.expandAll();
 }
 
 void AlberoAgenti::IMG_COMPRIMI_Click()
 {
-    grigliaAlbero(m_schermata).collapseAll();
+    m_controlli.GRD_AGENTI.collapseAll();
 }
 
 void AlberoAgenti::AggiornaAlberoAgente()
 {
     QString codice;
     ignoreEachStep({
-        [&] { codice = m_schermata.controllo<controls::Field>(u"TXT_AGENTE").text(); },
+        [&] { codice = m_controlli.TXT_AGENTE.text(); },
         [&] { CaricaTabTreeview(); },
         [&] { CaricaAlberoAgenti(); },
         [&] {
@@ -163,7 +158,7 @@ void AlberoAgenti::posizionaSuAgente(const QString& codice)
 
 void AlberoAgenti::rilascia()
 {
-    grigliaAlbero(m_schermata).setDataSource(nullptr);
+    m_controlli.GRD_AGENTI.setDataSource(nullptr);
     if (m_albero)
         m_albero->close();
     m_albero.reset();

@@ -1,19 +1,27 @@
 #pragma once
 
 #include "platform/db/recordset.h"
+#include "src/screen/controlliagenti.h"
 
+#include <QPointer>
 #include <QString>
+
+namespace tarvello::frame {
+class GestAnagrafica;
+}
 
 namespace tarvello::agenti {
 
-class FRMMG_AGENTI;
+class AmbienteAgenti;
+class DettagliAgente;
 
 // The agents tree of the screen: the hierarchy table #TAB_TREEVIEW of the screen's
 // connection, one row per agent of the company with a general-registry entry, and the tree
 // recordset read from it (Grst_AlberoAgenti), which GRD_AGENTI shows and the toolbar walks.
 class AlberoAgenti {
 public:
-    explicit AlberoAgenti(FRMMG_AGENTI& schermata);
+    AlberoAgenti(const ControlliAlbero& controlli, const QPointer<frame::GestAnagrafica>& agente,
+                 DettagliAgente& dettagli, const AmbienteAgenti& ambiente);
 
     // The tree's columns, once.
     void INIT_GRD_AGENTI();
@@ -39,7 +47,11 @@ public:
     void rilascia();
 
 private:
-    FRMMG_AGENTI& m_schermata; // Not owned: the screen owns this.
+    const ControlliAlbero m_controlli;
+    // Not owned: the screen's place of the agents frame.
+    const QPointer<frame::GestAnagrafica>& m_agente;
+    DettagliAgente& m_dettagli;       // Not owned: a sibling part, made before this one.
+    const AmbienteAgenti& m_ambiente; // Not owned: the screen's.
     db::RecordsetPtr m_albero;
 };
 

@@ -1,6 +1,7 @@
 #include "src/tree/navigazioneagenti.h"
 
 #include "platform/controls/field.h"
+#include "platform/controls/form.h"
 #include "platform/controls/navigatorbar.h"
 #include "platform/controls/picture.h"
 #include "platform/controls/tabstrip.h"
@@ -11,9 +12,10 @@
 #include "src/common/richiesto.h"
 #include "src/common/valuehelpers.h"
 #include "src/linked/stampa.h"
+#include "src/screen/ambienteagenti.h"
 #include "src/screen/clsmg_agenti.h"
 #include "src/screen/codiciagente.h"
-#include "src/screen/frmmg_agenti.h"
+#include "src/screen/pagineagenti.h"
 #include "src/tree/alberoagenti.h"
 
 namespace tarvello::agenti {
@@ -25,8 +27,15 @@ constexpr int PaginaCheSpegneAvanti = 3;
 
 } // namespace
 
-NavigazioneAgenti::NavigazioneAgenti(FRMMG_AGENTI& schermata)
-    : m_schermata(schermata)
+NavigazioneAgenti::NavigazioneAgenti(const ControlliNavigazione& controlli,
+                                     const QPointer<frame::GestAnagrafica>& agente,
+                                     AlberoAgenti& albero, PagineAgenti& pagine,
+                                     const AmbienteAgenti& ambiente)
+    : m_controlli(controlli)
+    , m_agente(agente)
+    , m_albero(albero)
+    , m_pagine(pagine)
+    , m_ambiente(ambiente)
 {}
 
 NavigazioneAgenti::~NavigazioneAgenti()
@@ -44,22 +53,21 @@ void NavigazioneAgenti::scollega()
 void NavigazioneAgenti::collega()
 {
     scollega();
-    auto& albero = m_schermata.controllo<controls::TreeGrid>(u"GRD_AGENTI");
-    auto& internav = m_schermata.controllo<controls::NavigatorBar>(u"INTERNAV");
-    auto& espandi = m_schermata.controllo<controls::Picture>(u"IMG_ESPANDI");
-    auto& comprimi = m_schermata.controllo<controls::Picture>(u"IMG_COMPRIMI");
+    controls::TreeGrid& albero = m_controlli.GRD_AGENTI;
+    controls::NavigatorBar& internav = m_controlli.INTERNAV;
+    const QObject* contesto = &m_ambiente.finestra();
     m_collegamenti = {
-        QObject::connect(&albero, &controls::Grid::clicked, &m_schermata,
-                         [this] { m_schermata.albero().GRD_AGENTI_Click(); }),
-        QObject::connect(&albero, &controls::Grid::refreshRequested, &m_schermata,
-                         [this] { m_schermata.albero().GRD_AGENTI_Refresh(); }),
-        QObject::connect(&espandi, &controls::Picture::clicked, &m_schermata,
-                         [this] { m_schermata.albero().IMG_ESPANDI_Click(); }),
-        QObject::connect(&comprimi, &controls::Picture::clicked, &m_schermata,
-                         [this] { m_schermata.albero().IMG_COMPRIMI_Click(); }),
-        QObject::connect(&internav, &controls::Navigator::buttonClicked, &m_schermata,
+        QObject::connect(&albero, &controls::Grid::clicked, contesto,
+                         [this] { m_albero.GRD_AGENTI_Click(); }),
+        QObject::connect(&albero, &controls::Grid::refreshRequested, contesto,
+                         [this] { m_albero.GRD_AGENTI_Refresh(); }),
+        QObject::connect(&m_controlli.IMG_ESPANDI, &controls::Picture::clicked, contesto,
+                         [this] { m_albero.IMG_ESPANDI_Click(); }),
+        QObject::connect(&m_controlli.IMG_COMPRIMI, &controls::Picture::clicked, contesto,
+                         [this] { m_albero.IMG_COMPRIMI_Click(); }),
+        QObject::connect(&internav, &controls::Navigator::buttonClicked, contesto,
                          [this](const QString& chiave) { INTERNAV_ButtonClick(chiave); }),
-        QObject::connect(&internav, &controls::Navigator::afterButton, &m_schermata,
+        QObject::connect(&internav, &controls::Navigator::afterButton, contesto,
                          [this](bool riuscita, const QString& chiave) {
                              INTERNAV_AfterAction(riuscita, chiave);
                          }),
@@ -68,13 +76,13 @@ void NavigazioneAgenti::collega()
 
 void NavigazioneAgenti::sposta(Condizione fermo, Spostamento spostamento)
 {
-    const db::RecordsetPtr albero = m_schermata.albero().Grst_AlberoAgenti();
+    const db::RecordsetPtr albero = m_albero.Grst_AlberoAgenti();
     ignoreEachStep({
         [&] {
             return !albero || !albero->isOpen() || (*albero.*fermo)() ? Flow::Leave : Flow::Next;
         },
         [&] { (*albero.*spostamento)(); },
-        [&] { m_schermata.controllo<controls::TreeGrid>(u"GRD_AGENTI").selectCurrentRow(); },
+        [&] { m_controlli.GRD_AGENTI.selectCurrentRow(); },
     });
 }
 
@@ -104,28 +112,28 @@ void NavigazioneAgenti::UltimoAgente()
 
 void NavigazioneAgenti::INTERNAV_ButtonClick(const QString& chiave)
 {
-    auto& internav = m_schermata.controllo<controls::NavigatorBar>(u"INTERNAV");
-    const auto& schede = m_schermata.controllo<controls::TabStrip>(u"TAB_AGENTI");
+    controls::NavigatorBar& internav = m_controlli.INTERNAV;
+    const controls::TabStrip& schede = m_controlli.TAB_AGENTI;
     const int pagina = schede.currentPage();
     if (chiave == controls::NavigatorKey::Forward) {
         if (pagina >= PaginaCheSpegneAvanti) {
             if (pagina + 1 < schede.pageCount())
-                m_schermata.SelezionaTab(short(pagina + 1));
+                m_pagine.SelezionaTab(short(pagina + 1));
             internav.setButtonEnabled(controls::NavigatorKey::Forward, false);
         } else {
             internav.setButtonEnabled(controls::NavigatorKey::Back, true);
-            m_schermata.SelezionaTab(short(pagina + 1));
+            m_pagine.SelezionaTab(short(pagina + 1));
         }
     } else if (chiave == controls::NavigatorKey::Back) {
         if (pagina == 1) {
-            m_schermata.SelezionaTab(0);
+            m_pagine.SelezionaTab(0);
             internav.setButtonEnabled(controls::NavigatorKey::Back, false);
         } else if (pagina > 1) {
             internav.setButtonEnabled(controls::NavigatorKey::Forward, true);
-            m_schermata.SelezionaTab(short(pagina - 1));
+            m_pagine.SelezionaTab(short(pagina - 1));
         }
     } else if (chiave == controls::NavigatorKey::Print) {
-        InvocaStampa(m_schermata);
+        InvocaStampa(m_ambiente, m_controlli.TXT_AGENTE);
     } else if (chiave == controls::NavigatorKey::Export) {
         Esporta();
     }
@@ -133,29 +141,28 @@ void NavigazioneAgenti::INTERNAV_ButtonClick(const QString& chiave)
 
 void NavigazioneAgenti::Esporta()
 {
-    frame::GestAnagrafica& agenti =
-        richiesto(m_schermata.FME_GestAnagrafica(FRMMG_AGENTI::Agenti), "FME_GestAnagrafica1");
+    frame::GestAnagrafica& agenti = richiesto(m_agente.data(), "FME_GestAnagrafica1");
     if (!agenti.confirmPendingChanges({.check = true, .show = true, .ask = true}))
         return;
-    const QString testo = m_schermata.controllo<controls::Field>(u"TXT_AGENTE").text();
+    const QString testo = m_controlli.TXT_AGENTE.text();
     db::Value valore;
-    if (richiesto(m_schermata.ActiveClass(), "ActiveClass").CalledById()) {
+    if (richiesto(m_ambiente.ActiveClass(), "ActiveClass").CalledById()) {
         const QString codice = RTrimN(NvlN(testo, QString())).toString();
-        valore = IdAgenteDaCodice(m_schermata.connessione(), m_schermata.Codice_Ditta(), codice);
+        valore = IdAgenteDaCodice(m_ambiente.connessione(), m_ambiente.Codice_Ditta(), codice);
     } else {
         valore = RTrimN(testo);
     }
-    m_schermata.modulo().TransferData(db::ValueList{valore});
-    m_schermata.unload();
+    m_ambiente.modulo().TransferData(db::ValueList{valore});
+    m_ambiente.finestra().unload();
 }
 
 void NavigazioneAgenti::INTERNAV_AfterAction(bool riuscita, const QString& chiave)
 {
     if (!riuscita || chiave != controls::NavigatorKey::New)
         return;
-    if (m_schermata.controllo<controls::TabStrip>(u"TAB_AGENTI").currentPage() != 0)
-        m_schermata.SelezionaTab(0);
-    m_schermata.controllo<controls::Field>(u"TXT_AGENTE").setFocus();
+    if (m_controlli.TAB_AGENTI.currentPage() != 0)
+        m_pagine.SelezionaTab(0);
+    m_controlli.TXT_AGENTE.setFocus();
 }
 
 } // namespace tarvello::agenti

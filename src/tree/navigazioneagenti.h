@@ -1,7 +1,10 @@
 #pragma once
 
+#include "src/screen/controlliagenti.h"
+
 #include <QList>
 #include <QMetaObject>
+#include <QPointer>
 #include <QString>
 #include <functional>
 
@@ -9,9 +12,15 @@ namespace tarvello::db {
 class Recordset;
 }
 
+namespace tarvello::frame {
+class GestAnagrafica;
+}
+
 namespace tarvello::agenti {
 
-class FRMMG_AGENTI;
+class AlberoAgenti;
+class AmbienteAgenti;
+class PagineAgenti;
 
 // The walk from agent to agent: the host toolbar's moves over the tree recordset, and the
 // screen's inner navigator INTERNAV (pages, printouts, hand-back to a calling program, new).
@@ -21,7 +30,9 @@ class FRMMG_AGENTI;
 // agent codes), and a move past either end leaves the agent on view where it is.
 class NavigazioneAgenti {
 public:
-    explicit NavigazioneAgenti(FRMMG_AGENTI& schermata);
+    NavigazioneAgenti(const ControlliNavigazione& controlli,
+                      const QPointer<frame::GestAnagrafica>& agente, AlberoAgenti& albero,
+                      PagineAgenti& pagine, const AmbienteAgenti& ambiente);
     ~NavigazioneAgenti();
     NavigazioneAgenti(const NavigazioneAgenti&) = delete;
     NavigazioneAgenti& operator=(const NavigazioneAgenti&) = delete;
@@ -48,7 +59,12 @@ private:
     void Esporta();
     void scollega();
 
-    FRMMG_AGENTI& m_schermata; // Not owned: the screen owns this.
+    const ControlliNavigazione m_controlli;
+    // Not owned: the screen's place of the agents frame.
+    const QPointer<frame::GestAnagrafica>& m_agente;
+    AlberoAgenti& m_albero;           // Not owned: a sibling part, made before this one.
+    PagineAgenti& m_pagine;           // Not owned: the screen's.
+    const AmbienteAgenti& m_ambiente; // Not owned: the screen's.
     QList<QMetaObject::Connection> m_collegamenti;
 };
 

@@ -1,3 +1,4 @@
+#include "platform/controls/field.h"
 #include "schermatafixture.h"
 #include "src/host/errorlog.h"
 #include "src/linked/stampa.h"
@@ -30,6 +31,11 @@ protected:
     {
         registraModulo(QStringLiteral("Brendolo.CLSMG_STAGENTI"), std::nullopt, fallisce);
     }
+    void stampa()
+    {
+        agenti::InvocaStampa(schermata().ambiente(),
+                             schermata().controllo<controls::Field>(u"TXT_AGENTE"));
+    }
 };
 
 TEST_F(StampaAgenti, TheAgentOnViewIsPrintedWithThisModuleSetAside)
@@ -39,7 +45,7 @@ TEST_F(StampaAgenti, TheAgentOnViewIsPrintedWithThisModuleSetAside)
     registraStampa();
     const qsizetype avvii = host->moduleStarts().size();
 
-    agenti::InvocaStampa(schermata());
+    stampa();
 
     ASSERT_TRUE(visto.has_value());
     EXPECT_EQ(visto->codice, db::Value("A001"));
@@ -64,7 +70,7 @@ TEST_F(StampaAgenti, AFailureGoesBackToTheCallerWithTheTrace)
     apri();
     registraStampa(true);
     try {
-        agenti::InvocaStampa(schermata());
+        stampa();
         FAIL() << "the printout's error was swallowed";
     } catch (const db::RuntimeError& errore) {
         EXPECT_EQ(errore.number(), 5);
@@ -81,7 +87,7 @@ TEST_F(StampaAgenti, TheHostsPrintoutLooksForTheCodeOnViewInTheCurrentCompany)
     apri();
     db().run(QStringLiteral("DELETE FROM MG17_AGENTI"));
 
-    agenti::InvocaStampa(schermata());
+    stampa();
 
     ASSERT_FALSE(prompts.history().isEmpty());
     EXPECT_EQ(prompts.history().last().text,
