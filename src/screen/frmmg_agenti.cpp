@@ -199,7 +199,7 @@ QString FRMMG_AGENTI::Gstr_GestAnagrafica(int numero) const
 // the load binds them one by one.
 void FRMMG_AGENTI::creaGestioni()
 {
-    host::HostObjects& oggetti = globale().objects();
+    host::HostObjects& oggetti = m_ambiente.globale().objects();
     for (int numero = Agenti; numero <= DettaglioGiri; ++numero) {
         QPointer<frame::GestAnagrafica>& gestione = m_gestioni.at(numero - 1);
         if (gestione)
@@ -214,8 +214,8 @@ void FRMMG_AGENTI::apriGestione(int numero, const QString& sql, const QString& n
                                 const QString& griglia)
 {
     gestione(numero).initialise(
-        nullptr, connessione(), db::Recordset::open(connessione(), sql), sql, {},
-        navigatore.isEmpty() ? nullptr : &controllo<controls::Navigator>(navigatore),
+        nullptr, m_ambiente.connessione(), db::Recordset::open(m_ambiente.connessione(), sql), sql,
+        {}, navigatore.isEmpty() ? nullptr : &controllo<controls::Navigator>(navigatore),
         griglia.isEmpty() ? nullptr : &controllo<controls::Grid>(griglia));
 }
 
@@ -227,7 +227,8 @@ void FRMMG_AGENTI::registraCampi(int numero, const QStringList& campi)
 
 std::unique_ptr<host::LookupDecoder> FRMMG_AGENTI::nuovoDecodificatore() const
 {
-    std::unique_ptr<host::LookupDecoder> decodificatore = globale().objects().newLookupDecoder();
+    std::unique_ptr<host::LookupDecoder> decodificatore =
+        m_ambiente.globale().objects().newLookupDecoder();
     richiesto(decodificatore.get(), "LookupDecoder").bind(m_activeInterface);
     return decodificatore;
 }
@@ -294,15 +295,16 @@ void FRMMG_AGENTI::Form_Load()
         m_errori, QStringLiteral("FRMMG_FME_GestAnagrafica1.Form_Load"),
         {
             [&] {
-                if (modulo().WindowModal())
-                    setBounds(QRect(modulo().Left().toInt(), modulo().Top().toInt(),
-                                    LarghezzaProgetto, AltezzaProgetto));
+                if (m_ambiente.modulo().WindowModal())
+                    setBounds(QRect(m_ambiente.modulo().Left().toInt(),
+                                    m_ambiente.modulo().Top().toInt(), LarghezzaProgetto,
+                                    AltezzaProgetto));
             },
-            [&] { m_stringaConnessione = globale().connectionString(); },
+            [&] { m_stringaConnessione = m_ambiente.globale().connectionString(); },
             [&] {
                 if (m_connessione)
                     return Flow::Next;
-                m_log = globale().objects().newErrorLog();
+                m_log = m_ambiente.globale().objects().newErrorLog();
                 richiesto(m_log.get(), "Gcls_Log").bind(m_activeInterface);
                 m_errori.setLog(m_log.get());
                 return Flow::Next;
@@ -316,9 +318,9 @@ void FRMMG_AGENTI::Form_Load()
                 m_errori.setConnection(m_connessione.get());
             },
             [&] { creaGestioni(); },
-            [&] { modulo().setConnection(m_connessione.get()); },
-            [&] { modulo().setActiveFrame(FME_GestAnagrafica(Agenti)); },
-            [&] { navigatore().registerModule(m_activeInterface); },
+            [&] { m_ambiente.modulo().setConnection(m_connessione.get()); },
+            [&] { m_ambiente.modulo().setActiveFrame(FME_GestAnagrafica(Agenti)); },
+            [&] { m_ambiente.navigatore().registerModule(m_activeInterface); },
             [&] {
                 m_oggetti.classificazioni = nuovoDecodificatore();
                 m_oggetti.agenti = nuovoDecodificatore();
@@ -331,7 +333,9 @@ void FRMMG_AGENTI::Form_Load()
                 if (!m_oggetti.priorita)
                     m_oggetti.priorita = nuovoDecodificatore();
             },
-            [&] { m_liste = std::make_unique<ListeCodificate>(*this, globale().objects()); },
+            [&] {
+                m_liste = std::make_unique<ListeCodificate>(*this, m_ambiente.globale().objects());
+            },
             [&] { m_liste->CaricaCombo_CBO_REGPROV(); },
             [&] { m_liste->CaricaCombo_CBO_INDTIPOLISFIX(); },
             [&] { m_liste->CaricaCombo_CBO_IDENTIFCOL(); },
@@ -350,7 +354,7 @@ void FRMMG_AGENTI::Form_Load()
             [&] { m_liste->CaricaCombo_CBO_INDPREFSTDOC(); },
             [&] { m_liste->CaricaCombo_CBO_INDTIPOLIQ(); },
             [&] {
-                apriGestione(Agenti, sql::agentiDitta(globale().company().code),
+                apriGestione(Agenti, sql::agentiDitta(m_ambiente.globale().company().code),
                              QStringLiteral("INTERNAV"), {});
                 gestione(Agenti).setDescription(QStringLiteral("la gestione anagrafica agenti"));
             },
@@ -384,7 +388,7 @@ void FRMMG_AGENTI::Form_Load()
                                  QStringLiteral("CHK_TVINDXH")},
                                 {});
             },
-            [&] { m_ditta = globale().company().code; },
+            [&] { m_ditta = m_ambiente.globale().company().code; },
             [&] { m_tipiEffetti = StringaTipiEffetti().split(u'|'); },
             [&] {
                 const ControlliDettagli& dettagli = m_controlli.dettagli;
@@ -397,7 +401,8 @@ void FRMMG_AGENTI::Form_Load()
                     gestione(Agenti).addDetailFrame(&gestione(numero));
             },
             [&] {
-                apriGestione(DettaglioGiri, sql::dettaglioGiriDitta(globale().company().code),
+                apriGestione(DettaglioGiri,
+                             sql::dettaglioGiriDitta(m_ambiente.globale().company().code),
                              QStringLiteral("GRIDNAV_GIRI"), QStringLiteral("GRD_DETTAGLIOGIRI"));
                 registraCampi(DettaglioGiri, {QStringLiteral("TXT_CLIENTE"),
                                               QStringLiteral("TXT_MG1I_CODDEST_MG22"),
@@ -417,7 +422,7 @@ void FRMMG_AGENTI::Form_Load()
                 gestioniCollegate.clearItems();
                 gestioniCollegate.addItem(QStringLiteral("key_anagrafica"),
                                           QStringLiteral("Varia dati anagrafici"));
-                if (globale().company().divisionalData)
+                if (m_ambiente.globale().company().divisionalData)
                     gestioniCollegate.addItem(QStringLiteral("Key_DatiDivisionali"),
                                               QStringLiteral("Dati divisionali"));
             },
@@ -448,9 +453,9 @@ void FRMMG_AGENTI::posizionaSuAgenteRichiesto()
             [&] { agenti.setStatus(frame::FrameStatus::New); },
             [&] {
                 CLSMG_AGENTI& chiamante = richiesto(m_activeClass, "ActiveClass");
-                codice = chiamante.CalledById()
-                             ? CodiceAgenteDaId(connessione(), chiamante.IDAGENTE().toInt())
-                             : chiamante.CodiceAgente().toString();
+                codice = chiamante.CalledById() ? CodiceAgenteDaId(m_ambiente.connessione(),
+                                                                   chiamante.IDAGENTE().toInt())
+                                                : chiamante.CodiceAgente().toString();
             },
             [&] {
                 controls::Field& campoAgente = m_controlli.navigazione.TXT_AGENTE;
@@ -472,7 +477,7 @@ void FRMMG_AGENTI::Form_Activate()
     const bool chiamato = m_activeInterface && m_activeInterface->IsCalled();
     reportWithChoice(m_errori, QStringLiteral("Form_Activate"),
                      {
-                         [&] { modulo().setActiveFrame(FME_GestAnagrafica(Agenti)); },
+                         [&] { m_ambiente.modulo().setActiveFrame(FME_GestAnagrafica(Agenti)); },
                          [&] { AggiornaNavigatore(); },
                          [&] {
                              if (m_giaCaricata)
@@ -493,7 +498,7 @@ void FRMMG_AGENTI::Form_Activate()
                                                     controls::NavigatorKey::Confirm);
                          },
                          [&] {
-                             const qint32 modo = modulo().ProgramMode();
+                             const qint32 modo = m_ambiente.modulo().ProgramMode();
                              if (modo >= int(frame::FrameStatus::Browse) &&
                                  modo <= int(frame::FrameStatus::New))
                                  gestione(Agenti).setStatus(frame::FrameStatus{modo});
@@ -515,25 +520,25 @@ void FRMMG_AGENTI::Form_Activate()
                                  controllo<controls::Control>(u"CBO_REGPROV").setFocus();
                          },
                          [&] { ExecuteFormEvent(EventoApertura); },
-                         [&] { globale().registerApplication(applicazione()); },
+                         [&] { m_ambiente.globale().registerApplication(applicazione()); },
                      });
 }
 
 void FRMMG_AGENTI::AggiornaNavigatore()
 {
     ignoreEachStep({
-        [&] { globale().setActiveModule(m_activeInterface); },
+        [&] { m_ambiente.globale().setActiveModule(m_activeInterface); },
         [&] {
-            QObject* attivo = modulo().ActiveFrame();
+            QObject* attivo = m_ambiente.modulo().ActiveFrame();
             if (!attivo)
                 return;
             auto* gestione = qobject_cast<frame::GestAnagrafica*>(attivo);
             if (!gestione)
                 throw db::RuntimeError(db::RuntimeError::TypeMismatch,
                                        QStringLiteral("Type mismatch"));
-            navigatore().setFrameStatus(gestione->frameStatus());
+            m_ambiente.navigatore().setFrameStatus(gestione->frameStatus());
         },
-        [&] { navigatore().refresh(); },
+        [&] { m_ambiente.navigatore().refresh(); },
     });
 }
 
@@ -547,10 +552,11 @@ void FRMMG_AGENTI::ExecuteFormEvent(const db::Value& evento)
                      {
                          [&] {
                              if (apertura)
-                                 navigatore().update();
+                                 m_ambiente.navigatore().update();
                          },
                          [&] {
-                             if (host::NavigatorScript* script = navigatore().scriptObject())
+                             if (host::NavigatorScript* script =
+                                     m_ambiente.navigatore().scriptObject())
                                  script->formEvent(objectName(), 0, apertura, objectName());
                          },
                      });
@@ -626,12 +632,13 @@ void FRMMG_AGENTI::Form_Unload()
     m_scaricata = true;
     ignoreEachStep({
         [&] {
-            const QString chiave = richiesto(modulo().ClsVoceMenu(), "ClsVoceMenu").key();
-            richiesto(navigatore().scriptObject(), "ScriptObject").key(chiave);
+            const QString chiave =
+                richiesto(m_ambiente.modulo().ClsVoceMenu(), "ClsVoceMenu").key();
+            richiesto(m_ambiente.navigatore().scriptObject(), "ScriptObject").key(chiave);
         },
-        [&] { navigatore().setSecondObject(nullptr); },
-        [&] { navigatore().setScriptObject(nullptr); },
-        [&] { globale().deregisterModule(m_activeInterface); },
+        [&] { m_ambiente.navigatore().setSecondObject(nullptr); },
+        [&] { m_ambiente.navigatore().setScriptObject(nullptr); },
+        [&] { m_ambiente.globale().deregisterModule(m_activeInterface); },
         [&] { rilasciaGestioni(); },
         [&] { m_dettagli->TeminateElencoGiri(); },
         [&] { m_oggetti.priorita.reset(); },
@@ -641,21 +648,21 @@ void FRMMG_AGENTI::Form_Unload()
                 controllo<controls::GridNavigator>(QString::fromUtf8(nome)).setGrid(nullptr);
             m_controlli.navigazione.INTERNAV.setTarget(nullptr);
         },
-        [&] { globale().deregisterModule(m_activeInterface); },
-        [&] { globale().setActiveModule(nullptr); },
-        [&] { globale().setSecondModule(nullptr); },
+        [&] { m_ambiente.globale().deregisterModule(m_activeInterface); },
+        [&] { m_ambiente.globale().setActiveModule(nullptr); },
+        [&] { m_ambiente.globale().setSecondModule(nullptr); },
         [&] { richiesto(m_log.get(), "Gcls_Log").end(); },
         [&] {
             m_errori.setLog(nullptr);
             m_log.reset();
         },
-        [&] { connessione().close(); },
+        [&] { m_ambiente.connessione().close(); },
         [&] {
             m_errori.setConnection(nullptr);
             m_connessione.reset();
         },
         [&] { m_oggetti = {}; },
-        [&] { modulo().setActiveDll(nullptr); },
+        [&] { m_ambiente.modulo().setActiveDll(nullptr); },
         [&] {
             m_activeClass = nullptr;
             m_activeInterface = nullptr;

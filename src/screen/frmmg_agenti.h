@@ -107,23 +107,10 @@ public:
     {
         return m_gestioni.at(numero - 1);
     }
-    // The same frame, a run-time error when the screen has none (not loaded, or unloaded).
-    frame::GestAnagrafica& gestione(int numero) const;
     // The rows and the query of a record frame, as the frame holds them.
     db::RecordsetPtr Grst_GestAnagrafica(int gestione) const;
     QString Gstr_GestAnagrafica(int gestione) const;
-    // The lookup-and-decode objects that describe customers and routes; none before the load
-    // or after the unload.
-    host::LookupDecoder* decodificatoreClienti() const { return m_oggetti.clienti.get(); }
-    host::LookupDecoder* decodificatoreGiri() const { return m_oggetti.giri.get(); }
-    // The lookup-and-decode object of the agents (agent lists and typologies); none before the
-    // load or after the unload. The others are reached through ambiente().decodificatori().
-    host::LookupDecoder* decodificatoreAgenti() const { return m_oggetti.agenti.get(); }
-    // The payment-type names, index 0 "Contanti" to 16 "Solo descrittivo".
-    const QStringList& tipiEffetti() const { return m_tipiEffetti; }
     bool CambioTabDaCodice() const { return m_pagine.CambioTabDaCodice(); }
-    bool Gbol_AlreadyLoaded() const { return m_giaCaricata; }
-    ListeCodificate& liste() const { return *m_liste; }
     AlberoAgenti& albero() const { return *m_albero; }
     DettagliAgente& dettagli() const { return *m_dettagli; }
     SchedaAgente& scheda() const { return *m_scheda; }
@@ -132,25 +119,19 @@ public:
     Classificazioni& classificazioni() const { return *m_classificazioni; }
     Provvigioni& provvigioni() const { return *m_provvigioni; }
 
-    // The controls the parts are built with, by kind.
-    const ControlliAgenti& controlli() const { return m_controlli; }
     template <class T>
     T& controllo(QStringView nome) const
     {
         return controlloDi<T>(*this, nome);
     }
 
-    // The contract of the module, the host's context and navigator: a run-time error when the
-    // module has not given them (or has let them go).
-    host::Cinterface& modulo() const { return m_ambiente.modulo(); }
-    host::GlobalContext& globale() const { return m_ambiente.globale(); }
-    host::Navigator& navigatore() const { return m_ambiente.navigatore(); }
-    // The same, with the company, the connection string and the error reporter, for the parts
-    // that are given what they use.
+    // What the parts reach besides their controls: the module's contract, the host's context
+    // and navigator, the company, the connection and the error reporter.
     const AmbienteAgenti& ambiente() const { return m_ambiente; }
-    db::Connection& connessione() const { return m_ambiente.connessione(); }
 
 private:
+    // A record frame; a run-time error when the screen has none (not loaded, or unloaded).
+    frame::GestAnagrafica& gestione(int numero) const;
     void Form_Load();
     void Form_Activate();
     void Form_QueryUnload(controls::CloseArgs& args);
