@@ -504,6 +504,17 @@ void GestAnagrafica::writeColumn(const QString& column, const Value& value)
     m_fields.sync(rowReader());
 }
 
+Value GestAnagrafica::readColumn(const QString& column) const
+{
+    if (!m_recordset)
+        return {};
+    if (m_status == FrameStatus::Search)
+        return m_searchEntry.value(m_recordset->fieldIndex(column));
+    if (m_recordset->bof() || m_recordset->eof())
+        return {};
+    return m_recordset->value(column);
+}
+
 std::optional<GestAnagrafica::Bookmark> GestAnagrafica::currentOrFirst()
 {
     if (!isOpen())

@@ -169,6 +169,10 @@ public:
     // it is nobody's change, never reaches the rows or the database, and goes when search
     // entry is left. Raises db::RuntimeError as the recordset does (no row, no such column).
     void writeColumn(const QString& column, const db::Value& value);
+    // Code reads a column of the frame's row, the one writeColumn writes: in search entry what
+    // was written or typed there, otherwise the recordset's current row; Empty when nothing was
+    // written or there is no row. Search entry never reads the row shown before it.
+    db::Value readColumn(const QString& column) const;
     // What the fields say the row shown is: its key and the first field after the key with a
     // text ("A001 RICCI FRANCESCA"); empty without a key.
     QString recordDescription() const;

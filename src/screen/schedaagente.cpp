@@ -155,10 +155,7 @@ void SchedaAgente::messaggio(const QString& testo, int stile, const QString& tit
 
 db::Value SchedaAgente::valoreAgente(const QString& colonna) const
 {
-    const db::RecordsetPtr agenti = gestione(FRMMG_AGENTI::Agenti).recordset();
-    if (!agenti || agenti->bof() || agenti->eof())
-        return {};
-    return agenti->value(colonna);
+    return gestione(FRMMG_AGENTI::Agenti).readColumn(colonna);
 }
 
 void SchedaAgente::scriviAgente(const QString& colonna, const db::Value& valore)

@@ -209,6 +209,8 @@ TEST_P(FrameTest, WhatSearchEntryHoldsTouchesNoRowAndGoesWithIt)
     agents.enterSearch();
     agents.writeColumn(code, db::Value("B002"));
     EXPECT_EQ(agente->text(), QStringLiteral("B002"));
+    EXPECT_EQ(agents.readColumn(code), db::Value("B002"));
+    EXPECT_TRUE(agents.readColumn(QStringLiteral("MG17_IDAGENTE")).isEmpty());
     EXPECT_EQ(agents.recordset()->value(code), db::Value("A001"));
     EXPECT_EQ(agents.recordset()->pendingCount(), 0);
     EXPECT_FALSE(agents.isRecordChanged());
