@@ -461,6 +461,7 @@ void Connection::settle(bool committed)
 
 const TableInfo& Connection::tableInfo(const QString& table)
 {
+    ++m_tableInfoReads;
     try {
         if (dialect() == Dialect::Sqlite)
             refreshSchemaKnowledge();

@@ -87,6 +87,10 @@ public:
 
     // Cached description of a table (columns, kinds, key, identity).
     const TableInfo& tableInfo(const QString& table);
+    // How many descriptions were asked for. They bypass the statement log, though on SQLite
+    // each asking reads the schema version: a caller that should ask once for many rows is
+    // checked by this count.
+    qint64 tableInfoReads() const { return m_tableInfoReads; }
 
 private:
     Engine& engine();
@@ -115,6 +119,7 @@ private:
     QList<ProviderError> m_errors;
     StatementLog m_log;
     QHash<QString, TableInfo> m_tables;
+    qint64 m_tableInfoReads = 0;
     QHash<QString, QStringList> m_translations;
     QSet<QString> m_textColumns;
     // Lookup indexes of temporary tables known to stand: not sent again.

@@ -187,11 +187,14 @@ TEST_P(RecordsetTest, ABatchTheDatabaseDropsPartWayWritesNothingAndARetryWritesE
     db().run(QStringLiteral("CREATE TRIGGER D_NO BEFORE INSERT ON D WHEN NEW.D_CODE = 'NO' "
                             "BEGIN SELECT RAISE(ROLLBACK, 'refused'); END"));
     const RecordsetPtr rs = openAll(QStringLiteral(" WHERE 1 = 0"));
+    const qint64 tableInfoReads = db().tableInfoReads();
     for (const char* code : {"R1", "NO", "R3"}) {
         rs->addNew();
         rs->setValue(u"D_OWNER", 5);
         rs->setValue(u"D_CODE", code);
     }
+    // The new rows' defaults are read for the first of them only.
+    EXPECT_EQ(db().tableInfoReads(), tableInfoReads + 1);
     try {
         rs->updateBatch();
         FAIL() << "the dropped batch was not reported";
