@@ -2,6 +2,7 @@
 
 #include "platform/db/runtimeerror.h"
 
+#include <algorithm>
 #include <cstring>
 #include <limits>
 
@@ -283,9 +284,14 @@ Value PackedRow::at(int column) const
 void PackedRow::set(int column, const Value& value)
 {
     const qsizetype offset = offsetOf(column);
-    QByteArray encoded;
-    encode(encoded, value);
-    m_bytes.replace(offset, lengthAt(offset), encoded);
+    const qsizetype replaced = lengthAt(offset);
+    const qsizetype end = m_bytes.size();
+    // Encoded after the last value and rotated into place, so that filling a row's columns one
+    // by one allocates no buffer per value.
+    encode(m_bytes, value);
+    char* bytes = m_bytes.data();
+    std::rotate(bytes + offset, bytes + end, bytes + m_bytes.size());
+    m_bytes.remove(offset + (m_bytes.size() - end), replaced);
 }
 
 void PackedRow::append(const Value& value)

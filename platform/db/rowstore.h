@@ -26,6 +26,14 @@ struct StoredRow {
     bool awaitingCommit = false;
 };
 
+} // namespace tarvello::db
+
+// Every member moves as its bytes do: the list of a hundred thousand rows grows without moving
+// each row one by one.
+Q_DECLARE_TYPEINFO(tarvello::db::StoredRow, Q_RELOCATABLE_TYPE);
+
+namespace tarvello::db {
+
 // The rows of a recordset and of all its clones, with their pending changes.
 class RowStore : public QObject {
     Q_OBJECT
