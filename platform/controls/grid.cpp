@@ -292,20 +292,17 @@ void Grid::rearrange()
 // however many the grid already shows.
 void Grid::onRowAppended(db::Recordset::Bookmark bookmark)
 {
-    if (!m_reader || !appendRow(bookmark)) {
+    if (!m_reader || !appendsInPlace()) {
         reload();
         return;
     }
-    m_recordOrder.append(bookmark);
-    Q_EMIT rowsReset();
-    updateSelection();
-}
-
-bool Grid::appendRow(db::Recordset::Bookmark bookmark)
-{
-    m_rowOf.insert(bookmark, int(m_rows.size()));
+    const int row = int(m_rows.size());
+    Q_EMIT rowAboutToBeAppended(row);
+    m_rowOf.insert(bookmark, row);
     m_rows.append(bookmark);
-    return true;
+    m_recordOrder.append(bookmark);
+    Q_EMIT rowAppended(row);
+    updateSelection();
 }
 
 QList<db::Recordset::Bookmark> Grid::arrangeRows(const QList<db::Recordset::Bookmark>& rows)

@@ -78,6 +78,10 @@ Q_SIGNALS:
     void keyColumnChanged(const QString& field);
     void columnsChanged();
     void rowsReset();
+    // A row is added after the others, in place: the views insert it rather than read every
+    // row again.
+    void rowAboutToBeAppended(int row);
+    void rowAppended(int row);
     void rowChanged(int row);
     void selectedRowChanged(int row);
     void clicked();
@@ -89,9 +93,9 @@ protected:
     virtual QList<db::Recordset::Bookmark> arrangeRows(const QList<db::Recordset::Bookmark>& rows);
     // The recordset moved to a row that is not shown; true when it should be shown now.
     virtual bool revealRow(db::Recordset::Bookmark) { return false; }
-    // Shows a row the recordset added after its others; false when the layout cannot simply
-    // grow by it and the rows must be read again.
-    virtual bool appendRow(db::Recordset::Bookmark bookmark);
+    // Whether a row the recordset added after its others is shown after the rows shown; false
+    // when the layout cannot simply grow by it and the rows must be read again.
+    virtual bool appendsInPlace() const { return true; }
     // Lays the rows out again from the rows already read.
     void rearrange();
     db::Value valueAt(db::Recordset::Bookmark bookmark, QStringView field) const;

@@ -53,7 +53,7 @@ protected:
     QList<db::Recordset::Bookmark> arrangeRows(const QList<db::Recordset::Bookmark>& rows) override;
     bool revealRow(db::Recordset::Bookmark bookmark) override;
     // A row's place in the tree depends on the others.
-    bool appendRow(db::Recordset::Bookmark) override { return false; }
+    bool appendsInPlace() const override { return false; }
 
 private:
     struct Node {

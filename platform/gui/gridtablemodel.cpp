@@ -11,6 +11,9 @@ GridTableModel::GridTableModel(controls::Grid& grid, QObject* parent)
 {
     using controls::Grid;
     connect(&grid, &Grid::rowsReset, this, &GridTableModel::reset);
+    connect(&grid, &Grid::rowAboutToBeAppended, this,
+            [this](int row) { beginInsertRows(QModelIndex(), row, row); });
+    connect(&grid, &Grid::rowAppended, this, [this] { endInsertRows(); });
     connect(&grid, &Grid::columnsChanged, this, &GridTableModel::reset);
     connect(&grid, &Grid::dataSourceChanged, this, &GridTableModel::reset);
     connect(&grid, &Grid::rowChanged, this,

@@ -85,10 +85,20 @@ TEST_F(GridViewTest, SelectionFollowsTheCurrentRowBothWays)
     EXPECT_EQ(partners->value(u"MG18_NOMECOGN"), Value("Bianchi Anna"));
     EXPECT_EQ(grid->selectedRow(), 1);
 
+    // A row added is inserted: the view keeps its state instead of reading every row again.
+    int resets = 0;
+    int inserted = 0;
+    const QObject watching; // the counting ends with the test's body
+    QObject::connect(table->model(), &QAbstractItemModel::modelReset, &watching, [&] { ++resets; });
+    QObject::connect(table->model(), &QAbstractItemModel::rowsInserted, &watching,
+                     [&] { ++inserted; });
     partners->addNew();
     partners->setValue(u"MG18_NOMECOGN", QStringLiteral("Neri Ugo"));
     partners->update();
+    EXPECT_EQ(resets, 0);
+    EXPECT_EQ(inserted, 1);
     EXPECT_EQ(table->model()->rowCount(), 4);
+    EXPECT_EQ(shown(3, 1), QStringLiteral("Neri Ugo"));
     EXPECT_EQ(table->currentIndex().row(), 3);
 }
 
