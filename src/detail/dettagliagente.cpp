@@ -3,9 +3,11 @@
 #include "platform/controls/combobox.h"
 #include "platform/controls/eventargs.h"
 #include "platform/controls/field.h"
+#include "platform/controls/form.h"
 #include "platform/controls/grid.h"
 #include "platform/controls/gridnavigator.h"
 #include "platform/frame/gestanagrafica.h"
+#include "src/common/errorreporter.h"
 #include "src/common/errorstyles.h"
 #include "src/common/richiesto.h"
 #include "src/common/valuehelpers.h"
@@ -21,7 +23,6 @@
 #include "src/host/hostobjects.h"
 #include "src/host/messagecatalogue.h"
 #include "src/screen/ambienteagenti.h"
-#include "src/screen/frmmg_agenti.h"
 #include "src/screen/pagineagenti.h"
 
 #include <array>
@@ -53,13 +54,13 @@ struct Dettaglio {
 const std::array<Dettaglio, 4>& dettagli()
 {
     static const std::array<Dettaglio, 4> elenco{{
-        {FRMMG_AGENTI::Soci, "MG18", &sql::sociAgente, &sql::sociVuoto,
+        {gestioni::Soci, "MG18", &sql::sociAgente, &sql::sociVuoto,
          QStringLiteral("i soci dell'agente")},
-        {FRMMG_AGENTI::Maturazione, "MG16", &sql::maturazioneAgente, &sql::maturazioneVuoto,
+        {gestioni::Maturazione, "MG16", &sql::maturazioneAgente, &sql::maturazioneVuoto,
          QStringLiteral("i giorni di maturazione dell'agente")},
-        {FRMMG_AGENTI::TentataVendita, "MG34", &sql::tentataVenditaAgente,
-         &sql::tentataVenditaVuoto, QStringLiteral("i dati per la tentata vendita dell'agente")},
-        {FRMMG_AGENTI::DettaglioGiri, "MG1I", &sql::dettaglioGiriAgente, &sql::dettaglioGiriVuoto,
+        {gestioni::TentataVendita, "MG34", &sql::tentataVenditaAgente, &sql::tentataVenditaVuoto,
+         QStringLiteral("i dati per la tentata vendita dell'agente")},
+        {gestioni::DettaglioGiri, "MG1I", &sql::dettaglioGiriAgente, &sql::dettaglioGiriVuoto,
          QStringLiteral("il dettaglio dei giri visite")},
     }};
     return elenco;
@@ -67,7 +68,7 @@ const std::array<Dettaglio, 4>& dettagli()
 
 const Dettaglio& dettaglio(int gestione)
 {
-    return dettagli().at(gestione - FRMMG_AGENTI::Soci);
+    return dettagli().at(gestione - gestioni::Soci);
 }
 
 } // namespace
@@ -80,12 +81,12 @@ DettagliAgente::DettagliAgente(const ControlliAgenti& controlli, const PostiGest
     , m_pagine(pagine)
     , m_tipiEffetti(tipiEffetti)
     , m_ambiente(ambiente)
-    , m_giri(std::make_unique<GiriVisite>(controlli, gestioni.at(FRMMG_AGENTI::Agenti - 1),
-                                          gestioni.at(FRMMG_AGENTI::DettaglioGiri - 1), ambiente))
-    , m_soci(std::make_unique<SociAgente>(controlli.soci, gestioni.at(FRMMG_AGENTI::Soci - 1),
-                                          *this, ambiente.errori()))
+    , m_giri(std::make_unique<GiriVisite>(controlli, gestioni.at(gestioni::Agenti - 1),
+                                          gestioni.at(gestioni::DettaglioGiri - 1), ambiente))
+    , m_soci(std::make_unique<SociAgente>(controlli.soci, gestioni.at(gestioni::Soci - 1), *this,
+                                          ambiente.errori()))
     , m_maturazione(std::make_unique<Maturazione>(controlli.maturazione,
-                                                  gestioni.at(FRMMG_AGENTI::Maturazione - 1)))
+                                                  gestioni.at(gestioni::Maturazione - 1)))
     , m_tentataVendita(std::make_unique<TentataVendita>(controlli.tentataVendita, ambiente))
 {}
 
@@ -98,7 +99,7 @@ frame::GestAnagrafica& DettagliAgente::gestioneDi(int numero) const
 
 const frame::GestAnagrafica* DettagliAgente::agenti() const
 {
-    return m_gestioni.at(FRMMG_AGENTI::Agenti - 1).data();
+    return m_gestioni.at(gestioni::Agenti - 1).data();
 }
 
 const QString& DettagliAgente::GiroCorrente() const
@@ -115,15 +116,14 @@ void DettagliAgente::collega()
 {
     using frame::GestAnagrafica;
     QObject* contesto = &m_contesto;
-    for (int numero :
-         {FRMMG_AGENTI::Soci, FRMMG_AGENTI::Maturazione, FRMMG_AGENTI::TentataVendita}) {
+    for (int numero : {gestioni::Soci, gestioni::Maturazione, gestioni::TentataVendita}) {
         GestAnagrafica* gestione = m_gestioni.at(numero - 1);
         if (!gestione)
             return;
         QObject::connect(gestione, &GestAnagrafica::AfterAddNew, contesto,
                          [this, numero](int esito) { chiaveNuovaRiga(numero, esito); });
     }
-    GestAnagrafica* soci = m_gestioni.at(FRMMG_AGENTI::Soci - 1);
+    GestAnagrafica* soci = m_gestioni.at(gestioni::Soci - 1);
     QObject::connect(soci, &GestAnagrafica::AfterDelete, contesto,
                      [this](int) { FME_GestAnagrafica2_AfterDelete(); });
     QObject::connect(soci, &GestAnagrafica::AfterUndo, contesto,
@@ -133,14 +133,13 @@ void DettagliAgente::collega()
     QObject::connect(soci, &GestAnagrafica::UpdateBatchAll, contesto,
                      [this] { FME_GestAnagrafica2_UpdateBatchAll(); });
 
-    GestAnagrafica* maturazione = m_gestioni.at(FRMMG_AGENTI::Maturazione - 1);
+    GestAnagrafica* maturazione = m_gestioni.at(gestioni::Maturazione - 1);
     QObject::connect(maturazione, &GestAnagrafica::ChangeStatus, contesto,
                      [this](int stato, int) { FME_GestAnagrafica3_ChangeStatus(stato); });
     QObject::connect(maturazione, &GestAnagrafica::UpdateBatchAll, contesto,
-                     [this] { salvaDettaglioSenzaNuovaRiga(FRMMG_AGENTI::Maturazione); });
-    QObject::connect(m_gestioni.at(FRMMG_AGENTI::TentataVendita - 1),
-                     &GestAnagrafica::UpdateBatchAll, contesto,
-                     [this] { salvaDettaglioSenzaNuovaRiga(FRMMG_AGENTI::TentataVendita); });
+                     [this] { salvaDettaglioSenzaNuovaRiga(gestioni::Maturazione); });
+    QObject::connect(m_gestioni.at(gestioni::TentataVendita - 1), &GestAnagrafica::UpdateBatchAll,
+                     contesto, [this] { salvaDettaglioSenzaNuovaRiga(gestioni::TentataVendita); });
 
     controls::GridNavigator& navigatoreSoci = m_controlli.GRIDNAV_AGENTISOCI;
     QObject::connect(&navigatoreSoci, &controls::Navigator::beforeButton, contesto,
@@ -202,14 +201,14 @@ void DettagliAgente::RefreshChild()
 
     grigliaSoci.setDataSource(nullptr);
     grigliaMaturazione.setDataSource(nullptr);
-    for (int numero : {FRMMG_AGENTI::Soci, FRMMG_AGENTI::Maturazione, FRMMG_AGENTI::TentataVendita})
+    for (int numero : {gestioni::Soci, gestioni::Maturazione, gestioni::TentataVendita})
         rechiave(numero, dettaglio(numero).perAgente(ditta, agente));
-    grigliaSoci.setDataSource(gestioneDi(FRMMG_AGENTI::Soci).recordset());
-    grigliaMaturazione.setDataSource(gestioneDi(FRMMG_AGENTI::Maturazione).recordset());
+    grigliaSoci.setDataSource(gestioneDi(gestioni::Soci).recordset());
+    grigliaMaturazione.setDataSource(gestioneDi(gestioni::Maturazione).recordset());
 
     const QString giro = RTrimN(m_controlli.TXT_GIRO.text()).toString();
     m_controlli.GRD_DETTAGLIOGIRI.setDataSource(
-        rechiave(FRMMG_AGENTI::DettaglioGiri, sql::dettaglioGiriDelGiro(ditta, agente, giro)));
+        rechiave(gestioni::DettaglioGiri, sql::dettaglioGiriDelGiro(ditta, agente, giro)));
 }
 
 void DettagliAgente::setSociAggiungibili(bool aggiungibili)
@@ -240,7 +239,7 @@ std::optional<bool> DettagliAgente::sottoLimiteSoci() const
     const db::Value testo = RTrimN(m_controlli.TXT_NUMSOCI.text());
     if (testo.toString().isEmpty())
         return std::nullopt;
-    const frame::GestAnagrafica* gestioneSoci = m_gestioni.at(FRMMG_AGENTI::Soci - 1);
+    const frame::GestAnagrafica* gestioneSoci = m_gestioni.at(gestioni::Soci - 1);
     const db::RecordsetPtr soci = gestioneSoci ? gestioneSoci->recordset() : nullptr;
     const qint64 righe = soci ? soci->recordCount() : 0;
     return db::Decimal(righe) < CDecN(testo).toDecimal();
@@ -261,7 +260,7 @@ void DettagliAgente::FME_GestAnagrafica2_AfterUndo(int fenm_operationresult)
 {
     if (fenm_operationresult != frame::OperationSucceeded)
         return;
-    frame::GestAnagrafica& soci = gestioneDi(FRMMG_AGENTI::Soci);
+    frame::GestAnagrafica& soci = gestioneDi(gestioni::Soci);
     const db::RecordsetPtr righe = soci.recordset();
     if (righe->bof() || righe->eof() || righe->recordCount() != 1 ||
         soci.status() != frame::FrameStatus::New)
@@ -306,7 +305,7 @@ void DettagliAgente::salvaDettaglioSenzaNuovaRiga(int numero)
     frame::GestAnagrafica& gestione = gestioneDi(numero);
     const db::RecordsetPtr righe = gestione.recordset();
     controls::Grid* griglia =
-        numero == FRMMG_AGENTI::Maturazione ? &m_controlli.GRID_AGENTIMAT : nullptr;
+        numero == gestioni::Maturazione ? &m_controlli.GRID_AGENTIMAT : nullptr;
     if (!gestione.changeFlag())
         return;
     // A new row still open is not saved with the others; never written, it simply goes.
@@ -337,13 +336,13 @@ void DettagliAgente::salvaDettaglioSenzaNuovaRiga(int numero)
 
 void DettagliAgente::FME_GestAnagrafica2_UpdateBatchAll()
 {
-    frame::GestAnagrafica& soci = gestioneDi(FRMMG_AGENTI::Soci);
+    frame::GestAnagrafica& soci = gestioneDi(gestioni::Soci);
     const db::RecordsetPtr righe = soci.recordset();
     if (!soci.changeFlag() && !soci.secondChangeFlag())
         return;
     if (soci.status() == frame::FrameStatus::Browse) {
         ignoreEachStep({
-            [&] { scriviInBlocco(m_ambiente, *righe, dettaglio(FRMMG_AGENTI::Soci).cosa); },
+            [&] { scriviInBlocco(m_ambiente, *righe, dettaglio(gestioni::Soci).cosa); },
             [&] { soci.setFollowRowMoves(false); },
             [&] { righe->moveFirst(); },
             [&] { soci.setFollowRowMoves(true); },
@@ -376,7 +375,7 @@ void DettagliAgente::GRIDNAV_AGENTISOCI_BeforeButtonClick(controls::NavigatorBut
 {
     if (args.key != New || !sottoLimiteSoci())
         return;
-    gestioneDi(FRMMG_AGENTI::Soci).confirmPendingChanges({.check = true, .show = true});
+    gestioneDi(gestioni::Soci).confirmPendingChanges({.check = true, .show = true});
     if (sottoLimiteSoci().value_or(true)) {
         setSociAggiungibili(true);
         return;

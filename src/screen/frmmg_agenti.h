@@ -53,7 +53,7 @@ class FRMMG_AGENTI final : public controls::Form, public AgentiScreen {
     Q_OBJECT
 public:
     // The record frames by number, as the screen's members are named.
-    enum Gestione { Agenti = 1, Soci, Maturazione, TentataVendita, DettaglioGiri };
+    using enum gestioni::Numero;
 
     explicit FRMMG_AGENTI(QObject* parent = nullptr);
     ~FRMMG_AGENTI() override;

@@ -3,6 +3,7 @@
 #include "platform/controls/combobox.h"
 #include "platform/controls/connectionpool.h"
 #include "platform/controls/field.h"
+#include "platform/controls/form.h"
 #include "platform/controls/gridnavigator.h"
 #include "platform/controls/tabstrip.h"
 #include "platform/db/connection.h"
@@ -17,7 +18,6 @@
 #include "src/host/messagecatalogue.h"
 #include "src/screen/ambienteagenti.h"
 #include "src/screen/codiciagente.h"
-#include "src/screen/frmmg_agenti.h"
 #include "src/screen/provvigioni.h"
 #include "src/tree/alberoagenti.h"
 
@@ -37,10 +37,10 @@ struct Dettaglio {
     const char* colonnaAgente;
 };
 constexpr Dettaglio dettagli[] = {
-    {FRMMG_AGENTI::Soci, "MG18_IDAGENTE_MG17"},
-    {FRMMG_AGENTI::Maturazione, "MG16_IDAGENTE_MG17"},
-    {FRMMG_AGENTI::TentataVendita, "MG34_IDAGENTE_MG17"},
-    {FRMMG_AGENTI::DettaglioGiri, "MG1I_IDAGENTE_MG17"},
+    {gestioni::Soci, "MG18_IDAGENTE_MG17"},
+    {gestioni::Maturazione, "MG16_IDAGENTE_MG17"},
+    {gestioni::TentataVendita, "MG34_IDAGENTE_MG17"},
+    {gestioni::DettaglioGiri, "MG1I_IDAGENTE_MG17"},
 };
 
 bool inSospeso(const GestAnagrafica& gestione)
@@ -155,12 +155,12 @@ void SchedaAgente::messaggio(const QString& testo, int stile, const QString& tit
 
 db::Value SchedaAgente::valoreAgente(const QString& colonna) const
 {
-    return gestione(FRMMG_AGENTI::Agenti).readColumn(colonna);
+    return gestione(gestioni::Agenti).readColumn(colonna);
 }
 
 void SchedaAgente::scriviAgente(const QString& colonna, const db::Value& valore)
 {
-    GestAnagrafica& agente = gestione(FRMMG_AGENTI::Agenti);
+    GestAnagrafica& agente = gestione(gestioni::Agenti);
     db::RecordsetPtr agenti = agente.recordset();
     // A new agent keyed by nothing yet has no row: it is added now, so that code can write.
     if (agente.status() == frame::FrameStatus::New && agenti && (agenti->bof() || agenti->eof())) {
@@ -175,7 +175,7 @@ void SchedaAgente::scriviAgente(const QString& colonna, const db::Value& valore)
 
 void SchedaAgente::collega()
 {
-    GestAnagrafica& agente = gestione(FRMMG_AGENTI::Agenti);
+    GestAnagrafica& agente = gestione(gestioni::Agenti);
     QObject* contesto = &m_contesto;
     QObject::connect(&agente, &GestAnagrafica::AfterAddNew, contesto,
                      [this](int esito) { FME_GestAnagrafica1_AfterAddNew(esito); });
@@ -219,7 +219,7 @@ void SchedaAgente::FME_GestAnagrafica1_AfterDelete(int fenm_operationresult)
 
 void SchedaAgente::FME_GestAnagrafica1_AfterUndo(int fenm_operationresult)
 {
-    GestAnagrafica& soci = gestione(FRMMG_AGENTI::Soci);
+    GestAnagrafica& soci = gestione(gestioni::Soci);
     if (fenm_operationresult == frame::OperationSucceeded) {
         soci.detach();
         if (const db::RecordsetPtr righe = soci.recordset())
@@ -309,7 +309,7 @@ void SchedaAgente::FME_GestAnagrafica1_BeforeDelete(frame::CancelArgs& args)
 
 void SchedaAgente::FME_GestAnagrafica1_BeforeUpdate(frame::CancelArgs& args)
 {
-    m_statoSalvataggio = gestione(FRMMG_AGENTI::Agenti).status();
+    m_statoSalvataggio = gestione(gestioni::Agenti).status();
 
     const QString ragioneSociale = RTrimN(m_campi.TXT_RAGSOANAG.text()).toString();
     if (m_ambiente.connessione()
@@ -319,7 +319,7 @@ void SchedaAgente::FME_GestAnagrafica1_BeforeUpdate(frame::CancelArgs& args)
         args.fbol_Cancel = true;
     }
 
-    GestAnagrafica& soci = gestione(FRMMG_AGENTI::Soci);
+    GestAnagrafica& soci = gestione(gestioni::Soci);
     if (inSospeso(soci) && !args.fbol_Cancel) {
         if (CDecN(m_record.TXT_CODSOCIO.text()) != db::Value(0) && inSospeso(soci)) {
             confermaDettaglio(soci, args);
@@ -329,7 +329,7 @@ void SchedaAgente::FME_GestAnagrafica1_BeforeUpdate(frame::CancelArgs& args)
         controllaSoci();
     }
 
-    for (const int numero : {FRMMG_AGENTI::Maturazione, FRMMG_AGENTI::TentataVendita}) {
+    for (const int numero : {gestioni::Maturazione, gestioni::TentataVendita}) {
         GestAnagrafica& dettaglio = gestione(numero);
         if (dettaglio.secondChangeFlag() && !args.fbol_Cancel)
             confermaDettaglio(dettaglio, args);
@@ -338,14 +338,14 @@ void SchedaAgente::FME_GestAnagrafica1_BeforeUpdate(frame::CancelArgs& args)
     scriviCampiNonLegati();
     controllaFornitore(args);
 
-    GestAnagrafica& giri = gestione(FRMMG_AGENTI::DettaglioGiri);
+    GestAnagrafica& giri = gestione(gestioni::DettaglioGiri);
     if (inSospeso(giri) && !args.fbol_Cancel)
         confermaDettaglio(giri, args);
 }
 
 void SchedaAgente::controllaSoci()
 {
-    GestAnagrafica& soci = gestione(FRMMG_AGENTI::Soci);
+    GestAnagrafica& soci = gestione(gestioni::Soci);
     const db::RecordsetPtr righe = soci.recordset();
     soci.detach();
     db::Decimal totale(0);
@@ -409,7 +409,7 @@ void SchedaAgente::controllaFornitore(frame::CancelArgs& args)
 
 void SchedaAgente::FME_GestAnagrafica1_ChangeStatus(int fenm_status, int fenm_reason)
 {
-    GestAnagrafica& agente = gestione(FRMMG_AGENTI::Agenti);
+    GestAnagrafica& agente = gestione(gestioni::Agenti);
     const auto impostaDettagli = [&](bool aperti) {
         for (const Dettaglio& dettaglio : dettagli)
             gestione(dettaglio.gestione).setLocked(!aperti);
@@ -489,7 +489,7 @@ void SchedaAgente::seguiId(controls::Field& id, qint32& ultimo, controls::Field*
 
 void SchedaAgente::FME_GestAnagrafica1_IsRecordChanged(frame::RecordChangedArgs& args)
 {
-    if (gestione(FRMMG_AGENTI::Agenti).status() != frame::FrameStatus::Browse)
+    if (gestione(gestioni::Agenti).status() != frame::FrameStatus::Browse)
         return;
     for (const Dettaglio& dettaglio : dettagli) {
         if (inSospeso(gestione(dettaglio.gestione)))

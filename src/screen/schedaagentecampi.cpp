@@ -17,8 +17,8 @@
 #include "src/host/messagecatalogue.h"
 #include "src/host/registrysearch.h"
 #include "src/linked/gestionicollegate.h"
+#include "src/screen/ambienteagenti.h"
 #include "src/screen/codiciagente.h"
-#include "src/screen/frmmg_agenti.h"
 #include "src/screen/schedaagente.h"
 #include "src/tree/alberoagenti.h"
 
@@ -83,7 +83,7 @@ void SchedaAgente::collegaDecodifiche()
 
 void SchedaAgente::TXT_AGENTE_Validate()
 {
-    frame::GestAnagrafica& agente = gestione(FRMMG_AGENTI::Agenti);
+    frame::GestAnagrafica& agente = gestione(gestioni::Agenti);
     const QString codice = m_campi.TXT_AGENTE.text();
     if (agente.status() == FrameStatus::New) {
         agente.search(true, true);
@@ -92,7 +92,7 @@ void SchedaAgente::TXT_AGENTE_Validate()
             if (conCodice)
                 m_parti.dettagli.RefreshChild();
             for (const int numero :
-                 {FRMMG_AGENTI::Soci, FRMMG_AGENTI::Maturazione, FRMMG_AGENTI::TentataVendita})
+                 {gestioni::Soci, gestioni::Maturazione, gestioni::TentataVendita})
                 gestione(numero).setLocked(!conCodice);
             m_record.GRIDNAV_AGENTISOCI.setEnabled(conCodice);
             m_record.GRIDNAV_AGENTIMAT.setEnabled(conCodice);
@@ -111,7 +111,7 @@ void SchedaAgente::TXT_RAGSOANAG_KeyDown(const controls::KeyArgs& args)
 
 void SchedaAgente::TXT_RAGSOANAG_Validate(controls::CancelArgs& args)
 {
-    if (gestione(FRMMG_AGENTI::Agenti).status() != FrameStatus::New)
+    if (gestione(gestioni::Agenti).status() != FrameStatus::New)
         return;
     const bool codiceDigitato = !RTrimN(m_campi.TXT_AGENTE.text()).toString().isEmpty();
     const bool codiceNellaRiga =
@@ -155,7 +155,7 @@ void SchedaAgente::RicercaAnagrafiche()
     std::unique_ptr<GeneralRegistrySearch> ricerca;
     const int tipo = m_modoRicercaAnagrafiche == 1 ? GeneralRegistrySearch::AllEntries
                                                    : GeneralRegistrySearch::AgentsAndFreeEntries;
-    frame::GestAnagrafica* agente = FME_GestAnagrafica(FRMMG_AGENTI::Agenti);
+    frame::GestAnagrafica* agente = FME_GestAnagrafica(gestioni::Agenti);
     ignoreEachStep({
         [&] { ricerca = m_ambiente.globale().objects().newRegistrySearch(); },
         [&] { ricerca->setContext(&m_ambiente.globale()); },
@@ -283,7 +283,7 @@ void SchedaAgente::TXT_AGERIFVIDEO1_Validate()
         scriviAgente(QStringLiteral("MG17_IDAGERIF_MG17"), db::Value::null());
     }
     TXT_AGERIF_Validate();
-    frame::GestAnagrafica& agente = gestione(FRMMG_AGENTI::Agenti);
+    frame::GestAnagrafica& agente = gestione(gestioni::Agenti);
     agente.notifyChange(true);
     agente.refreshState();
 }
@@ -310,8 +310,8 @@ void SchedaAgente::TXT_AGERIF_Validate()
             false, QStringLiteral("l'identificativo dell'agente di riferimento non è un numero"));
         return;
     }
-    if (gestione(FRMMG_AGENTI::Agenti).status() == FrameStatus::Browse) {
-        const db::RecordsetPtr agenti = gestione(FRMMG_AGENTI::Agenti).recordset();
+    if (gestione(gestioni::Agenti).status() == FrameStatus::Browse) {
+        const db::RecordsetPtr agenti = gestione(gestioni::Agenti).recordset();
         const std::optional<qint64> letto =
             agenti && !agenti->bof() && !agenti->eof()
                 ? NumeroIntero(agenti->originalValue(u"MG17_IDAGERIF_MG17"))
