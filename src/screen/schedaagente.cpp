@@ -145,12 +145,12 @@ GestAnagrafica& SchedaAgente::gestione(int numero) const
     return *trovata;
 }
 
-void SchedaAgente::messaggio(const QString& testo, int stile, const QString& titolo) const
+int SchedaAgente::messaggio(const QString& testo, int stile, const QString& titolo) const
 {
     if (!m_log)
         throw db::RuntimeError(db::RuntimeError::ObjectRequired, QStringLiteral("Object required"),
                                QStringLiteral("Gcls_Log"));
-    m_log->message(testo, stile, titolo);
+    return m_log->message(testo, stile, titolo);
 }
 
 db::Value SchedaAgente::valoreAgente(const QString& colonna) const

@@ -151,7 +151,8 @@ private:
     // The record frame of that number at the moment; none before the load or after the unload.
     frame::GestAnagrafica* FME_GestAnagrafica(int numero) const;
     frame::GestAnagrafica& gestione(int numero) const;
-    void messaggio(const QString& testo, int stile, const QString& titolo) const;
+    // The host's message operation; its answer. A run-time error while the screen has no log.
+    int messaggio(const QString& testo, int stile, const QString& titolo) const;
 
     const ControlliIdentitaAgente m_campi;
     const ControlliRecordAgente m_record;

@@ -195,9 +195,9 @@ void SchedaAgente::RicercaAnagrafiche()
                 messaggio(QStringLiteral("Nessuna anagrafica selezionata !!!"), host::Information,
                           QStringLiteral("Ricerca anagrafiche"));
             else
-                m_rispostaNuovaAnagrafica = short(m_log->message(
-                    m_ambiente.globale().messages().message(DomandaNuovaAnagrafica, {}),
-                    host::YesNo | host::Information | host::DefaultButton2, QString()));
+                m_rispostaNuovaAnagrafica = short(
+                    messaggio(m_ambiente.globale().messages().message(DomandaNuovaAnagrafica, {}),
+                              host::YesNo | host::Information | host::DefaultButton2, QString()));
             return Flow::Next;
         },
     });
