@@ -90,16 +90,12 @@ private:
 Recordset::Recordset(std::shared_ptr<RowStore> store)
     : m_store(std::move(store))
 {
-    connectStore();
+    m_store->addHandle(this);
 }
 
-Recordset::~Recordset() = default;
-
-void Recordset::connectStore()
+Recordset::~Recordset()
 {
-    connect(m_store.get(), &RowStore::rowsChanged, this, &Recordset::rebuildViewKeepingCurrent);
-    connect(m_store.get(), &RowStore::rowAdded, this, &Recordset::showAddedRow);
-    connect(m_store.get(), &RowStore::valueChanged, this, &Recordset::rowChanged);
+    m_store->removeHandle(this);
 }
 
 RecordsetPtr Recordset::open(Connection& connection, const QString& tsql, LockType lock)
@@ -432,6 +428,26 @@ void Recordset::addNew()
     m_store->notifyRowAdded(added);
     m_index = viewPosition(added);
     Q_EMIT currentChanged();
+}
+
+void Recordset::appendRows(const QList<ValueList>& rows)
+{
+    requireWritable();
+    leaveEdit();
+    QList<PackedRow> packed;
+    packed.reserve(rows.size());
+    for (const ValueList& values : rows) {
+        if (values.size() != m_store->columns.size())
+            throw RuntimeError(RuntimeError::InvalidProcedureCall,
+                               QStringLiteral("A row of %1 values for %2 fields")
+                                   .arg(values.size())
+                                   .arg(m_store->columns.size()));
+        packed.append(PackedRow(values));
+    }
+    if (packed.isEmpty())
+        return;
+    m_store->append(std::move(packed), RowStatus::New);
+    m_store->notifyRowsChanged();
 }
 
 PackedRow Recordset::defaultRow() const

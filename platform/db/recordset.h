@@ -113,6 +113,10 @@ public:
 
     // Adds a row holding the base table's column defaults and makes it current.
     void addNew();
+    // Adds rows of values given field by field, as AddNew and Update would one by one, in one
+    // step: the other handles and the views read the rows once. Raises, adding none, when a row
+    // holds more or fewer values than the fields. The cursor stays on its row.
+    void appendRows(const QList<ValueList>& rows);
     // Ends the edit of the current row; the change stays pending until it is written.
     void update();
     // Leaves the pending change of the current row: a new row goes away, an edited row
@@ -160,11 +164,13 @@ Q_SIGNALS:
     void rowChanged(tarvello::db::Recordset::Bookmark bookmark);
 
 private:
+    // The rows tell each handle of their changes.
+    friend class RowStore;
+
     explicit Recordset(std::shared_ptr<RowStore> store);
     // Reads the query's rows into the store, packed as they come; on a failing query the
     // store stays as it was.
     static void load(RowStore& store, Connection& connection, const QString& tsql);
-    void connectStore();
     void rebuildView(Bookmark keep);
     void rebuildViewKeepingCurrent();
     void showAddedRow(Bookmark added);
