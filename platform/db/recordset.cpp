@@ -358,23 +358,13 @@ Recordset::Bookmark Recordset::bookmark() const
 
 qsizetype Recordset::viewPosition(Bookmark bookmark) const
 {
-    // A few lookups scan the view; a run of them (every row of a grid) earns an index.
-    constexpr int scansBeforeIndexing = 8;
-    if (m_positions.isEmpty() && ++m_lookupsSinceChange <= scansBeforeIndexing)
-        return m_view.indexOf(bookmark);
-    if (m_positions.isEmpty()) {
-        m_positions.reserve(m_view.size());
-        for (qsizetype i = 0; i < m_view.size(); ++i)
-            m_positions.insert(m_view[i], i);
-    }
-    return m_positions.value(bookmark, -1);
+    return m_positions.find(m_view, bookmark);
 }
 
 void Recordset::setView(QList<Bookmark> view)
 {
     m_view = std::move(view);
     m_positions.clear();
-    m_lookupsSinceChange = 0;
 }
 
 void Recordset::setBookmark(Bookmark bookmark)

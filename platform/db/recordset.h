@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/db/positionindex.h"
 #include "platform/db/resultset.h"
 #include "platform/db/value.h"
 
@@ -201,12 +202,9 @@ private:
     QStringList rowNames(const QList<Bookmark>& bookmarks) const;
 
     std::shared_ptr<RowStore> m_store;
-    QList<Bookmark> m_view; // visible rows in order
-    // Positions in m_view by bookmark, built once lookups by bookmark repeat (a grid reading
-    // every row), dropped when the view changes.
-    mutable QHash<Bookmark, qsizetype> m_positions;
-    mutable int m_lookupsSinceChange = 0;
-    qsizetype m_index = -1; // into m_view; -1 = BOF, m_view.size() = EOF
+    QList<Bookmark> m_view;              // visible rows in order
+    PositionIndex<Bookmark> m_positions; // in m_view
+    qsizetype m_index = -1;              // into m_view; -1 = BOF, m_view.size() = EOF
     QString m_filter;
     FilterGroup m_filterGroup = FilterGroup::None;
     QString m_sort;

@@ -374,7 +374,7 @@ TEST(InMemoryRecordset, AppendedFieldsHoldRowsThatCannotBeWritten)
 
 // Rows appended in one step reach every handle with one reset, even when a listener drops
 // another handle meanwhile (a grid replacing its reader): the handles after it are still told.
-TEST(InMemoryRecordset, RowsAppendedInOneStepReachEveryHandleOnce)
+TEST(InMemoryRecordset, AppendedRowsReachEveryHandleAndAreFoundByBookmark)
 {
     RecordsetPtr first = Recordset::create();
     first->appendField(QStringLiteral("CODE"), ColumnKind::Text);
@@ -396,4 +396,15 @@ TEST(InMemoryRecordset, RowsAppendedInOneStepReachEveryHandleOnce)
     EXPECT_THROW(writer->appendRows({{QStringLiteral("A3"), 1}, {QStringLiteral("A4")}}),
                  RuntimeError);
     EXPECT_EQ(last->recordCount(), 2);
+
+    // Bookmarks looked up often enough to be indexed, then rows added: those are found too.
+    last->moveFirst();
+    const Recordset::Bookmark a1 = last->bookmark();
+    for (int i = 0; i < 10; ++i)
+        EXPECT_TRUE(last->hasBookmark(a1));
+    last->addNew();
+    const Recordset::Bookmark added = last->bookmark();
+    last->addNew();
+    last->setBookmark(added);
+    EXPECT_EQ(last->absolutePosition(), 3);
 }
