@@ -546,17 +546,15 @@ void GestAnagrafica::goToRow(std::optional<Bookmark> row, int reason, bool raise
 
 void GestAnagrafica::clearMarks()
 {
-    QList<DataControl*> marked = m_fields.controls();
+    // The frame's own fields lose theirs as they are shown.
     const controls::Form* form = m_keyField ? m_keyField->form() : nullptr;
-    if (writesAtOnce() && form) {
-        for (controls::Control* control : form->controls()) {
-            auto* data = qobject_cast<DataControl*>(control);
-            if (data && data->dataField().isEmpty())
-                marked << data;
-        }
+    if (!writesAtOnce() || !form)
+        return;
+    for (controls::Control* control : form->controls()) {
+        auto* data = qobject_cast<DataControl*>(control);
+        if (data && data->dataField().isEmpty())
+            data->setValid(true);
     }
-    for (DataControl* control : std::as_const(marked))
-        control->setValid(true);
 }
 
 QString GestAnagrafica::recordDescription() const
@@ -636,10 +634,7 @@ void GestAnagrafica::takeSnapshot()
         return;
     // A master's undo goes back to the database's values, a detail's to its last confirmed ones.
     const bool fromDatabase = writesAtOnce() && !entering();
-    for (int i = 0; i < m_recordset->fieldCount(); ++i) {
-        m_snapshot << (fromDatabase ? m_recordset->originalValue(m_recordset->field(i).name)
-                                    : m_recordset->value(i));
-    }
+    m_snapshot = fromDatabase ? m_recordset->originalValues() : m_recordset->values();
 }
 
 void GestAnagrafica::restoreSnapshot()
