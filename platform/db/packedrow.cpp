@@ -119,6 +119,19 @@ void putDate(QByteArray& bytes, const QDateTime& value)
         put(bytes, qint32(at.offsetFromUtc()));
 }
 
+// How many bytes two blocks share from their start, compared a word at a time.
+qsizetype commonPrefix(const char* a, const char* b, qsizetype length)
+{
+    qsizetype at = 0;
+    for (; at + qsizetype(sizeof(quint64)) <= length; at += sizeof(quint64)) {
+        if (get<quint64>(a + at) != get<quint64>(b + at))
+            break;
+    }
+    while (at < length && a[at] == b[at])
+        ++at;
+    return at;
+}
+
 QDateTime getDate(const char* at, Qt::TimeSpec zone, int offset = 0)
 {
     const QDate date = QDate::fromJulianDay(get<qint64>(at));
@@ -281,6 +294,26 @@ Value PackedRow::at(int column) const
     return decodeAt(offsetOf(column));
 }
 
+ValueList PackedRow::at(const QList<int>& columns) const
+{
+    ValueList values;
+    values.reserve(columns.size());
+    int walked = 0;
+    qsizetype offset = 0;
+    for (const int column : columns) {
+        if (column < 0 || column >= m_count)
+            outsideTheRow();
+        if (column < walked) {
+            walked = 0;
+            offset = 0;
+        }
+        for (; walked < column; ++walked)
+            offset += lengthAt(offset);
+        values << decodeAt(offset);
+    }
+    return values;
+}
+
 void PackedRow::set(int column, const Value& value)
 {
     const qsizetype offset = offsetOf(column);
@@ -315,19 +348,31 @@ ValueList PackedRow::toList() const
 QList<int> PackedRow::changedColumns(const PackedRow& before, const PackedRow& after)
 {
     QList<int> changed;
+    const int count = std::min(before.m_count, after.m_count);
     qsizetype x = 0;
     qsizetype y = 0;
-    for (int i = 0; i < before.m_count && i < after.m_count; ++i) {
-        const qsizetype xLength = before.lengthAt(x);
+    int column = 0;
+    while (column < count) {
+        // The columns whose bytes all come before the first byte that differs are the same,
+        // tag and length included: passed over without comparing them one by one.
+        const qsizetype stop =
+            x + commonPrefix(before.m_bytes.constData() + x, after.m_bytes.constData() + y,
+                             std::min(before.m_bytes.size() - x, after.m_bytes.size() - y));
+        qsizetype xLength = before.lengthAt(x);
+        while (x + xLength <= stop) {
+            x += xLength;
+            y += xLength;
+            if (++column == count)
+                return changed;
+            xLength = before.lengthAt(x);
+        }
+        // Other bytes may still be an equal value (5 and 5.0).
         const qsizetype yLength = after.lengthAt(y);
-        // The same bytes are the same value; other bytes may still be an equal one (5 and 5.0).
-        const bool sameBytes =
-            xLength == yLength && std::memcmp(before.m_bytes.constData() + x,
-                                              after.m_bytes.constData() + y, size_t(xLength)) == 0;
-        if (!sameBytes && !(before.decodeAt(x) == after.decodeAt(y)))
-            changed << i;
+        if (!(before.decodeAt(x) == after.decodeAt(y)))
+            changed << column;
         x += xLength;
         y += yLength;
+        ++column;
     }
     return changed;
 }

@@ -24,6 +24,8 @@ public:
     bool isEmpty() const { return m_count == 0; }
     // Raises ItemNotFound outside the row.
     Value at(int column) const;
+    // The values of these columns, in the order given, read in one walk when they ascend.
+    ValueList at(const QList<int>& columns) const;
     void set(int column, const Value& value);
     void append(const Value& value);
     ValueList toList() const;
