@@ -345,9 +345,9 @@ ValueList PackedRow::toList() const
     return values;
 }
 
-QList<int> PackedRow::changedColumns(const PackedRow& before, const PackedRow& after)
+QList<PackedRow::Change> PackedRow::changes(const PackedRow& before, const PackedRow& after)
 {
-    QList<int> changed;
+    QList<Change> changed;
     const int count = std::min(before.m_count, after.m_count);
     qsizetype x = 0;
     qsizetype y = 0;
@@ -368,8 +368,10 @@ QList<int> PackedRow::changedColumns(const PackedRow& before, const PackedRow& a
         }
         // Other bytes may still be an equal value (5 and 5.0).
         const qsizetype yLength = after.lengthAt(y);
-        if (!(before.decodeAt(x) == after.decodeAt(y)))
-            changed << column;
+        Value was = before.decodeAt(x);
+        Value is = after.decodeAt(y);
+        if (!(was == is))
+            changed << Change{column, std::move(was), std::move(is)};
         x += xLength;
         y += yLength;
         ++column;

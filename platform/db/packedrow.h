@@ -30,8 +30,13 @@ public:
     void append(const Value& value);
     ValueList toList() const;
 
-    // The columns whose values differ between two rows of the same columns, as Values compare.
-    static QList<int> changedColumns(const PackedRow& before, const PackedRow& after);
+    // A column whose values differ between two rows of the same columns, as Values compare.
+    struct Change {
+        int column = 0;
+        Value before;
+        Value after;
+    };
+    static QList<Change> changes(const PackedRow& before, const PackedRow& after);
     // Byte for byte: the same kinds and values.
     friend bool operator==(const PackedRow& a, const PackedRow& b)
     {

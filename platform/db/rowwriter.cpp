@@ -124,16 +124,23 @@ RowWriter::Outcome RowWriter::update(const RowStore::Row& row)
     if (!row.original)
         return Outcome::Written;
     const PackedRow& read = *row.original;
-    QList<int> changed = PackedRow::changedColumns(read, row.values);
-    changed.removeIf([this](int i) { return !m_updatable[i]; });
-    if (changed.isEmpty())
+    QList<PackedRow::Change> changes = PackedRow::changes(read, row.values);
+    changes.removeIf(
+        [this](const PackedRow::Change& change) { return !m_updatable[change.column]; });
+    if (changes.isEmpty())
         return Outcome::Written;
-    ValueList parameters = row.values.at(changed);
-    parameters.reserve(changed.size() * 3 + m_keyIndexes.size() * 2);
+    QList<int> changed;
+    ValueList parameters;
+    changed.reserve(changes.size());
+    parameters.reserve(changes.size() * 3 + m_keyIndexes.size() * 2);
+    for (const PackedRow::Change& change : std::as_const(changes)) {
+        changed << change.column;
+        parameters << change.after;
+    }
     for (const Value& value : read.at(m_keyIndexes))
         addConditionParameters(parameters, value);
-    for (const Value& value : read.at(changed))
-        addConditionParameters(parameters, value);
+    for (const PackedRow::Change& change : std::as_const(changes))
+        addConditionParameters(parameters, change.before);
     const ResultSet result = m_connection.run(updateStatement(changed), parameters);
     return result.rowsAffected == 0 ? Outcome::Conflict : Outcome::Written;
 }

@@ -73,17 +73,32 @@ TEST(PackedRow, KeepsEveryValueWithItsKindThroughChangesOfSize)
     EXPECT_THROW(row.set(1, Value(ValueList{qint64(1)})), RuntimeError);
 }
 
+namespace {
+
+QList<int> changedColumns(const PackedRow& before, const PackedRow& after)
+{
+    QList<int> columns;
+    for (const PackedRow::Change& change : PackedRow::changes(before, after)) {
+        EXPECT_EQ(change.before, before.at(change.column));
+        EXPECT_EQ(change.after, after.at(change.column));
+        columns << change.column;
+    }
+    return columns;
+}
+
+} // namespace
+
 TEST(PackedRow, ChangedColumnsCompareAsValuesNotBytes)
 {
     const PackedRow read(ValueList{qint64(5), QStringLiteral("rossi"), Value::null()});
     PackedRow edited = read;
-    EXPECT_TRUE(PackedRow::changedColumns(read, edited).isEmpty());
+    EXPECT_TRUE(changedColumns(read, edited).isEmpty());
 
     // 5.0 is a different kind but the same value: no column to write.
     edited.set(0, Decimal::fromParts(50, 1));
     edited.set(1, QStringLiteral("bianchi"));
     edited.set(2, QStringLiteral(""));
-    EXPECT_EQ(PackedRow::changedColumns(read, edited), (QList<int>{1, 2}));
+    EXPECT_EQ(changedColumns(read, edited), (QList<int>{1, 2}));
     // The copy taken before the edits is untouched by them.
     EXPECT_EQ(read.at(1).toString(), QStringLiteral("rossi"));
 
@@ -98,7 +113,7 @@ TEST(PackedRow, ChangedColumnsCompareAsValuesNotBytes)
     widened.set(30, qint64(31));
     widened.set(33, Decimal::fromParts(330, 1));
     widened.set(39, Value::null());
-    EXPECT_EQ(PackedRow::changedColumns(wide, widened), (QList<int>{3, 30, 39}));
+    EXPECT_EQ(changedColumns(wide, widened), (QList<int>{3, 30, 39}));
     EXPECT_EQ(widened.at({39, 3, 4}),
               (ValueList{Value::null(), QStringLiteral("un testo più lungo"), values[4]}));
 }
