@@ -12,10 +12,16 @@ SqliteStatementCache::~SqliteStatementCache()
 
 sqlite3_stmt* SqliteStatementCache::find(const QString& sql)
 {
+    if (m_last && sql.constData() == m_lastText.constData() && sql.size() == m_lastText.size()) {
+        m_last->lastUse = ++m_clock;
+        return m_last->statement;
+    }
     const auto found = m_entries.find(sql);
     if (found == m_entries.end())
         return nullptr;
     found->lastUse = ++m_clock;
+    m_lastText = sql;
+    m_last = &found.value();
     return found->statement;
 }
 
@@ -23,7 +29,15 @@ void SqliteStatementCache::keep(const QString& sql, sqlite3_stmt* statement)
 {
     if (m_entries.size() >= m_capacity)
         dropLeastRecentlyUsed();
+    // An insertion may move the entries.
+    forgetLast();
     m_entries.insert(sql, Entry{statement, ++m_clock});
+}
+
+void SqliteStatementCache::forgetLast()
+{
+    m_last = nullptr;
+    m_lastText.clear();
 }
 
 void SqliteStatementCache::dropLeastRecentlyUsed()
@@ -36,12 +50,14 @@ void SqliteStatementCache::dropLeastRecentlyUsed()
     }
     if (oldest == m_entries.end())
         return;
+    forgetLast();
     sqlite3_finalize(oldest->statement);
     m_entries.erase(oldest);
 }
 
 void SqliteStatementCache::clear()
 {
+    forgetLast();
     m_entries.removeIf([](const QHash<QString, Entry>::iterator& it) {
         if (sqlite3_stmt_busy(it->statement))
             return false;

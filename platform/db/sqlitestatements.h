@@ -20,7 +20,9 @@ public:
     SqliteStatementCache(const SqliteStatementCache&) = delete;
     SqliteStatementCache& operator=(const SqliteStatementCache&) = delete;
 
-    // The statement kept for this text; null when none is.
+    // The statement kept for this text; null when none is. The text asked last is known
+    // without hashing it again while the caller hands over the same string, as a recordset
+    // writing row after row does.
     sqlite3_stmt* find(const QString& sql);
     // Keeps a statement just prepared for this text; owned from now on.
     void keep(const QString& sql, sqlite3_stmt* statement);
@@ -34,8 +36,12 @@ private:
         quint64 lastUse = 0;
     };
     void dropLeastRecentlyUsed();
+    void forgetLast();
 
     QHash<QString, Entry> m_entries;
+    // The text found last, holding its characters (so no other text can take their place).
+    QString m_lastText;
+    Entry* m_last = nullptr;
     const qsizetype m_capacity;
     quint64 m_clock = 0;
 };
