@@ -10,9 +10,9 @@ namespace tarvello::db {
 
 // SQLite through its C API: parameterised statements (and queries whose compared constants it
 // lifts into parameters) stay prepared, so a recordset writing thousands of rows with the same
-// statement prepares it once. Files are opened with
-// write-ahead journaling (unless they can only be read), foreign-key checks and a busy
-// timeout for a second user. Texts compare and convert case as on SQL Server (tsqlfunctions.h).
+// statement prepares it once. Files are opened with write-ahead journaling (unless they can
+// only be read), foreign-key checks and a busy timeout for a second user. Texts compare and
+// convert case as on SQL Server (tsqlfunctions.h).
 class SqliteEngine final : public Engine {
 public:
     static constexpr int defaultBusyTimeout = 5000; // milliseconds
