@@ -348,9 +348,12 @@ QList<PackedRow::Change> PackedRow::changes(const PackedRow& before, const Packe
     while (column < count) {
         // The columns whose bytes all come before the first byte that differs are the same,
         // tag and length included: passed over without comparing them one by one.
+        const qsizetype rest = before.m_bytes.size() - x;
         const qsizetype stop =
             x + commonPrefix(before.m_bytes.constData() + x, after.m_bytes.constData() + y,
-                             std::min(before.m_bytes.size() - x, after.m_bytes.size() - y));
+                             std::min(rest, after.m_bytes.size() - y));
+        if (stop - x == rest && rest == after.m_bytes.size() - y)
+            return changed; // the rest of the two rows is the same
         qsizetype xLength = before.lengthAt(x);
         while (x + xLength <= stop) {
             x += xLength;

@@ -5,6 +5,8 @@
 #include "platform/db/tsqlfunctions.h"
 #include "platform/db/tsqlrewriter.h"
 
+#include <QStringEncoder>
+#include <QVarLengthArray>
 #include <sqlite3.h>
 
 namespace tarvello::db {
@@ -19,6 +21,23 @@ QString columnText(sqlite3_stmt* statement, int column)
 {
     const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(statement, column));
     return QString::fromUtf8(text, sqlite3_column_bytes(statement, column));
+}
+
+// The text a value is bound as; empty for the values bound otherwise.
+QString boundText(const Value& value)
+{
+    switch (value.kind()) {
+    case Value::Kind::Empty:
+    case Value::Kind::Null:
+    case Value::Kind::Boolean:
+    case Value::Kind::Integer:
+    case Value::Kind::Double:
+        return {};
+    case Value::Kind::Date:
+        return value.toDateTime().toString(QString::fromLatin1(isoFormat));
+    default:
+        return value.toString();
+    }
 }
 
 QString utf8OrEmpty(const char* text)
@@ -136,7 +155,8 @@ sqlite3_stmt* SqliteEngine::kept(const QString& sql)
     return statement;
 }
 
-void SqliteEngine::bind(sqlite3_stmt* statement, const ValueList& parameters, const QString& sql)
+void SqliteEngine::bind(sqlite3_stmt* statement, const ValueList& parameters, const QString& sql,
+                        BoundTexts& texts)
 {
     if (sqlite3_bind_parameter_count(statement) != parameters.size())
         throw EngineError({SQLITE_RANGE,
@@ -145,6 +165,17 @@ void SqliteEngine::bind(sqlite3_stmt* statement, const ValueList& parameters, co
                                .arg(sqlite3_bind_parameter_count(statement)),
                            {},
                            QStringLiteral("SQLite")});
+    // The texts first, so that the buffer holding their UTF-8 is sized once and does not move
+    // under the texts bound before.
+    QVarLengthArray<QString, 8> strings(parameters.size());
+    QStringEncoder utf8(QStringEncoder::Utf8, QStringConverter::Flag::Stateless);
+    qsizetype space = 0;
+    for (int i = 0; i < parameters.size(); ++i) {
+        strings[i] = boundText(parameters[i]);
+        space += utf8.requiredSpace(strings[i].size());
+    }
+    texts.resize(space);
+    char* end = texts.data();
     for (int i = 0; i < parameters.size(); ++i) {
         const Value& v = parameters[i];
         int rc = SQLITE_OK;
@@ -162,17 +193,10 @@ void SqliteEngine::bind(sqlite3_stmt* statement, const ValueList& parameters, co
         case Value::Kind::Double:
             rc = sqlite3_bind_double(statement, i + 1, v.toDouble());
             break;
-        case Value::Kind::Date: {
-            const QByteArray text =
-                v.toDateTime().toString(QString::fromLatin1(isoFormat)).toUtf8();
-            rc = sqlite3_bind_text(statement, i + 1, text.constData(), int(text.size()),
-                                   SQLITE_TRANSIENT);
-            break;
-        }
         default: {
-            const QByteArray text = v.toString().toUtf8();
-            rc = sqlite3_bind_text(statement, i + 1, text.constData(), int(text.size()),
-                                   SQLITE_TRANSIENT);
+            char* const text = end;
+            end = utf8.appendToBuffer(end, strings[i]);
+            rc = sqlite3_bind_text(statement, i + 1, text, int(end - text), SQLITE_STATIC);
             break;
         }
         }
@@ -214,6 +238,8 @@ qint64 SqliteEngine::execute(sqlite3_stmt* statement, const QString& sql,
         rows.columns({});
         return -1;
     }
+    // Outlives the bindings, which read their texts in place.
+    BoundTexts texts;
     struct Finish {
         sqlite3_stmt* statement;
         bool keep;
@@ -230,7 +256,7 @@ qint64 SqliteEngine::execute(sqlite3_stmt* statement, const QString& sql,
 
     if (!sqlite3_stmt_readonly(statement) && !transactionOpen())
         refuseWritesIfMoved();
-    bind(statement, parameters, sql);
+    bind(statement, parameters, sql, texts);
     int rc = sqlite3_step(statement);
     if (rc != SQLITE_ROW && rc != SQLITE_DONE)
         fail(sql);

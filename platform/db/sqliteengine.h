@@ -3,6 +3,8 @@
 #include "platform/db/engine.h"
 #include "platform/db/sqlitestatements.h"
 
+#include <QVarLengthArray>
+
 struct sqlite3;
 struct sqlite3_stmt;
 
@@ -46,7 +48,11 @@ private:
     // The statement kept for the text, prepared on first use.
     sqlite3_stmt* kept(const QString& sql);
     [[noreturn]] void fail(const QString& sql) const;
-    void bind(sqlite3_stmt* statement, const ValueList& parameters, const QString& sql);
+    // The UTF-8 of the texts bound, kept until the bindings are cleared: SQLite reads them in
+    // place instead of copying each.
+    using BoundTexts = QVarLengthArray<char, 512>;
+    void bind(sqlite3_stmt* statement, const ValueList& parameters, const QString& sql,
+              BoundTexts& texts);
     void exec(const char* sql);
     void refuseWritesIfMoved() const;
 
