@@ -197,7 +197,7 @@ void PackedRow::encode(QByteArray& bytes, const Value& value)
                        QStringLiteral("Type mismatch: an array is not a value of a row"));
 }
 
-qsizetype PackedRow::lengthAt(qsizetype offset) const
+inline qsizetype PackedRow::lengthAt(qsizetype offset) const
 {
     // By tag, the length of a value of fixed size, 0 for a text (its length follows the tag). A
     // table rather than a switch: a row's columns come in every kind, and an indirect jump per
