@@ -312,6 +312,17 @@ void PackedRow::set(int column, const Value& value)
     const qsizetype offset = offsetOf(column);
     const qsizetype replaced = lengthAt(offset);
     const qsizetype end = m_bytes.size();
+    if (!m_bytes.isDetached()) {
+        // Shared with a copy (the row as read, kept when it is first changed): built afresh,
+        // one allocation and one copy, rather than copied whole and then moved about.
+        QByteArray bytes;
+        bytes.reserve(end + 32);
+        bytes.append(m_bytes.constData(), offset);
+        encode(bytes, value);
+        bytes.append(m_bytes.constData() + offset + replaced, end - offset - replaced);
+        m_bytes = std::move(bytes);
+        return;
+    }
     // Encoded after the last value and rotated into place, so that filling a row's columns one
     // by one allocates no buffer per value.
     encode(m_bytes, value);
