@@ -12,7 +12,7 @@ SqliteStatementCache::~SqliteStatementCache()
 
 sqlite3_stmt* SqliteStatementCache::find(const QString& sql)
 {
-    if (m_last && sql.constData() == m_lastText.constData() && sql.size() == m_lastText.size()) {
+    if (m_last && sql == m_lastText) {
         m_last->lastUse = ++m_clock;
         return m_last->statement;
     }

@@ -20,9 +20,8 @@ public:
     SqliteStatementCache(const SqliteStatementCache&) = delete;
     SqliteStatementCache& operator=(const SqliteStatementCache&) = delete;
 
-    // The statement kept for this text; null when none is. The text asked last is known
-    // without hashing it again while the caller hands over the same string, as a recordset
-    // writing row after row does.
+    // The statement kept for this text; null when none is. The text asked last is recognised
+    // without hashing it again, as a recordset writing row after row asks for it.
     sqlite3_stmt* find(const QString& sql);
     // Keeps a statement just prepared for this text; owned from now on.
     void keep(const QString& sql, sqlite3_stmt* statement);
@@ -39,7 +38,7 @@ private:
     void forgetLast();
 
     QHash<QString, Entry> m_entries;
-    // The text found last, holding its characters (so no other text can take their place).
+    // The text found last, and its entry.
     QString m_lastText;
     Entry* m_last = nullptr;
     const qsizetype m_capacity;
