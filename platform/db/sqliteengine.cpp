@@ -155,6 +155,19 @@ sqlite3_stmt* SqliteEngine::kept(const QString& sql)
     return statement;
 }
 
+qint64 SqliteEngine::pragmaNumber(const QString& pragma)
+{
+    // Asked before every translation and table description: kept prepared, it costs one step.
+    sqlite3_stmt* statement = kept(pragma);
+    const int rc = sqlite3_step(statement);
+    const qint64 number = rc == SQLITE_ROW ? sqlite3_column_int64(statement, 0) : 0;
+    // The reset keeps the step's error for fail() to read.
+    sqlite3_reset(statement);
+    if (rc != SQLITE_ROW && rc != SQLITE_DONE)
+        fail(pragma);
+    return number;
+}
+
 void SqliteEngine::bind(sqlite3_stmt* statement, const ValueList& parameters, const QString& sql,
                         BoundTexts& texts)
 {

@@ -36,6 +36,9 @@ public:
     TableInfo tableInfo(const QString& table) override;
     bool hasTsqlFunctions() const override { return true; }
 
+protected:
+    qint64 pragmaNumber(const QString& pragma) override;
+
 private:
     // Runs one statement, its rows to `rows`; the rows it changed.
     qint64 execute(const QString& sql, const ValueList& parameters, RowSink& rows);

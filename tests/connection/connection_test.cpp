@@ -194,6 +194,15 @@ TEST_P(ConnectionTest, LookupsByConstantsKeepTheirMeaningAndIndexAcrossSchemaCha
         other.run(QStringLiteral("ALTER TABLE P ADD D INT DEFAULT 4"));
         EXPECT_EQ(row(), (ValueList{1, 2, 3, 4}));
     }
+
+    // A column another connection adds is described and joins texts at once: the knowledge
+    // of the schema kept between statements is checked against the database's each time.
+    EXPECT_EQ(db().tableInfo(QStringLiteral("T1")).column(u"T1_NOTE"), nullptr);
+    Connection other;
+    other.open(database->connectionString());
+    other.executeNonQuery(QStringLiteral("ALTER TABLE T1 ADD T1_NOTE VARCHAR(4) DEFAULT 'n'"));
+    ASSERT_NE(db().tableInfo(QStringLiteral("T1")).column(u"T1_NOTE"), nullptr);
+    EXPECT_EQ(one("SELECT T1_NOTE + T1_CODE FROM T1 WHERE T1_KIND = 1"), ValueList{"n5"});
     if (db().dialect() != Dialect::Sqlite)
         return;
     // The index a lookup of a temporary table makes stands again after the table was made
