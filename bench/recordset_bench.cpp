@@ -21,6 +21,7 @@
 #include <QSqlRecord>
 #include <QSqlTableModel>
 #include <cstdio>
+#include <cstring>
 #include <functional>
 #include <malloc.h>
 #include <sqlite3.h>
@@ -36,6 +37,7 @@ namespace {
 constexpr int company = 1;
 constexpr int modelLimit = 10000;
 const char* const selectAgents = "SELECT * FROM MG17_AGENTI WHERE MG17_DITTA_CG18 = 1";
+const char* const idColumn = "MG17_IDAGENTE";
 const char* const updateAgent =
     "UPDATE MG17_AGENTI SET MG17_MATRENASARCO = ? WHERE MG17_IDAGENTE = ?";
 
@@ -62,6 +64,12 @@ Timing viaSqliteApi(const QString& path, int variant)
     sqlite3_stmt* select = nullptr;
     require(sqlite3_prepare_v2(db, selectAgents, -1, &select, nullptr) == SQLITE_OK, "prepare");
     const int columns = sqlite3_column_count(select);
+    int id = -1;
+    for (int c = 0; c < columns; ++c) {
+        if (std::strcmp(sqlite3_column_name(select, c), idColumn) == 0)
+            id = c;
+    }
+    require(id >= 0, "key column");
     // Rows kept as text and numbers, as a client would hold them.
     std::vector<std::vector<std::string>> rows;
     std::vector<sqlite3_int64> ids;
@@ -71,7 +79,7 @@ Timing viaSqliteApi(const QString& path, int variant)
             if (const auto* text = sqlite3_column_text(select, c))
                 row[c].assign(reinterpret_cast<const char*>(text), sqlite3_column_bytes(select, c));
         }
-        ids.push_back(sqlite3_column_int64(select, 1));
+        ids.push_back(sqlite3_column_int64(select, id));
         rows.push_back(std::move(row));
     }
     sqlite3_finalize(select);
@@ -96,6 +104,25 @@ Timing viaSqliteApi(const QString& path, int variant)
     return t;
 }
 
+// The rows of the file holding the variant's stamp: every variant must have saved every row.
+qsizetype stampedRows(const QString& path, int variant)
+{
+    sqlite3* db = nullptr;
+    require(sqlite3_open(path.toUtf8().constData(), &db) == SQLITE_OK, "open");
+    sqlite3_stmt* count = nullptr;
+    require(sqlite3_prepare_v2(db,
+                               "SELECT COUNT(*) FROM MG17_AGENTI WHERE MG17_MATRENASARCO LIKE ?",
+                               -1, &count, nullptr) == SQLITE_OK,
+            "prepare");
+    const QByteArray pattern = QStringLiteral("V%1-%").arg(variant).toUtf8();
+    sqlite3_bind_text(count, 1, pattern.constData(), int(pattern.size()), SQLITE_TRANSIENT);
+    require(sqlite3_step(count) == SQLITE_ROW, "count");
+    const qsizetype rows = sqlite3_column_int64(count, 0);
+    sqlite3_finalize(count);
+    sqlite3_close(db);
+    return rows;
+}
+
 QSqlDatabase qtDatabase(const QString& path, const QString& name)
 {
     QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), name);
@@ -115,6 +142,8 @@ Timing viaQSqlQuery(const QString& path, int variant)
         select.setForwardOnly(true);
         require(select.exec(QString::fromLatin1(selectAgents)), "select");
         const int columns = select.record().count();
+        const int id = select.record().indexOf(QString::fromLatin1(idColumn));
+        require(id >= 0, "key column");
         std::vector<std::vector<QVariant>> rows;
         while (select.next()) {
             std::vector<QVariant> row(columns);
@@ -131,7 +160,7 @@ Timing viaQSqlQuery(const QString& path, int variant)
         require(update.prepare(QString::fromLatin1(updateAgent)), "prepare");
         for (size_t i = 0; i < rows.size(); ++i) {
             update.bindValue(0, stamp(variant, qsizetype(i)));
-            update.bindValue(1, rows[i][1]);
+            update.bindValue(1, rows[i][id]);
             require(update.exec(), "update");
         }
         require(db.commit(), "commit");
@@ -223,7 +252,9 @@ Timing runFor(int agents, const Options& options)
     int variant = 0;
     for (const auto& run : variants) {
         ++variant;
-        timings.push_back(run(database.copy(QStringLiteral("variant%1.db").arg(variant)), variant));
+        const QString file = database.copy(QStringLiteral("variant%1.db").arg(variant));
+        timings.push_back(run(file, variant));
+        require(stampedRows(file, variant) == timings.back().rows, "every row saved");
     }
 
     const Timing& floor = timings.front();

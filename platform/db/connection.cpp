@@ -123,12 +123,7 @@ Engine& Connection::engine()
 
 void Connection::refreshSchemaKnowledge()
 {
-    // Temporary tables have a schema version of their own.
-    const auto versionOf = [this](const char* pragma) {
-        return engine().run(QString::fromLatin1(pragma), {}).rows.value(0).value(0).toInt64();
-    };
-    const qint64 version =
-        (versionOf("PRAGMA main.schema_version") << 32) ^ versionOf("PRAGMA temp.schema_version");
+    const qint64 version = engine().schemaVersion();
     if (version == m_schemaVersion)
         return;
     m_schemaVersion = version;

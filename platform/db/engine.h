@@ -52,11 +52,18 @@ public:
     }
 
     virtual TableInfo tableInfo(const QString& table) = 0;
+    // SQLite's schema versions of the main and the temporary tables in one number: any change
+    // to either changes it, whichever connection made it.
+    qint64 schemaVersion();
     // Whether the statements may call the functions of tsqlfunctions.h.
     virtual bool hasTsqlFunctions() const { return false; }
     // Whether result columns should take their kinds from the tables' declarations,
     // because the driver's own report of them is approximate.
     virtual bool refinesKinds() const { return false; }
+
+protected:
+    // The number a PRAGMA answers with.
+    virtual qint64 pragmaNumber(const QString& pragma);
 };
 
 } // namespace tarvello::db

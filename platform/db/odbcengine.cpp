@@ -2,6 +2,7 @@
 
 #include "platform/db/runtimeerror.h"
 #include "platform/db/sqliteengine.h"
+#include "platform/db/tsqlrewriter.h"
 
 #include <QRegularExpression>
 #include <QSqlDriver>
@@ -178,6 +179,9 @@ ResultSet OdbcEngine::run(const QString& sql, const ValueList& parameters)
 
 ResultSet OdbcEngine::runDirect(const QString& sql)
 {
+    // A statement kept prepared may describe a table this one drops or changes.
+    if (mayChangeSchema(sql))
+        m_prepared.clear();
     QSqlQuery query(QSqlDatabase::database(m_name, false));
     query.setForwardOnly(true);
     query.setNumericalPrecisionPolicy(QSql::HighPrecision);
@@ -202,6 +206,7 @@ void OdbcEngine::commit()
 
 void OdbcEngine::rollback()
 {
+    m_prepared.clear();
     QSqlDatabase db = QSqlDatabase::database(m_name, false);
     if (!db.rollback())
         throw EngineError(providerError(db.lastError()));

@@ -24,12 +24,19 @@ public:
     bool isEmpty() const { return m_count == 0; }
     // Raises ItemNotFound outside the row.
     Value at(int column) const;
+    // The values of these columns, in the order given, read in one walk when they ascend.
+    ValueList at(const QList<int>& columns) const;
     void set(int column, const Value& value);
     void append(const Value& value);
     ValueList toList() const;
 
-    // The columns whose values differ between two rows of the same columns, as Values compare.
-    static QList<int> changedColumns(const PackedRow& before, const PackedRow& after);
+    // A column whose values differ between two rows of the same columns, as Values compare.
+    struct Change {
+        int column = 0;
+        Value before;
+        Value after;
+    };
+    static QList<Change> changes(const PackedRow& before, const PackedRow& after);
     // Byte for byte: the same kinds and values.
     friend bool operator==(const PackedRow& a, const PackedRow& b)
     {

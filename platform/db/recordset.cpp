@@ -247,6 +247,17 @@ Value Recordset::originalValue(QStringView field) const
     return row.original ? row.original->at(index) : row.values.at(index);
 }
 
+ValueList Recordset::values() const
+{
+    return currentRowData().values.toList();
+}
+
+ValueList Recordset::originalValues() const
+{
+    const RowStore::Row& row = currentRowData();
+    return (row.original ? *row.original : row.values).toList();
+}
+
 void Recordset::setValue(QStringView field, const Value& value)
 {
     if (isReadOnly())

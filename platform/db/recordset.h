@@ -79,6 +79,9 @@ public:
     void setValue(QStringView field, const Value& value);
     // The value as read from the database (before pending changes).
     Value originalValue(QStringView field) const;
+    // The current row's values, and as read from the database, in the order of the fields.
+    ValueList values() const;
+    ValueList originalValues() const;
 
     bool bof() const;
     bool eof() const;

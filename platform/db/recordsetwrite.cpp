@@ -29,6 +29,7 @@ void Recordset::writeRows(const QList<Bookmark>& bookmarks)
             pending << bookmark;
     }
     QList<Written> written;
+    written.reserve(pending.size());
     QList<Bookmark> refused;
     std::optional<QString> dropped; // why the database dropped the whole write
     {

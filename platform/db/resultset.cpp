@@ -24,6 +24,12 @@ void feed(ResultSet result, RowSink& rows)
 
 const TableInfo::ColumnInfo* TableInfo::column(QStringView columnName) const
 {
+    // Names nearly always come spelled as declared: comparing them as they are is much
+    // cheaper than folding case, which is left for the names that need it.
+    for (const ColumnInfo& c : columns) {
+        if (c.name == columnName)
+            return &c;
+    }
     for (const ColumnInfo& c : columns) {
         if (c.name.compare(columnName, Qt::CaseInsensitive) == 0)
             return &c;

@@ -14,12 +14,15 @@ RowWriter::RowWriter(Connection& connection, const QString& table, const QList<C
     const TableInfo& info = connection.tableInfo(table);
     m_key = info.primaryKey();
     m_identity = info.identityColumn();
+    m_updatable.fill(false, columns.size());
     for (int i = 0; i < columns.size(); ++i) {
         if (columns[i].baseColumn.isEmpty())
             continue;
+        m_writable << i;
         if (columns[i].baseColumn.compare(m_identity, Qt::CaseInsensitive) == 0)
             m_identityIndex = i;
-        m_writable << i;
+        else
+            m_updatable[i] = true;
     }
     // Without a declared key, a row is found by every column it was read with.
     if (m_key.isEmpty()) {
@@ -121,18 +124,23 @@ RowWriter::Outcome RowWriter::update(const RowStore::Row& row)
     if (!row.original)
         return Outcome::Written;
     const PackedRow& read = *row.original;
-    QList<int> changed = PackedRow::changedColumns(read, row.values);
-    changed.removeIf([this](int i) { return i == m_identityIndex || !m_writable.contains(i); });
-    if (changed.isEmpty())
+    QList<PackedRow::Change> changes = PackedRow::changes(read, row.values);
+    changes.removeIf(
+        [this](const PackedRow::Change& change) { return !m_updatable[change.column]; });
+    if (changes.isEmpty())
         return Outcome::Written;
+    QList<int> changed;
     ValueList parameters;
-    parameters.reserve(changed.size() * 3 + m_keyIndexes.size() * 2);
-    for (int i : std::as_const(changed))
-        parameters << row.values.at(i);
-    for (int i : std::as_const(m_keyIndexes))
-        addConditionParameters(parameters, read.at(i));
-    for (int i : std::as_const(changed))
-        addConditionParameters(parameters, read.at(i));
+    changed.reserve(changes.size());
+    parameters.reserve(changes.size() * 3 + m_keyIndexes.size() * 2);
+    for (const PackedRow::Change& change : std::as_const(changes)) {
+        changed << change.column;
+        parameters << change.after;
+    }
+    for (const Value& value : read.at(m_keyIndexes))
+        addConditionParameters(parameters, value);
+    for (const PackedRow::Change& change : std::as_const(changes))
+        addConditionParameters(parameters, change.before);
     const ResultSet result = m_connection.run(updateStatement(changed), parameters);
     return result.rowsAffected == 0 ? Outcome::Conflict : Outcome::Written;
 }

@@ -47,7 +47,8 @@ private:
     QStringList m_key;
     QList<int> m_keyIndexes; // the recordset columns holding the key
     QString m_identity;
-    QList<int> m_writable; // recordset columns that are base columns of the table
+    QList<int> m_writable;   // recordset columns that are base columns of the table
+    QList<bool> m_updatable; // by recordset column: writable and not the identity
     int m_identityIndex = -1;
     // Rows changed in the same columns share one statement text (and prepared statement).
     QHash<QList<int>, QString> m_updates;

@@ -5,6 +5,8 @@
 #include "platform/db/tsqlfunctions.h"
 #include "platform/db/tsqlrewriter.h"
 
+#include <QStringEncoder>
+#include <QVarLengthArray>
 #include <sqlite3.h>
 
 namespace tarvello::db {
@@ -12,12 +14,30 @@ namespace tarvello::db {
 namespace {
 
 constexpr auto isoFormat = "yyyy-MM-ddTHH:mm:ss";
-constexpr qsizetype maxLiftedStatements = 64;
+// Enough for the statements of a screen's recordsets and lookups at once.
+constexpr qsizetype keptStatements = 128;
 
 QString columnText(sqlite3_stmt* statement, int column)
 {
     const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(statement, column));
     return QString::fromUtf8(text, sqlite3_column_bytes(statement, column));
+}
+
+// The text a value is bound as; empty for the values bound otherwise.
+QString boundText(const Value& value)
+{
+    switch (value.kind()) {
+    case Value::Kind::Empty:
+    case Value::Kind::Null:
+    case Value::Kind::Boolean:
+    case Value::Kind::Integer:
+    case Value::Kind::Double:
+        return {};
+    case Value::Kind::Date:
+        return value.toDateTime().toString(QString::fromLatin1(isoFormat));
+    default:
+        return value.toString();
+    }
 }
 
 QString utf8OrEmpty(const char* text)
@@ -57,6 +77,7 @@ Value readValue(sqlite3_stmt* statement, int column, ColumnKind kind)
 } // namespace
 
 SqliteEngine::SqliteEngine(const QString& path, int busyTimeout)
+    : m_statements(keptStatements)
 {
     // A connection serves one thread: SQLite's own lock around every call would only cost.
     const int flags =
@@ -83,10 +104,8 @@ SqliteEngine::SqliteEngine(const QString& path, int busyTimeout)
 
 SqliteEngine::~SqliteEngine()
 {
-    for (sqlite3_stmt* statement : std::as_const(m_statements))
-        sqlite3_finalize(statement);
-    forgetLifted();
-    sqlite3_close(m_db);
+    // Closed once the kept statements are finalized, just after this.
+    sqlite3_close_v2(m_db);
 }
 
 void SqliteEngine::exec(const char* sql)
@@ -110,16 +129,12 @@ void SqliteEngine::fail(const QString& sql) const
 
 sqlite3_stmt* SqliteEngine::prepare(const QString& sql)
 {
-    if (sqlite3_stmt* cached = m_statements.value(sql))
-        return cached;
     const QByteArray text = sql.toUtf8();
     sqlite3_stmt* statement = nullptr;
     const char* tail = nullptr;
     if (sqlite3_prepare_v2(m_db, text.constData(), int(text.size()), &statement, &tail) !=
         SQLITE_OK)
         fail(sql);
-    if (!statement) // only blanks or comments
-        return nullptr;
     if (tail && !QByteArray(tail).trimmed().isEmpty()) {
         sqlite3_finalize(statement);
         throw EngineError({SQLITE_MISUSE,
@@ -127,31 +142,34 @@ sqlite3_stmt* SqliteEngine::prepare(const QString& sql)
                            {},
                            QStringLiteral("SQLite")});
     }
-    m_statements.insert(sql, statement);
     return statement;
 }
 
-sqlite3_stmt* SqliteEngine::prepareLifted(const QString& sql)
+sqlite3_stmt* SqliteEngine::kept(const QString& sql)
 {
-    if (sqlite3_stmt* kept = m_lifted.value(sql))
-        return kept;
-    if (m_lifted.size() >= maxLiftedStatements)
-        forgetLifted();
+    if (sqlite3_stmt* statement = m_statements.find(sql))
+        return statement;
     sqlite3_stmt* statement = prepare(sql);
-    // prepare() keeps what it made among the parameterised statements: it is kept here.
-    m_statements.remove(sql);
-    m_lifted.insert(sql, statement);
+    if (statement)
+        m_statements.keep(sql, statement);
     return statement;
 }
 
-void SqliteEngine::forgetLifted()
+qint64 SqliteEngine::pragmaNumber(const QString& pragma)
 {
-    for (sqlite3_stmt* statement : std::as_const(m_lifted))
-        sqlite3_finalize(statement);
-    m_lifted.clear();
+    // Asked before every translation and table description: kept prepared, it costs one step.
+    sqlite3_stmt* statement = kept(pragma);
+    const int rc = sqlite3_step(statement);
+    const qint64 number = rc == SQLITE_ROW ? sqlite3_column_int64(statement, 0) : 0;
+    // The reset keeps the step's error for fail() to read.
+    sqlite3_reset(statement);
+    if (rc != SQLITE_ROW && rc != SQLITE_DONE)
+        fail(pragma);
+    return number;
 }
 
-void SqliteEngine::bind(sqlite3_stmt* statement, const ValueList& parameters, const QString& sql)
+void SqliteEngine::bind(sqlite3_stmt* statement, const ValueList& parameters, const QString& sql,
+                        BoundTexts& texts)
 {
     if (sqlite3_bind_parameter_count(statement) != parameters.size())
         throw EngineError({SQLITE_RANGE,
@@ -160,6 +178,17 @@ void SqliteEngine::bind(sqlite3_stmt* statement, const ValueList& parameters, co
                                .arg(sqlite3_bind_parameter_count(statement)),
                            {},
                            QStringLiteral("SQLite")});
+    // The texts first, so that the buffer holding their UTF-8 is sized once and does not move
+    // under the texts bound before.
+    QVarLengthArray<QString, 8> strings(parameters.size());
+    QStringEncoder utf8(QStringEncoder::Utf8, QStringConverter::Flag::Stateless);
+    qsizetype space = 0;
+    for (int i = 0; i < parameters.size(); ++i) {
+        strings[i] = boundText(parameters[i]);
+        space += utf8.requiredSpace(strings[i].size());
+    }
+    texts.resize(space);
+    char* end = texts.data();
     for (int i = 0; i < parameters.size(); ++i) {
         const Value& v = parameters[i];
         int rc = SQLITE_OK;
@@ -177,17 +206,10 @@ void SqliteEngine::bind(sqlite3_stmt* statement, const ValueList& parameters, co
         case Value::Kind::Double:
             rc = sqlite3_bind_double(statement, i + 1, v.toDouble());
             break;
-        case Value::Kind::Date: {
-            const QByteArray text =
-                v.toDateTime().toString(QString::fromLatin1(isoFormat)).toUtf8();
-            rc = sqlite3_bind_text(statement, i + 1, text.constData(), int(text.size()),
-                                   SQLITE_TRANSIENT);
-            break;
-        }
         default: {
-            const QByteArray text = v.toString().toUtf8();
-            rc = sqlite3_bind_text(statement, i + 1, text.constData(), int(text.size()),
-                                   SQLITE_TRANSIENT);
+            char* const text = end;
+            end = utf8.appendToBuffer(end, strings[i]);
+            rc = sqlite3_bind_text(statement, i + 1, text, int(end - text), SQLITE_STATIC);
             break;
         }
         }
@@ -211,12 +233,12 @@ void SqliteEngine::runDirect(const QString& sql, RowSink& rows)
 
 qint64 SqliteEngine::execute(const QString& sql, const ValueList& parameters, RowSink& rows)
 {
-    if (!parameters.isEmpty())
-        return execute(prepare(sql), sql, parameters, rows, true);
-    if (const std::optional<LiftedStatement> lifted = liftComparedConstants(sql))
-        return execute(prepareLifted(lifted->sql), lifted->sql, lifted->parameters, rows, true);
     if (mayChangeSchema(sql))
-        forgetLifted();
+        m_statements.clear();
+    if (!parameters.isEmpty())
+        return execute(kept(sql), sql, parameters, rows, true);
+    if (const std::optional<LiftedStatement> lifted = liftComparedConstants(sql))
+        return execute(kept(lifted->sql), lifted->sql, lifted->parameters, rows, true);
     // Statements built with their values in the text are seldom sent twice: only the
     // parameterised ones stay prepared.
     return execute(prepare(sql), sql, {}, rows, false);
@@ -229,25 +251,30 @@ qint64 SqliteEngine::execute(sqlite3_stmt* statement, const QString& sql,
         rows.columns({});
         return -1;
     }
+    // Outlives the bindings, which read their texts in place.
+    BoundTexts texts;
     struct Finish {
-        SqliteEngine* engine;
         sqlite3_stmt* statement;
-        const QString& sql;
         bool keep;
         ~Finish()
         {
+            if (!keep) {
+                sqlite3_finalize(statement);
+                return;
+            }
             sqlite3_reset(statement);
             sqlite3_clear_bindings(statement);
-            if (!keep) {
-                engine->m_statements.remove(sql);
-                sqlite3_finalize(statement);
-            }
         }
-    } finish{this, statement, sql, keep};
+    } finish{statement, keep};
 
     if (!sqlite3_stmt_readonly(statement) && !transactionOpen())
         refuseWritesIfMoved();
-    bind(statement, parameters, sql);
+    bind(statement, parameters, sql, texts);
+    int rc = sqlite3_step(statement);
+    if (rc != SQLITE_ROW && rc != SQLITE_DONE)
+        fail(sql);
+    // Described after the first step: a kept statement that SQLite prepared again for a
+    // changed schema gives its new columns only from then on.
     const int columnCount = sqlite3_column_count(statement);
     QList<ColumnKind> kinds;
     QList<Column> columns;
@@ -262,18 +289,15 @@ qint64 SqliteEngine::execute(sqlite3_stmt* statement, const QString& sql,
         columns << column;
     }
     rows.columns(std::move(columns));
-    for (;;) {
-        const int rc = sqlite3_step(statement);
-        if (rc == SQLITE_DONE)
-            break;
-        if (rc != SQLITE_ROW)
-            fail(sql);
+    for (; rc == SQLITE_ROW; rc = sqlite3_step(statement)) {
         ValueList row;
         row.reserve(columnCount);
         for (int c = 0; c < columnCount; ++c)
             row << readValue(statement, c, kinds[c]);
         rows.row(std::move(row));
     }
+    if (rc != SQLITE_DONE)
+        fail(sql);
     return columnCount == 0 ? sqlite3_changes64(m_db) : -1;
 }
 
@@ -304,7 +328,8 @@ void SqliteEngine::refuseWritesIfMoved() const
 
 void SqliteEngine::rollback()
 {
-    forgetLifted();
+    // What is rolled back may have made or changed a table a kept statement reads.
+    m_statements.clear();
     if (transactionOpen())
         exec("ROLLBACK");
 }

@@ -1,18 +1,20 @@
 #pragma once
 
 #include "platform/db/engine.h"
+#include "platform/db/sqlitestatements.h"
 
-#include <QHash>
+#include <QVarLengthArray>
 
 struct sqlite3;
 struct sqlite3_stmt;
 
 namespace tarvello::db {
 
-// SQLite through its C API: prepared statements are kept per text, so a recordset writing
-// thousands of rows with the same statement prepares it once. Files are opened with
-// write-ahead journaling (unless they can only be read), foreign-key checks and a busy
-// timeout for a second user. Texts compare and convert case as on SQL Server (tsqlfunctions.h).
+// SQLite through its C API: parameterised statements (and queries whose compared constants it
+// lifts into parameters) stay prepared, so a recordset writing thousands of rows with the same
+// statement prepares it once. Files are opened with write-ahead journaling (unless they can
+// only be read), foreign-key checks and a busy timeout for a second user. Texts compare and
+// convert case as on SQL Server (tsqlfunctions.h).
 class SqliteEngine final : public Engine {
 public:
     static constexpr int defaultBusyTimeout = 5000; // milliseconds
@@ -34,27 +36,32 @@ public:
     TableInfo tableInfo(const QString& table) override;
     bool hasTsqlFunctions() const override { return true; }
 
+protected:
+    qint64 pragmaNumber(const QString& pragma) override;
+
 private:
     // Runs one statement, its rows to `rows`; the rows it changed.
     qint64 execute(const QString& sql, const ValueList& parameters, RowSink& rows);
     // The same with the statement prepared; one not kept is finalized once run.
     qint64 execute(sqlite3_stmt* statement, const QString& sql, const ValueList& parameters,
                    RowSink& rows, bool keep);
+    // A statement of its own for the text, finalized by the caller; null for only blanks or
+    // comments.
     sqlite3_stmt* prepare(const QString& sql);
-    // The statement for a lifted query, kept while few enough: a walk of thousands of
-    // lookups prepares each question once, and texts whose other parts vary do not pile up.
-    sqlite3_stmt* prepareLifted(const QString& sql);
-    // After a change of the schema (or its undoing) a kept statement may describe columns
-    // that are no longer there until it runs again.
-    void forgetLifted();
+    // The statement kept for the text, prepared on first use.
+    sqlite3_stmt* kept(const QString& sql);
     [[noreturn]] void fail(const QString& sql) const;
-    void bind(sqlite3_stmt* statement, const ValueList& parameters, const QString& sql);
+    // The UTF-8 of the texts bound, kept until the bindings are cleared: SQLite reads them in
+    // place instead of copying each.
+    using BoundTexts = QVarLengthArray<char, 512>;
+    void bind(sqlite3_stmt* statement, const ValueList& parameters, const QString& sql,
+              BoundTexts& texts);
     void exec(const char* sql);
     void refuseWritesIfMoved() const;
 
-    sqlite3* m_db = nullptr;                    // Owned.
-    QHash<QString, sqlite3_stmt*> m_statements; // Owned: finalized on destruction.
-    QHash<QString, sqlite3_stmt*> m_lifted;     // Owned: finalized on destruction.
+    sqlite3* m_db = nullptr; // Owned.
+    // Declared after m_db, so destroyed (its statements finalized) before it is closed.
+    SqliteStatementCache m_statements;
 };
 
 // The table description SQLite gives, through any engine speaking to a SQLite database.

@@ -113,6 +113,9 @@ QStringList TsqlRewriter::rewrite(const QString& tsql) const
 bool mayChangeSchema(QStringView statement)
 {
     const QStringView text = statement.trimmed();
+    // Asked of every statement sent: most are told by their first letter.
+    if (text.isEmpty() || !QStringView(u"CDARcdar").contains(text.front()))
+        return false;
     for (QStringView word : {u"CREATE", u"DROP", u"ALTER", u"ROLLBACK"}) {
         if (text.startsWith(word, Qt::CaseInsensitive))
             return true;

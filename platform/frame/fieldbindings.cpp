@@ -129,8 +129,9 @@ void FieldBindings::decode(const std::function<void(const db::RuntimeError&)>& o
 {
     // The descriptions a decoding fills in are part of showing the row, not edits.
     const QScopedValueRollback showing(m_showing, true);
-    for (DataControl* control : controls()) {
-        auto* field = qobject_cast<controls::Field*>(control);
+    // By place: a decoding's handler may bind another control meanwhile.
+    for (qsizetype i = 0; i < m_bindings.size(); ++i) {
+        auto* field = qobject_cast<controls::Field*>(m_bindings.at(i).control);
         if (!field)
             continue;
         // An empty code has nothing to decode; what described the code shown before goes.

@@ -399,22 +399,33 @@ bool GestAnagrafica::entering() const
     return m_status == FrameStatus::New && m_shown.has_value();
 }
 
-std::optional<db::TableInfo::ColumnInfo> GestAnagrafica::describe(const QString& column) const
+std::optional<db::TableInfo> GestAnagrafica::baseTableInfo() const
 {
-    const int index = isOpen() ? m_recordset->fieldIndex(column) : -1;
     db::Connection* connection = m_recordset ? m_recordset->activeConnection() : nullptr;
-    if (index < 0 || !connection || m_recordset->baseTable().isEmpty())
-        return std::nullopt;
-    const QString base = m_recordset->field(index).baseColumn;
-    if (base.isEmpty())
+    if (!isOpen() || !connection || m_recordset->baseTable().isEmpty())
         return std::nullopt;
     try {
-        const auto* info = connection->tableInfo(m_recordset->baseTable()).column(base);
-        return info ? std::optional(*info) : std::nullopt;
+        return connection->tableInfo(m_recordset->baseTable());
     } catch (const db::RuntimeError&) {
         // A table the database does not describe binds by the column's kind alone.
         return std::nullopt;
     }
+}
+
+std::optional<db::TableInfo::ColumnInfo> GestAnagrafica::describe(const QString& column) const
+{
+    return describe(column, baseTableInfo());
+}
+
+std::optional<db::TableInfo::ColumnInfo>
+GestAnagrafica::describe(const QString& column, const std::optional<db::TableInfo>& table) const
+{
+    const int index = table && isOpen() ? m_recordset->fieldIndex(column) : -1;
+    if (index < 0)
+        return std::nullopt;
+    const QString base = m_recordset->field(index).baseColumn;
+    const auto* info = base.isEmpty() ? nullptr : table->column(base);
+    return info ? std::optional(*info) : std::nullopt;
 }
 
 ColumnFormat GestAnagrafica::formatOf(const QString& column) const
@@ -424,12 +435,6 @@ ColumnFormat GestAnagrafica::formatOf(const QString& column) const
         return {};
     const std::optional<db::TableInfo::ColumnInfo> info = describe(column);
     return {m_recordset->field(index).kind, info ? info->size : db::ColumnSize()};
-}
-
-Value GestAnagrafica::defaultOf(const QString& column) const
-{
-    const std::optional<db::TableInfo::ColumnInfo> info = describe(column);
-    return info ? info->defaultValue : Value::null();
 }
 
 std::optional<GestAnagrafica::Bookmark> GestAnagrafica::cursorBookmark() const
@@ -541,17 +546,15 @@ void GestAnagrafica::goToRow(std::optional<Bookmark> row, int reason, bool raise
 
 void GestAnagrafica::clearMarks()
 {
-    QList<DataControl*> marked = m_fields.controls();
+    // The frame's own fields lose theirs as they are shown.
     const controls::Form* form = m_keyField ? m_keyField->form() : nullptr;
-    if (writesAtOnce() && form) {
-        for (controls::Control* control : form->controls()) {
-            auto* data = qobject_cast<DataControl*>(control);
-            if (data && data->dataField().isEmpty())
-                marked << data;
-        }
+    if (!writesAtOnce() || !form)
+        return;
+    for (controls::Control* control : form->controls()) {
+        auto* data = qobject_cast<DataControl*>(control);
+        if (data && data->dataField().isEmpty())
+            data->setValid(true);
     }
-    for (DataControl* control : std::as_const(marked))
-        control->setValid(true);
 }
 
 QString GestAnagrafica::recordDescription() const
@@ -594,14 +597,22 @@ void GestAnagrafica::showRow(int reason, bool raiseEvent)
 
 FieldBindings::ColumnReader GestAnagrafica::rowReader() const
 {
-    return [this](const QString& column) -> std::optional<Value> {
+    // A new row's defaults come from one description of the table for all its fields: each
+    // description asks the database whether its schema changed.
+    return [this, described = false, table = std::optional<db::TableInfo>()](
+               const QString& column) mutable -> std::optional<Value> {
         if (!isOpen() || !m_recordset->hasField(column))
             return std::nullopt;
         if (m_shown)
             return shownValue(column);
         if (m_status == FrameStatus::Search)
             return searchEntryValue(column);
-        return m_status == FrameStatus::New ? defaultOf(column) : Value::null();
+        if (m_status != FrameStatus::New)
+            return Value::null();
+        if (!std::exchange(described, true))
+            table = baseTableInfo();
+        const std::optional<db::TableInfo::ColumnInfo> info = describe(column, table);
+        return info ? info->defaultValue : Value::null();
     };
 }
 
@@ -623,10 +634,7 @@ void GestAnagrafica::takeSnapshot()
         return;
     // A master's undo goes back to the database's values, a detail's to its last confirmed ones.
     const bool fromDatabase = writesAtOnce() && !entering();
-    for (int i = 0; i < m_recordset->fieldCount(); ++i) {
-        m_snapshot << (fromDatabase ? m_recordset->originalValue(m_recordset->field(i).name)
-                                    : m_recordset->value(i));
-    }
+    m_snapshot = fromDatabase ? m_recordset->originalValues() : m_recordset->values();
 }
 
 void GestAnagrafica::restoreSnapshot()

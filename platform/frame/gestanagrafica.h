@@ -303,10 +303,13 @@ private:
     bool writesAtOnce() const { return m_writeMode == WriteMode::AtOnce; }
     // A new row has been added and is being entered.
     bool entering() const;
+    // What the database says of the base table; nothing when it does not describe it.
+    std::optional<db::TableInfo> baseTableInfo() const;
     // What the database says of the base column behind a column of the recordset.
     std::optional<db::TableInfo::ColumnInfo> describe(const QString& column) const;
+    std::optional<db::TableInfo::ColumnInfo>
+    describe(const QString& column, const std::optional<db::TableInfo>& table) const;
     ColumnFormat formatOf(const QString& column) const;
-    db::Value defaultOf(const QString& column) const;
     std::optional<Bookmark> cursorBookmark() const;
     std::optional<Bookmark> visible(std::optional<Bookmark> row) const;
     // Makes the row shown the recordset's current row; false when there is none.

@@ -30,21 +30,23 @@ QString bindNamedParameters(const QString& sql,
 {
     QString result;
     result.reserve(sql.size());
+    qsizetype copied = 0; // what comes before it is in the result already
     bool inText = false;
     for (qsizetype i = 0; i < sql.size(); ++i) {
         const QChar c = sql.at(i);
         if (c == u'\'')
             inText = !inText;
-        if (inText || c != u'@' || i + 1 >= sql.size() || !isNameCharacter(sql.at(i + 1))) {
-            result += c;
+        if (inText || c != u'@' || i + 1 >= sql.size() || !isNameCharacter(sql.at(i + 1)))
             continue;
-        }
         qsizetype end = i + 1;
         while (end < sql.size() && isNameCharacter(sql.at(end)))
             ++end;
+        result += QStringView(sql).sliced(copied, i - copied);
         result += literalOf(sql.mid(i + 1, end - i - 1));
+        copied = end;
         i = end - 1;
     }
+    result += QStringView(sql).sliced(copied);
     return result;
 }
 

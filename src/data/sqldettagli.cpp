@@ -15,10 +15,8 @@ QString numero(qint64 value)
 QString righeAgente(const QString& elenco, const QString& tabella, const QString& prefisso,
                     qint32 ditta, qint64 agente)
 {
-    return elenco + QStringLiteral(" FROM") + QStringLiteral(" ") + tabella +
-           QStringLiteral(" WHERE") + QStringLiteral(" ") + prefisso +
-           QStringLiteral("_DITTA_CG18 = ") + numero(ditta) + QStringLiteral(" AND ") + prefisso +
-           QStringLiteral("_IDAGENTE_MG17 = ") + numero(agente);
+    return QStringLiteral("%1 FROM %2 WHERE %3_DITTA_CG18 = %4 AND %3_IDAGENTE_MG17 = %5")
+        .arg(elenco, tabella, prefisso, numero(ditta), numero(agente));
 }
 
 } // namespace

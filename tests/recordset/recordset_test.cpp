@@ -127,19 +127,30 @@ TEST_P(RecordsetTest, TheIdentityIsReadBackAfterAnInsert)
 
 TEST_P(RecordsetTest, AConflictLeavesTheRowPendingWithItsValuesAndSavesTheOthers)
 {
+    // E's date is stored in another spelling than the one written; F's share is empty.
+    db().executeNonQuery(
+        QStringLiteral("INSERT INTO D (D_OWNER, D_CODE, D_FROM) VALUES (3, 'E', '2024-02-01')"));
+    db().executeNonQuery(QStringLiteral("INSERT INTO D (D_OWNER, D_CODE) VALUES (3, 'F')"));
     const RecordsetPtr rs = openAll();
     rs->find(QStringLiteral("D_CODE = 'A'"));
     rs->setValue(u"D_SHARE", 1);
     rs->find(QStringLiteral("D_CODE = 'B'"));
     rs->setValue(u"D_SHARE", 2);
+    rs->setValue(u"D_FROM", QDateTime(QDate(2024, 5, 1), QTime(0, 0)));
     rs->find(QStringLiteral("D_CODE = 'C'"));
     rs->deleteRow();
     rs->find(QStringLiteral("D_CODE = 'D'"));
     rs->deleteRow();
-    // Someone else changes A's share, removes C and changes D after we read them.
+    rs->find(QStringLiteral("D_CODE = 'E'"));
+    rs->setValue(u"D_FROM", QDateTime(QDate(2024, 3, 1), QTime(0, 0)));
+    rs->find(QStringLiteral("D_CODE = 'F'"));
+    rs->setValue(u"D_SHARE", 5);
+    // Someone else changes A's share, removes C, changes D and fills F's share after we read
+    // them.
     db().executeNonQuery(QStringLiteral("UPDATE D SET D_SHARE = 99 WHERE D_CODE = 'A'"));
     db().executeNonQuery(QStringLiteral("DELETE FROM D WHERE D_CODE = 'C'"));
     db().executeNonQuery(QStringLiteral("UPDATE D SET D_FLAG = 1 WHERE D_CODE = 'D'"));
+    db().executeNonQuery(QStringLiteral("UPDATE D SET D_SHARE = 7 WHERE D_CODE = 'F'"));
 
     try {
         rs->updateBatch();
@@ -153,10 +164,16 @@ TEST_P(RecordsetTest, AConflictLeavesTheRowPendingWithItsValuesAndSavesTheOthers
               QStringLiteral("99"));
     EXPECT_EQ(cell(QStringLiteral("SELECT COUNT(*) FROM D WHERE D_CODE = 'D'")),
               QStringLiteral("1"));
-    EXPECT_EQ(rs->pendingCount(), 3);
+    // B's empty date and E's date in another spelling still held what was read.
+    EXPECT_EQ(cell(QStringLiteral("SELECT COUNT(*) FROM D WHERE D_CODE IN ('B', 'E') AND "
+                                  "D_FROM > '2024-02-02'")),
+              QStringLiteral("2"));
+    EXPECT_EQ(cell(QStringLiteral("SELECT D_SHARE FROM D WHERE D_CODE = 'F'")),
+              QStringLiteral("7"));
+    EXPECT_EQ(rs->pendingCount(), 4);
     rs->setFilter(Recordset::FilterGroup::ConflictingRecords);
-    // A, the deletion of C that found nothing to delete, and that of D, changed since read.
-    ASSERT_EQ(rs->recordCount(), 3);
+    // A, the deletion of C that found nothing to delete, that of D, changed since read, and F.
+    ASSERT_EQ(rs->recordCount(), 4);
     ASSERT_TRUE(rs->find(QStringLiteral("D_CODE = 'A'")));
     EXPECT_EQ(rs->value(u"D_SHARE"), Value(1));
     EXPECT_EQ(rs->originalValue(u"D_SHARE").toString(), QStringLiteral("10.5"));

@@ -73,17 +73,47 @@ TEST(PackedRow, KeepsEveryValueWithItsKindThroughChangesOfSize)
     EXPECT_THROW(row.set(1, Value(ValueList{qint64(1)})), RuntimeError);
 }
 
+namespace {
+
+QList<int> changedColumns(const PackedRow& before, const PackedRow& after)
+{
+    QList<int> columns;
+    for (const PackedRow::Change& change : PackedRow::changes(before, after)) {
+        EXPECT_EQ(change.before, before.at(change.column));
+        EXPECT_EQ(change.after, after.at(change.column));
+        columns << change.column;
+    }
+    return columns;
+}
+
+} // namespace
+
 TEST(PackedRow, ChangedColumnsCompareAsValuesNotBytes)
 {
     const PackedRow read(ValueList{qint64(5), QStringLiteral("rossi"), Value::null()});
     PackedRow edited = read;
-    EXPECT_TRUE(PackedRow::changedColumns(read, edited).isEmpty());
+    EXPECT_TRUE(changedColumns(read, edited).isEmpty());
 
     // 5.0 is a different kind but the same value: no column to write.
     edited.set(0, Decimal::fromParts(50, 1));
     edited.set(1, QStringLiteral("bianchi"));
     edited.set(2, QStringLiteral(""));
-    EXPECT_EQ(PackedRow::changedColumns(read, edited), (QList<int>{1, 2}));
+    EXPECT_EQ(changedColumns(read, edited), (QList<int>{1, 2}));
     // The copy taken before the edits is untouched by them.
     EXPECT_EQ(read.at(1).toString(), QStringLiteral("rossi"));
+
+    // In a long row the first change makes its column longer, so the columns after it lie at
+    // other places in the two rows; an equal value in other bytes is still not a change.
+    ValueList values;
+    for (int i = 0; i < 40; ++i)
+        values << (i % 3 == 0 ? Value(qint64(i)) : Value(QStringLiteral("testo %1").arg(i)));
+    const PackedRow wide(values);
+    PackedRow widened = wide;
+    widened.set(3, QStringLiteral("un testo più lungo"));
+    widened.set(30, qint64(31));
+    widened.set(33, Decimal::fromParts(330, 1));
+    widened.set(39, Value::null());
+    EXPECT_EQ(changedColumns(wide, widened), (QList<int>{3, 30, 39}));
+    EXPECT_EQ(widened.at({39, 3, 4}),
+              (ValueList{Value::null(), QStringLiteral("un testo più lungo"), values[4]}));
 }
