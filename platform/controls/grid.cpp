@@ -259,6 +259,7 @@ void Grid::refresh()
 
 void Grid::reload()
 {
+    m_reloadHeld = false;
     m_reader.reset();
     m_recordOrder.clear();
     if (m_source && m_source->isOpen()) {
@@ -295,7 +296,10 @@ void Grid::rearrange()
 void Grid::onRowAppended(db::Recordset::Bookmark bookmark)
 {
     if (!m_reader || !appendsInPlace()) {
-        reload();
+        if (m_holdDepth > 0)
+            m_reloadHeld = true;
+        else
+            reload();
         return;
     }
     m_recordOrder.append(bookmark);
@@ -314,6 +318,10 @@ void Grid::releaseChanges()
 {
     if (m_holdDepth == 0 || --m_holdDepth > 0)
         return;
+    if (std::exchange(m_reloadHeld, false)) {
+        reload();
+        return;
+    }
     showHeldChanges();
     updateSelection();
 }

@@ -137,6 +137,8 @@ private:
     QList<db::Recordset::Bookmark> m_heldRows;
     // The rows shown whose values changed while held, first and last.
     std::optional<std::pair<int, int>> m_heldChanges;
+    // A row was appended while held that only reading every row again can place.
+    bool m_reloadHeld = false;
     QList<QMetaObject::Connection> m_sourceConnections;
 };
 

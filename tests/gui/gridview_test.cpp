@@ -192,5 +192,25 @@ TEST_F(TreeGridViewTest, ExpandingAndCollapsingGoThroughTheGrid)
     EXPECT_TRUE(view->isExpanded(shown.index(0, 0)));
 }
 
+// A tree places an added row by reading every row again: held, it does so once at the release.
+TEST_F(TreeGridViewTest, RowsAddedWhileHeldAreReadOnceAtTheRelease)
+{
+    int resets = 0;
+    QObject::connect(model, &QAbstractItemModel::modelReset, model, [&] { ++resets; });
+    tree->holdChanges();
+    for (int id : {6, 7, 8}) {
+        agents->addNew();
+        agents->setValue(u"MG17_AGENTE", QStringLiteral("A00%1").arg(id));
+        agents->setValue(u"MG17_IDAGENTE", id);
+        agents->setValue(u"MG17_IDAGERIF_MG17", 5);
+        agents->update();
+    }
+    EXPECT_EQ(resets, 0);
+    tree->releaseChanges();
+    EXPECT_EQ(resets, 1);
+    ASSERT_EQ(model->rowCount(model->index(1, 0)), 3) << "A005 holds the three";
+    EXPECT_EQ(model->index(2, 0, model->index(1, 0)).data().toString(), QStringLiteral("A008"));
+}
+
 } // namespace
 } // namespace tarvello::gui
