@@ -4,6 +4,8 @@
 #include "platform/db/runtimeerror.h"
 
 #include <QScopedValueRollback>
+#include <algorithm>
+#include <utility>
 
 namespace tarvello::controls {
 
@@ -257,6 +259,7 @@ void Grid::refresh()
 
 void Grid::reload()
 {
+    m_reloadHeld = false;
     m_reader.reset();
     m_recordOrder.clear();
     if (m_source && m_source->isOpen()) {
@@ -280,6 +283,8 @@ void Grid::reload()
 void Grid::rearrange()
 {
     const QScopedValueRollback arranging(m_arranging, true);
+    m_heldRows.clear();
+    m_heldChanges.reset();
     m_rows = arrangeRows(m_recordOrder);
     m_rowOf.clear();
     Q_EMIT rowsReset();
@@ -291,15 +296,47 @@ void Grid::rearrange()
 void Grid::onRowAppended(db::Recordset::Bookmark bookmark)
 {
     if (!m_reader || !appendsInPlace()) {
+        if (m_holdDepth > 0)
+            m_reloadHeld = true;
+        else
+            reload();
+        return;
+    }
+    m_recordOrder.append(bookmark);
+    m_heldRows.append(bookmark);
+    if (m_holdDepth == 0)
+        showHeldChanges();
+    updateSelection();
+}
+
+void Grid::holdChanges()
+{
+    ++m_holdDepth;
+}
+
+void Grid::releaseChanges()
+{
+    if (m_holdDepth == 0 || --m_holdDepth > 0)
+        return;
+    if (std::exchange(m_reloadHeld, false)) {
         reload();
         return;
     }
-    const int row = int(m_rows.size());
-    Q_EMIT rowAboutToBeAppended(row);
-    m_rows.append(bookmark);
-    m_recordOrder.append(bookmark);
-    Q_EMIT rowAppended(row);
+    showHeldChanges();
     updateSelection();
+}
+
+void Grid::showHeldChanges()
+{
+    if (!m_heldRows.isEmpty()) {
+        const int first = int(m_rows.size());
+        Q_EMIT rowsAboutToBeAppended(first, first + int(m_heldRows.size()) - 1);
+        m_rows.append(m_heldRows);
+        m_heldRows.clear();
+        Q_EMIT rowsAppended();
+    }
+    if (const auto changed = std::exchange(m_heldChanges, std::nullopt))
+        Q_EMIT rowsChanged(changed->first, changed->second);
 }
 
 QList<db::Recordset::Bookmark> Grid::arrangeRows(const QList<db::Recordset::Bookmark>& rows)
@@ -309,6 +346,8 @@ QList<db::Recordset::Bookmark> Grid::arrangeRows(const QList<db::Recordset::Book
 
 void Grid::updateSelection()
 {
+    if (m_holdDepth > 0)
+        return;
     const std::optional<db::Recordset::Bookmark> current = sourceBookmark();
     int row = -1;
     if (current) {
@@ -332,8 +371,13 @@ void Grid::updateSelection()
 void Grid::onRowChanged(db::Recordset::Bookmark bookmark)
 {
     const int row = rowOf(bookmark);
-    if (row >= 0)
-        Q_EMIT rowChanged(row);
+    if (row < 0)
+        return;
+    m_heldChanges = m_heldChanges ? std::pair(std::min(m_heldChanges->first, row),
+                                              std::max(m_heldChanges->second, row))
+                                  : std::pair(row, row);
+    if (m_holdDepth == 0)
+        showHeldChanges();
 }
 
 } // namespace tarvello::controls

@@ -75,17 +75,22 @@ public:
     void refresh();
     // The host asks whoever fills the grid for its rows again (refreshRequested).
     void requestRefresh() { Q_EMIT refreshRequested(); }
+    // While code rewrites the rows in bulk, the rows it appends, the values it changes and the
+    // moves of the current row are held, and shown at the outermost release as one insertion,
+    // one change and one selection; until then the grid shows the rows as they were.
+    void holdChanges();
+    void releaseChanges();
 
 Q_SIGNALS:
     void dataSourceChanged();
     void keyColumnChanged(const QString& field);
     void columnsChanged();
     void rowsReset();
-    // A row is added after the others, in place: the views insert it rather than read every
+    // Rows are added after the others, in place: the views insert them rather than read every
     // row again.
-    void rowAboutToBeAppended(int row);
-    void rowAppended(int row);
-    void rowChanged(int row);
+    void rowsAboutToBeAppended(int first, int last);
+    void rowsAppended();
+    void rowsChanged(int first, int last);
     void selectedRowChanged(int row);
     void clicked();
     void refreshRequested();
@@ -112,6 +117,7 @@ private:
     void onRowAppended(db::Recordset::Bookmark bookmark);
     void updateSelection();
     void onRowChanged(db::Recordset::Bookmark bookmark);
+    void showHeldChanges();
     std::optional<db::Recordset::Bookmark> bookmarkOfKey(const db::Value& key) const;
     template <class Change>
     void changeColumn(const QString& keyOrField, Change change);
@@ -126,6 +132,13 @@ private:
     db::PositionIndex<db::Recordset::Bookmark> m_rowOf; // in m_rows
     int m_selected = -1;
     bool m_arranging = false;
+    int m_holdDepth = 0;
+    // Appended while held: in the record order already, not yet in the rows shown.
+    QList<db::Recordset::Bookmark> m_heldRows;
+    // The rows shown whose values changed while held, first and last.
+    std::optional<std::pair<int, int>> m_heldChanges;
+    // A row was appended while held that only reading every row again can place.
+    bool m_reloadHeld = false;
     QList<QMetaObject::Connection> m_sourceConnections;
 };
 

@@ -13,6 +13,7 @@
 
 #include <QScopedValueRollback>
 #include <algorithm>
+#include <utility>
 
 namespace tarvello::frame {
 
@@ -365,17 +366,22 @@ void GestAnagrafica::setFollowRowMoves(bool follow)
         resync();
 }
 
+// The grid shows the rows rewritten in one step at the end, as the frame does.
 void GestAnagrafica::beginBulkRewrite()
 {
-    ++m_bulkDepth;
+    if (m_bulkDepth++ == 0 && m_grid) {
+        m_heldGrid = m_grid;
+        m_heldGrid->holdChanges();
+    }
 }
 
 void GestAnagrafica::endBulkRewrite()
 {
-    if (m_bulkDepth == 0)
+    if (m_bulkDepth == 0 || --m_bulkDepth > 0)
         return;
-    if (--m_bulkDepth == 0)
-        resync();
+    if (m_heldGrid)
+        std::exchange(m_heldGrid, nullptr)->releaseChanges();
+    resync();
 }
 
 bool GestAnagrafica::isOpen() const

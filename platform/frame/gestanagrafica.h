@@ -387,6 +387,7 @@ private:
     QList<QMetaObject::Connection> m_recordsetConnections;
     QPointer<controls::Navigator> m_navigator; // Not owned.
     QPointer<controls::Grid> m_grid;           // Not owned.
+    QPointer<controls::Grid> m_heldGrid;       // Not owned; the grid held by a bulk rewrite.
     FieldBindings m_fields;
     QPointer<controls::DataControl> m_keyField; // Not owned.
     QList<QPointer<GestAnagrafica>> m_details;  // Not owned.

@@ -11,13 +11,14 @@ GridTableModel::GridTableModel(controls::Grid& grid, QObject* parent)
 {
     using controls::Grid;
     connect(&grid, &Grid::rowsReset, this, &GridTableModel::reset);
-    connect(&grid, &Grid::rowAboutToBeAppended, this,
-            [this](int row) { beginInsertRows(QModelIndex(), row, row); });
-    connect(&grid, &Grid::rowAppended, this, [this] { endInsertRows(); });
+    connect(&grid, &Grid::rowsAboutToBeAppended, this,
+            [this](int first, int last) { beginInsertRows(QModelIndex(), first, last); });
+    connect(&grid, &Grid::rowsAppended, this, [this] { endInsertRows(); });
     connect(&grid, &Grid::columnsChanged, this, &GridTableModel::reset);
     connect(&grid, &Grid::dataSourceChanged, this, &GridTableModel::reset);
-    connect(&grid, &Grid::rowChanged, this,
-            [this](int row) { Q_EMIT dataChanged(index(row, 0), index(row, columnCount() - 1)); });
+    connect(&grid, &Grid::rowsChanged, this, [this](int first, int last) {
+        Q_EMIT dataChanged(index(first, 0), index(last, columnCount() - 1));
+    });
     connect(&grid, &QObject::destroyed, this, &GridTableModel::reset);
 }
 

@@ -18,8 +18,9 @@ TreeGridModel::TreeGridModel(controls::TreeGrid& tree, QObject* parent)
     connect(&tree, &TreeGrid::columnsChanged, this, &TreeGridModel::reset);
     connect(&tree, &TreeGrid::dataSourceChanged, this, &TreeGridModel::reset);
     connect(&tree, &TreeGrid::treeColumnsChanged, this, &TreeGridModel::reset);
-    connect(&tree, &TreeGrid::rowChanged, this, [this](int row) {
-        Q_EMIT dataChanged(indexOfRow(row, 0), indexOfRow(row, columnCount() - 1));
+    connect(&tree, &TreeGrid::rowsChanged, this, [this](int first, int last) {
+        for (int row = first; row <= last; ++row)
+            Q_EMIT dataChanged(indexOfRow(row, 0), indexOfRow(row, columnCount() - 1));
     });
     connect(&tree, &QObject::destroyed, this, &TreeGridModel::reset);
 }

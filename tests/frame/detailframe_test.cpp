@@ -155,6 +155,17 @@ TEST_P(DetailFrameTest, CodeWalkingTheRowsIsFollowedOnlyWhenTheFrameIsListening)
     EXPECT_EQ(codSocio->text(), QStringLiteral("2"));
     partners.refresh();
     EXPECT_EQ(codSocio->text(), QStringLiteral("1"));
+
+    {
+        const frame::GestAnagrafica::BulkRewrite bracket(partners);
+        rows.addNew();
+        rows.setValue(u"MG18_CODSOCIO", 4);
+        rows.update();
+        EXPECT_EQ(gridSoci->rowCount(), 3) << "the grid takes the rows added at the end";
+    }
+    EXPECT_EQ(gridSoci->rowCount(), 4);
+    EXPECT_EQ(gridSoci->selectedRow(), 3);
+    EXPECT_EQ(codSocio->text(), QStringLiteral("4"));
 }
 
 TEST_P(DetailFrameTest, ARefreshWithANewTextReopensItsRecordsetInPlaceAndAnEmptyOneWaitsForANewRow)

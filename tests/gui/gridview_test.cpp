@@ -100,6 +100,30 @@ TEST_F(GridViewTest, SelectionFollowsTheCurrentRowBothWays)
     EXPECT_EQ(table->model()->rowCount(), 4);
     EXPECT_EQ(shown(3, 1), QStringLiteral("Neri Ugo"));
     EXPECT_EQ(table->currentIndex().row(), 3);
+
+    // Rows rewritten in bulk reach the view at the release, as one insertion.
+    QList<std::pair<int, int>> insertions;
+    QObject::connect(table->model(), &QAbstractItemModel::rowsInserted, &watching,
+                     [&](const QModelIndex&, int first, int last) {
+                         insertions.append({first, last});
+                     });
+    grid->holdChanges();
+    partners->moveFirst();
+    partners->setValue(u"MG18_NOMECOGN", QStringLiteral("Rossi Maria"));
+    for (const char* name : {"Gialli Eva", "Blu Ivo", "Rosa Lia"}) {
+        partners->addNew();
+        partners->setValue(u"MG18_NOMECOGN", QString::fromUtf8(name));
+        partners->update();
+    }
+    EXPECT_EQ(table->model()->rowCount(), 4) << "nothing reaches the view while held";
+    EXPECT_EQ(table->currentIndex().row(), 3);
+    grid->releaseChanges();
+    EXPECT_EQ(resets, 0);
+    EXPECT_EQ(insertions, (QList<std::pair<int, int>>{{4, 6}}));
+    EXPECT_EQ(shown(0, 1), QStringLiteral("Rossi Maria"));
+    EXPECT_EQ(shown(6, 1), QStringLiteral("Rosa Lia"));
+    EXPECT_EQ(table->currentIndex().row(), 6);
+    EXPECT_TRUE(table->selectionModel()->isRowSelected(6, {}));
 }
 
 class TreeGridViewTest : public ::testing::Test {
@@ -166,6 +190,26 @@ TEST_F(TreeGridViewTest, ExpandingAndCollapsingGoThroughTheGrid)
     tree->expandAll();
     EXPECT_EQ(shown.rowCount(shown.index(0, 0)), 2);
     EXPECT_TRUE(view->isExpanded(shown.index(0, 0)));
+}
+
+// A tree places an added row by reading every row again: held, it does so once at the release.
+TEST_F(TreeGridViewTest, RowsAddedWhileHeldAreReadOnceAtTheRelease)
+{
+    int resets = 0;
+    QObject::connect(model, &QAbstractItemModel::modelReset, model, [&] { ++resets; });
+    tree->holdChanges();
+    for (int id : {6, 7, 8}) {
+        agents->addNew();
+        agents->setValue(u"MG17_AGENTE", QStringLiteral("A00%1").arg(id));
+        agents->setValue(u"MG17_IDAGENTE", id);
+        agents->setValue(u"MG17_IDAGERIF_MG17", 5);
+        agents->update();
+    }
+    EXPECT_EQ(resets, 0);
+    tree->releaseChanges();
+    EXPECT_EQ(resets, 1);
+    ASSERT_EQ(model->rowCount(model->index(1, 0)), 3) << "A005 holds the three";
+    EXPECT_EQ(model->index(2, 0, model->index(1, 0)).data().toString(), QStringLiteral("A008"));
 }
 
 } // namespace
