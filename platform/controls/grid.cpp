@@ -282,8 +282,6 @@ void Grid::rearrange()
     const QScopedValueRollback arranging(m_arranging, true);
     m_rows = arrangeRows(m_recordOrder);
     m_rowOf.clear();
-    for (qsizetype i = 0; i < m_rows.size(); ++i)
-        m_rowOf.insert(m_rows.at(i), int(i));
     Q_EMIT rowsReset();
     updateSelection();
 }
@@ -298,7 +296,6 @@ void Grid::onRowAppended(db::Recordset::Bookmark bookmark)
     }
     const int row = int(m_rows.size());
     Q_EMIT rowAboutToBeAppended(row);
-    m_rowOf.insert(bookmark, row);
     m_rows.append(bookmark);
     m_recordOrder.append(bookmark);
     Q_EMIT rowAppended(row);

@@ -2,9 +2,9 @@
 
 #include "platform/controls/control.h"
 #include "platform/controls/gridcolumn.h"
+#include "platform/db/positionindex.h"
 #include "platform/db/recordset.h"
 
-#include <QHash>
 #include <QList>
 #include <optional>
 
@@ -56,7 +56,10 @@ public:
     QString pictureKey(int row, int column) const;
     db::Value rowKey(int row) const;
     // The row showing a bookmark; -1 when none does.
-    int rowOf(db::Recordset::Bookmark bookmark) const { return m_rowOf.value(bookmark, -1); }
+    int rowOf(db::Recordset::Bookmark bookmark) const
+    {
+        return int(m_rowOf.find(m_rows, bookmark));
+    }
 
     // The row of the recordset's current row; -1 when it has none or it is not shown.
     int selectedRow() const { return m_selected; }
@@ -120,7 +123,7 @@ private:
     QList<GridColumn> m_columns;
     QList<db::Recordset::Bookmark> m_recordOrder;
     QList<db::Recordset::Bookmark> m_rows;
-    QHash<db::Recordset::Bookmark, int> m_rowOf;
+    db::PositionIndex<db::Recordset::Bookmark> m_rowOf; // in m_rows
     int m_selected = -1;
     bool m_arranging = false;
     QList<QMetaObject::Connection> m_sourceConnections;

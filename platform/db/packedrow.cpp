@@ -336,10 +336,16 @@ void PackedRow::setAt(qsizetype offset, const Value& value)
         m_bytes = std::move(bytes);
         return;
     }
-    // Encoded after the last value and rotated into place, so that filling a row's columns one
-    // by one allocates no buffer per value.
+    // Encoded after the last value and moved into place, so that filling a row's columns one
+    // by one allocates no buffer per value. A value as long as the one it replaces (a number
+    // for a number) is copied over it.
     encode(m_bytes, value);
     char* bytes = m_bytes.data();
+    if (m_bytes.size() - end == replaced) {
+        std::memcpy(bytes + offset, bytes + end, size_t(replaced));
+        m_bytes.truncate(end);
+        return;
+    }
     std::rotate(bytes + offset, bytes + end, bytes + m_bytes.size());
     m_bytes.remove(offset + (m_bytes.size() - end), replaced);
 }

@@ -90,16 +90,12 @@ private:
 Recordset::Recordset(std::shared_ptr<RowStore> store)
     : m_store(std::move(store))
 {
-    connectStore();
+    m_store->addHandle(this);
 }
 
-Recordset::~Recordset() = default;
-
-void Recordset::connectStore()
+Recordset::~Recordset()
 {
-    connect(m_store.get(), &RowStore::rowsChanged, this, &Recordset::rebuildViewKeepingCurrent);
-    connect(m_store.get(), &RowStore::rowAdded, this, &Recordset::showAddedRow);
-    connect(m_store.get(), &RowStore::valueChanged, this, &Recordset::rowChanged);
+    m_store->removeHandle(this);
 }
 
 RecordsetPtr Recordset::open(Connection& connection, const QString& tsql, LockType lock)
@@ -377,23 +373,13 @@ Recordset::Bookmark Recordset::bookmark() const
 
 qsizetype Recordset::viewPosition(Bookmark bookmark) const
 {
-    // A few lookups scan the view; a run of them (every row of a grid) earns an index.
-    constexpr int scansBeforeIndexing = 8;
-    if (m_positions.isEmpty() && ++m_lookupsSinceChange <= scansBeforeIndexing)
-        return m_view.indexOf(bookmark);
-    if (m_positions.isEmpty()) {
-        m_positions.reserve(m_view.size());
-        for (qsizetype i = 0; i < m_view.size(); ++i)
-            m_positions.insert(m_view[i], i);
-    }
-    return m_positions.value(bookmark, -1);
+    return m_positions.find(m_view, bookmark);
 }
 
 void Recordset::setView(QList<Bookmark> view)
 {
     m_view = std::move(view);
     m_positions.clear();
-    m_lookupsSinceChange = 0;
 }
 
 void Recordset::setBookmark(Bookmark bookmark)
@@ -447,6 +433,26 @@ void Recordset::addNew()
     m_store->notifyRowAdded(added);
     m_index = viewPosition(added);
     Q_EMIT currentChanged();
+}
+
+void Recordset::appendRows(const QList<ValueList>& rows)
+{
+    requireWritable();
+    leaveEdit();
+    QList<PackedRow> packed;
+    packed.reserve(rows.size());
+    for (const ValueList& values : rows) {
+        if (values.size() != m_store->columns.size())
+            throw RuntimeError(RuntimeError::InvalidProcedureCall,
+                               QStringLiteral("A row of %1 values for %2 fields")
+                                   .arg(values.size())
+                                   .arg(m_store->columns.size()));
+        packed.append(PackedRow(values));
+    }
+    if (packed.isEmpty())
+        return;
+    m_store->append(std::move(packed), RowStatus::New);
+    m_store->notifyRowsChanged();
 }
 
 PackedRow Recordset::defaultRow() const

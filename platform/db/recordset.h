@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/db/positionindex.h"
 #include "platform/db/resultset.h"
 #include "platform/db/value.h"
 
@@ -116,6 +117,10 @@ public:
 
     // Adds a row holding the base table's column defaults and makes it current.
     void addNew();
+    // Adds rows of values given field by field, as AddNew and Update would one by one, in one
+    // step: the other handles and the views read the rows once. Raises, adding none, when a row
+    // holds more or fewer values than the fields. The cursor stays on its row.
+    void appendRows(const QList<ValueList>& rows);
     // Ends the edit of the current row; the change stays pending until it is written.
     void update();
     // Leaves the pending change of the current row: a new row goes away, an edited row
@@ -163,11 +168,13 @@ Q_SIGNALS:
     void rowChanged(tarvello::db::Recordset::Bookmark bookmark);
 
 private:
+    // The rows tell each handle of their changes.
+    friend class RowStore;
+
     explicit Recordset(std::shared_ptr<RowStore> store);
     // Reads the query's rows into the store, packed as they come; on a failing query the
     // store stays as it was.
     static void load(RowStore& store, Connection& connection, const QString& tsql);
-    void connectStore();
     void rebuildView(Bookmark keep);
     void rebuildViewKeepingCurrent();
     void showAddedRow(Bookmark added);
@@ -198,12 +205,9 @@ private:
     QStringList rowNames(const QList<Bookmark>& bookmarks) const;
 
     std::shared_ptr<RowStore> m_store;
-    QList<Bookmark> m_view; // visible rows in order
-    // Positions in m_view by bookmark, built once lookups by bookmark repeat (a grid reading
-    // every row), dropped when the view changes.
-    mutable QHash<Bookmark, qsizetype> m_positions;
-    mutable int m_lookupsSinceChange = 0;
-    qsizetype m_index = -1; // into m_view; -1 = BOF, m_view.size() = EOF
+    QList<Bookmark> m_view;              // visible rows in order
+    PositionIndex<Bookmark> m_positions; // in m_view
+    qsizetype m_index = -1;              // into m_view; -1 = BOF, m_view.size() = EOF
     QString m_filter;
     FilterGroup m_filterGroup = FilterGroup::None;
     QString m_sort;

@@ -141,8 +141,6 @@ void Recordset::showAddedRow(Bookmark added)
         return;
     }
     m_view.append(added);
-    if (!m_positions.isEmpty())
-        m_positions.insert(added, m_view.size() - 1);
     m_onDeleted = false;
     Q_EMIT rowAppended(added);
 }

@@ -12,6 +12,22 @@ constexpr qsizetype columnsFoundByScan = 16;
 
 } // namespace
 
+void RowStore::addHandle(Recordset* handle)
+{
+    m_handles.append(handle);
+}
+
+void RowStore::removeHandle(Recordset* handle)
+{
+    const qsizetype at = m_handles.indexOf(handle);
+    if (at < 0)
+        return;
+    if (m_telling > 0)
+        m_handles[at] = nullptr;
+    else
+        m_handles.removeAt(at);
+}
+
 void RowStore::reset(QList<PackedRow> rows)
 {
     m_textIndexes.clear();
@@ -39,6 +55,13 @@ Recordset::Bookmark RowStore::append(PackedRow values, Recordset::RowStatus stat
         m_index.insert(row.bookmark, m_rows.size());
     m_rows.append(std::move(row));
     return m_rows.last().bookmark;
+}
+
+void RowStore::append(QList<PackedRow> rows, Recordset::RowStatus status)
+{
+    m_rows.reserve(m_rows.size() + rows.size());
+    for (PackedRow& values : rows)
+        append(std::move(values), status);
 }
 
 void RowStore::remove(Recordset::Bookmark bookmark)

@@ -4,7 +4,8 @@
 #include "platform/db/recordset.h"
 
 #include <QHash>
-#include <QObject>
+#include <QList>
+#include <QScopeGuard>
 #include <optional>
 
 namespace tarvello::db {
@@ -34,11 +35,16 @@ Q_DECLARE_TYPEINFO(tarvello::db::StoredRow, Q_RELOCATABLE_TYPE);
 
 namespace tarvello::db {
 
-// The rows of a recordset and of all its clones, with their pending changes.
-class RowStore : public QObject {
-    Q_OBJECT
+// The rows of a recordset and of all its clones, with their pending changes. Each handle over the
+// rows registers itself and is told of every change by a direct call: a value set on a row
+// reaches the handles without a signal relayed per handle.
+class RowStore {
 public:
     using Row = StoredRow;
+
+    RowStore() = default;
+    RowStore(const RowStore&) = delete;
+    RowStore& operator=(const RowStore&) = delete;
 
     Connection* connection = nullptr; // Not owned.
     QString source;
@@ -50,8 +56,12 @@ public:
     // What an AddNew starts from, once one has asked (reset drops it with the rows).
     std::optional<PackedRow> newRow;
 
+    void addHandle(Recordset* handle);
+    void removeHandle(Recordset* handle);
+
     void reset(QList<PackedRow> rows);
     Recordset::Bookmark append(PackedRow values, Recordset::RowStatus status);
+    void append(QList<PackedRow> rows, Recordset::RowStatus status);
     void remove(Recordset::Bookmark bookmark);
     Row* find(Recordset::Bookmark bookmark);
     const Row* find(Recordset::Bookmark bookmark) const;
@@ -64,18 +74,18 @@ public:
     void notifyRowsChanged()
     {
         m_textIndexes.clear();
-        Q_EMIT rowsChanged();
+        tellHandles([](Recordset& handle) { handle.rebuildViewKeepingCurrent(); });
     }
     // A row appended by an AddNew: handles show it without reading every row again.
     void notifyRowAdded(Recordset::Bookmark bookmark)
     {
         m_textIndexes.clear();
-        Q_EMIT rowAdded(bookmark);
+        tellHandles([bookmark](Recordset& handle) { handle.showAddedRow(bookmark); });
     }
     void notifyValueChanged(Recordset::Bookmark bookmark)
     {
         m_textIndexes.clear();
-        Q_EMIT valueChanged(bookmark);
+        tellHandles([bookmark](Recordset& handle) { Q_EMIT handle.rowChanged(bookmark); });
     }
     // The rows, in their order, whose value in the column is a text equal to `text` without
     // regard to case or trailing blanks, as a criterion compares them; none when the column holds
@@ -83,12 +93,24 @@ public:
     // Built on first use, dropped by any change of the rows.
     std::optional<QList<Recordset::Bookmark>> rowsWithText(int column, const QString& text) const;
 
-Q_SIGNALS:
-    void rowsChanged();
-    void rowAdded(tarvello::db::Recordset::Bookmark bookmark);
-    void valueChanged(tarvello::db::Recordset::Bookmark bookmark);
-
 private:
+    // As a signal would: a handle made while the others are told (a grid reading the rows again)
+    // hears only of later changes, and one gone meanwhile is skipped.
+    template <class Tell>
+    void tellHandles(const Tell& tell)
+    {
+        const qsizetype count = m_handles.size();
+        ++m_telling;
+        const auto told = qScopeGuard([this] {
+            if (--m_telling == 0)
+                m_handles.removeAll(nullptr);
+        });
+        for (qsizetype i = 0; i < count; ++i) {
+            if (Recordset* handle = m_handles.at(i))
+                tell(*handle);
+        }
+    }
+
     // Places by bookmark, needed only once a removal has left the bookmarks apart from the
     // places (placeOf); built then, on the first look-up that misses.
     void buildIndex() const;
@@ -96,6 +118,8 @@ private:
     // Where the row with that bookmark is kept; -1 when none is.
     qsizetype placeOf(Recordset::Bookmark bookmark) const;
 
+    QList<Recordset*> m_handles; // Not owned: each handle removes itself when it goes.
+    int m_telling = 0;
     QList<Row> m_rows;
     mutable QHash<Recordset::Bookmark, qsizetype> m_index;
     mutable bool m_indexed = false;

@@ -314,7 +314,7 @@ void Scenario::noteDefaultedPrompts()
         const services::PromptRecord& prompt = shown.at(m_promptsNoted);
         if (prompt.defaulted)
             note(QStringLiteral("the %1 \"%2\" took its default answer (%3): no answer was queued")
-                     .arg(services::promptKindName(prompt.kind), prompt.text, prompt.answer));
+                     .arg(services::promptKindName(prompt.kind), prompt.text, prompt.answer()));
     }
 }
 

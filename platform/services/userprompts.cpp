@@ -45,8 +45,8 @@ PromptAnswer UserPrompts::answer(const Prompt& prompt, const PromptAnswer& defau
         throw PromptError(QStringLiteral("The %1 cannot take the answer %2")
                               .arg(prompt.describe(), given->describe()));
     const PromptAnswer taken = given.value_or(defaultAnswer);
-    m_history.append({prompt.kind, prompt.text, prompt.style, prompt.title, taken.describe(),
-                      prompt.details, !given.has_value()});
+    m_history.append({prompt.kind, prompt.text, prompt.style, prompt.title, taken, prompt.details,
+                      !given.has_value()});
     return taken;
 }
 

@@ -59,7 +59,10 @@ struct PromptRecord {
     QString text;
     int style = 0;
     QString title;
-    QString answer;
+    // The answer it took. answer() writes it out as a scenario would, only when asked: a list of
+    // ten thousand customers handed back is not spelt out on every choice.
+    PromptAnswer taken = PromptAnswer::nothing();
+    QString answer() const { return taken.describe(); }
     // What a management was opened with, a search's starting text (Prompt::details).
     QString details;
     // No answer was given: the prompt took its default.

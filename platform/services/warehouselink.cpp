@@ -19,14 +19,13 @@ db::RecordsetPtr customerRows(const QList<CustomerChoice>& chosen)
     customers->appendField(QStringLiteral("CG44_CLIFOR"), db::ColumnKind::Integer);
     customers->appendField(QStringLiteral("MG22_CODDESTIN"), db::ColumnKind::Text);
     customers->openInMemory();
-    for (const CustomerChoice& choice : chosen) {
-        customers->addNew();
-        customers->setValue(u"CG44_CLIFOR", choice.customer.toLongLong());
-        customers->setValue(u"MG22_CODDESTIN", choice.destination.isEmpty()
-                                                   ? db::Value::null()
-                                                   : db::Value(choice.destination));
-        customers->update();
-    }
+    QList<db::ValueList> rows;
+    rows.reserve(chosen.size());
+    for (const CustomerChoice& choice : chosen)
+        rows.append({choice.customer.toLongLong(), choice.destination.isEmpty()
+                                                       ? db::Value::null()
+                                                       : db::Value(choice.destination)});
+    customers->appendRows(rows);
     if (!customers->bof() || !customers->eof())
         customers->moveFirst();
     return customers;

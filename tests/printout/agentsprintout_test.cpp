@@ -116,7 +116,7 @@ TEST_P(AgentsPrintout, OneAgentIsPrintedOnOnePageWithWhatItRefersTo)
     // The file was asked for as a PDF, suggested in the temporary folder under the agent.
     ASSERT_EQ(prompts.history().size(), 1);
     EXPECT_EQ(prompts.history().first().kind, services::PromptKind::FileChoice);
-    EXPECT_EQ(prompts.history().first().answer, QStringLiteral("file \"%1\"").arg(path));
+    EXPECT_EQ(prompts.history().first().answer(), QStringLiteral("file \"%1\"").arg(path));
 }
 
 TEST_P(AgentsPrintout, AllAgentsOfTheCompanyTakeAsManyPagesAsTheyNeed)

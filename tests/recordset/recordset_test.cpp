@@ -390,3 +390,40 @@ TEST(InMemoryRecordset, AppendedFieldsHoldRowsThatCannotBeWritten)
     EXPECT_THROW(rs->updateBatch(), RuntimeError);
     EXPECT_THROW(rs->requery(), RuntimeError);
 }
+
+// Rows appended in one step reach every handle with one reset, even when a listener drops
+// another handle meanwhile (a grid replacing its reader): the handles after it are still told.
+TEST(InMemoryRecordset, AppendedRowsReachEveryHandleAndAreFoundByBookmark)
+{
+    RecordsetPtr first = Recordset::create();
+    first->appendField(QStringLiteral("CODE"), ColumnKind::Text);
+    first->appendField(QStringLiteral("LEVEL"), ColumnKind::Integer);
+    first->openInMemory();
+    const RecordsetPtr writer = first->clone();
+    const RecordsetPtr last = first->clone();
+    int resets = 0;
+    QObject::connect(writer.get(), &Recordset::rowsReset, [&] {
+        ++resets;
+        first.reset();
+    });
+
+    writer->appendRows({{QStringLiteral("A1"), 1}, {QStringLiteral("A2"), 0}});
+    EXPECT_EQ(resets, 1);
+    EXPECT_EQ(codes(*last, "CODE"), (QStringList{"A1", "A2"}));
+    EXPECT_EQ(last->status(), RowStatus::New);
+
+    EXPECT_THROW(writer->appendRows({{QStringLiteral("A3"), 1}, {QStringLiteral("A4")}}),
+                 RuntimeError);
+    EXPECT_EQ(last->recordCount(), 2);
+
+    // Bookmarks looked up often enough to be indexed, then rows added: those are found too.
+    last->moveFirst();
+    const Recordset::Bookmark a1 = last->bookmark();
+    for (int i = 0; i < 10; ++i)
+        EXPECT_TRUE(last->hasBookmark(a1));
+    last->addNew();
+    const Recordset::Bookmark added = last->bookmark();
+    last->addNew();
+    last->setBookmark(added);
+    EXPECT_EQ(last->absolutePosition(), 3);
+}

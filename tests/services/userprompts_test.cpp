@@ -48,7 +48,7 @@ TEST(ScriptedPrompts, WithNothingQueuedAPromptTakesItsDefaultAndSaysSo)
               PromptAnswer::Kind::Nothing);
     for (const PromptRecord& record : prompts.history())
         EXPECT_TRUE(record.defaulted) << record.text.toStdString();
-    EXPECT_EQ(prompts.history().first().answer, QStringLiteral("no"));
+    EXPECT_EQ(prompts.history().first().answer(), QStringLiteral("no"));
 }
 
 TEST(ScriptedPrompts, AnAnswerThePromptCannotTakeIsRefusedNamingThePrompt)
