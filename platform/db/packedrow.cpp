@@ -309,7 +309,20 @@ ValueList PackedRow::at(const QList<int>& columns) const
 
 void PackedRow::set(int column, const Value& value)
 {
+    setAt(offsetOf(column), value);
+}
+
+bool PackedRow::replace(int column, const Value& value)
+{
     const qsizetype offset = offsetOf(column);
+    if (identical(decodeAt(offset), value))
+        return false;
+    setAt(offset, value);
+    return true;
+}
+
+void PackedRow::setAt(qsizetype offset, const Value& value)
+{
     const qsizetype replaced = lengthAt(offset);
     const qsizetype end = m_bytes.size();
     if (!m_bytes.isDetached()) {

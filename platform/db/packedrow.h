@@ -27,6 +27,9 @@ public:
     // The values of these columns, in the order given, read in one walk when they ascend.
     ValueList at(const QList<int>& columns) const;
     void set(int column, const Value& value);
+    // Sets the column unless it already holds an identical value (same kind, equal); whether it
+    // did. One walk to the column serves both the comparison and the change.
+    bool replace(int column, const Value& value);
     void append(const Value& value);
     ValueList toList() const;
 
@@ -48,6 +51,7 @@ private:
     qsizetype offsetOf(int column) const;
     qsizetype lengthAt(qsizetype offset) const;
     Value decodeAt(qsizetype offset) const;
+    void setAt(qsizetype offset, const Value& value);
     static void encode(QByteArray& bytes, const Value& value);
 
     QByteArray m_bytes;

@@ -265,16 +265,20 @@ void Recordset::setValue(QStringView field, const Value& value)
                            QStringLiteral("The recordset is read-only"));
     const int index = requireField(field);
     RowStore::Row& row = currentRowData();
-    if (identical(row.values.at(index), value))
+    // The values before the change, when they are to be kept, share the bytes: the change then
+    // leaves them as they were. A row in the middle of its edit keeps nothing, and is changed in
+    // place.
+    const bool keepsBefore = row.status == RowStatus::Unmodified || !row.editing;
+    PackedRow before = keepsBefore ? row.values : PackedRow();
+    if (!row.values.replace(index, value))
         return;
     if (row.status == RowStatus::Unmodified) {
-        row.original = row.values;
+        row.original = std::move(before);
         row.status = RowStatus::Modified;
     } else if (!row.editing) {
-        row.beforeEdit = row.values;
+        row.beforeEdit = std::move(before);
     }
     row.editing = true;
-    row.values.set(index, value);
     row.conflict = false;
     m_store->notifyValueChanged(row.bookmark);
 }

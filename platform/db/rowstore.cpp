@@ -140,9 +140,12 @@ int RowStore::columnIndex(QStringView name) const
 {
     // Code names a field as the query spelled it nearly always: comparing lengths and
     // characters is cheaper than folding the case of the name for the index on every read.
+    // A loop over the rows names the same field each time: the last one found is tried first.
+    if (m_lastFound < columns.size() && columns[m_lastFound].name == name)
+        return m_lastFound;
     for (int i = 0; i < columns.size(); ++i) {
         if (columns[i].name == name)
-            return i;
+            return m_lastFound = i;
     }
     if (m_columnIndex.size() != columns.size()) {
         for (int i = 0; i < columns.size(); ++i) {

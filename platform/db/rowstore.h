@@ -124,6 +124,7 @@ private:
     mutable QHash<Recordset::Bookmark, qsizetype> m_index;
     mutable bool m_indexed = false;
     QHash<QString, int> m_columnIndex; // upper-case name -> column
+    mutable int m_lastFound = 0;       // the column the last look-up by exact name found
     // By column: row positions by case-folded text; none for a column that is not all texts.
     mutable QHash<int, std::optional<QMultiHash<QString, qsizetype>>> m_textIndexes;
     Recordset::Bookmark m_next = 1;

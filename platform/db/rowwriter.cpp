@@ -129,19 +129,18 @@ RowWriter::Outcome RowWriter::update(const RowStore::Row& row)
         [this](const PackedRow::Change& change) { return !m_updatable[change.column]; });
     if (changes.isEmpty())
         return Outcome::Written;
-    QList<int> changed;
-    ValueList parameters;
-    changed.reserve(changes.size());
-    parameters.reserve(changes.size() * 3 + m_keyIndexes.size() * 2);
+    // Cleared, not made anew: the rows of a batch reuse their storage.
+    m_changed.clear();
+    m_parameters.clear();
     for (const PackedRow::Change& change : std::as_const(changes)) {
-        changed << change.column;
-        parameters << change.after;
+        m_changed << change.column;
+        m_parameters << change.after;
     }
     for (const Value& value : read.at(m_keyIndexes))
-        addConditionParameters(parameters, value);
+        addConditionParameters(m_parameters, value);
     for (const PackedRow::Change& change : std::as_const(changes))
-        addConditionParameters(parameters, change.before);
-    const ResultSet result = m_connection.run(updateStatement(changed), parameters);
+        addConditionParameters(m_parameters, change.before);
+    const ResultSet result = m_connection.run(updateStatement(m_changed), m_parameters);
     return result.rowsAffected == 0 ? Outcome::Conflict : Outcome::Written;
 }
 

@@ -55,6 +55,9 @@ private:
     // So do rows inserted with the same columns filled.
     QHash<QList<int>, QString> m_inserts;
     QString m_delete;
+    // An update's changed columns and parameters, kept between rows.
+    QList<int> m_changed;
+    ValueList m_parameters;
 };
 
 } // namespace tarvello::db
