@@ -9,6 +9,7 @@
 #include "platform/db/tsqlrewriter.h"
 
 #include <QRegularExpression>
+#include <algorithm>
 
 namespace tarvello::db {
 
@@ -101,6 +102,7 @@ void Connection::close()
     m_textColumns.clear();
     m_temporaryIndexes.clear();
     m_schemaVersion = -1;
+    forgetSchemaReading();
 }
 
 Dialect Connection::dialect() const
@@ -151,6 +153,8 @@ QStringList Connection::translate(const QString& tsql)
     if (cached != m_translations.cend())
         return *cached;
     refreshSchemaKnowledge();
+    // The statement is sent right after this reading; a description asked after it is not.
+    m_sentSinceSchemaReading = 0;
     const TsqlRewriter rewriter(
         [this](QStringView column) { return m_textColumns.contains(column.toString().toUpper()); },
         engine().hasTsqlFunctions() ? TsqlRewriter::UndecidedPlus::CallTsqlAdd
@@ -162,6 +166,7 @@ QStringList Connection::translate(const QString& tsql)
 
 void Connection::raise(const EngineError& e, const QString& original, const QString& sent)
 {
+    forgetSchemaReading();
     ProviderError error = e.error();
     m_errors.append(error);
     QString description = describe(error, dialect());
@@ -174,10 +179,13 @@ void Connection::raise(const EngineError& e, const QString& original, const QStr
 
 void Connection::noteSent(const QString& statement)
 {
-    if (statement.startsWith(temporaryLookupIndexPrefix))
+    m_sentSinceSchemaReading = std::min(m_sentSinceSchemaReading + 1, schemaReadingStale);
+    if (statement.startsWith(temporaryLookupIndexPrefix)) {
         m_temporaryIndexes.insert(statement);
-    else if (mayChangeSchema(statement))
+    } else if (mayChangeSchema(statement)) {
         m_temporaryIndexes.clear();
+        forgetSchemaReading();
+    }
 }
 
 void Connection::refineColumnKinds(ResultSet& result)
@@ -335,6 +343,7 @@ Value Connection::insertRow(const QString& statement, const ValueList& values, b
 void Connection::beginTrans()
 {
     refuseWhileAborted();
+    forgetSchemaReading();
     try {
         if (m_transactionLevel == 0)
             engine().begin();
@@ -357,6 +366,7 @@ void Connection::commitTrans()
         throw RuntimeError(RuntimeError::OperationNotAllowed,
                            QStringLiteral("No transaction is open"));
     --m_transactionLevel;
+    forgetSchemaReading();
     if (m_transactionAborted) {
         if (m_transactionLevel == 0)
             abandonTransaction();
@@ -387,6 +397,7 @@ void Connection::rollbackTrans()
                            QStringLiteral("No transaction is open"));
     --m_transactionLevel;
     m_temporaryIndexes.clear();
+    forgetSchemaReading();
     if (m_transactionLevel == 0) {
         abandonTransaction();
         return;
@@ -438,6 +449,7 @@ void Connection::abandonTransaction()
 {
     m_transactionAborted = false;
     m_temporaryIndexes.clear();
+    forgetSchemaReading();
     try {
         if (m_engine)
             m_engine->rollback();
@@ -454,11 +466,18 @@ void Connection::settle(bool committed)
         settler(committed);
 }
 
+bool Connection::takeSchemaReading()
+{
+    const bool fresh = m_sentSinceSchemaReading == 1;
+    forgetSchemaReading();
+    return fresh;
+}
+
 const TableInfo& Connection::tableInfo(const QString& table)
 {
     ++m_tableInfoReads;
     try {
-        if (dialect() == Dialect::Sqlite)
+        if (dialect() == Dialect::Sqlite && !takeSchemaReading())
             refreshSchemaKnowledge();
         const QString key = table.toUpper();
         auto found = m_tables.find(key);

@@ -105,6 +105,11 @@ private:
     // Remembers the lookup indexes made on temporary tables, and forgets them all when the
     // schema may have changed.
     void noteSent(const QString& statement);
+    // Whether the schema reading covers the statement just sent; a reading serves once.
+    bool takeSchemaReading();
+    // A statement that is no plain read (a transaction's start or end, an error) leaves the
+    // schema reading to be taken again.
+    void forgetSchemaReading() { m_sentSinceSchemaReading = schemaReadingStale; }
     // A failed statement may have cost the whole transaction.
     void checkTransaction();
     void refuseWhileAborted() const;
@@ -125,6 +130,11 @@ private:
     // Lookup indexes of temporary tables known to stand: not sent again.
     QSet<QString> m_temporaryIndexes;
     qint64 m_schemaVersion = -1;
+    // Statements sent since the schema version was last read. A description asked right after
+    // the one statement that followed the reading takes that reading instead of a new one: the
+    // statement ran on that schema, and a new reading could be overtaken just the same.
+    static constexpr int schemaReadingStale = 2;
+    int m_sentSinceSchemaReading = schemaReadingStale;
     int m_transactionLevel = 0;
     bool m_transactionAborted = false;
     QList<std::function<void(bool)>> m_settlers;

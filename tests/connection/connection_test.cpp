@@ -196,11 +196,18 @@ TEST_P(ConnectionTest, LookupsByConstantsKeepTheirMeaningAndIndexAcrossSchemaCha
     }
 
     // A column another connection adds is described and joins texts at once: the knowledge
-    // of the schema kept between statements is checked against the database's each time.
+    // of the schema kept between statements is checked against the database's each time, also
+    // when a recordset is opened again on a text already run.
+    const QString all = QStringLiteral("SELECT * FROM T1");
+    const RecordsetPtr rows = Recordset::open(db(), all);
     EXPECT_EQ(db().tableInfo(QStringLiteral("T1")).column(u"T1_NOTE"), nullptr);
     Connection other;
     other.open(database->connectionString());
     other.executeNonQuery(QStringLiteral("ALTER TABLE T1 ADD T1_NOTE VARCHAR(4) DEFAULT 'n'"));
+    if (!GetParam().viaOdbc) {
+        rows->reopen(db(), all);
+        EXPECT_EQ(rows->field(rows->fieldIndex(u"T1_NOTE")).baseColumn, QStringLiteral("T1_NOTE"));
+    }
     ASSERT_NE(db().tableInfo(QStringLiteral("T1")).column(u"T1_NOTE"), nullptr);
     EXPECT_EQ(one("SELECT T1_NOTE + T1_CODE FROM T1 WHERE T1_KIND = 1"), ValueList{"n5"});
     if (db().dialect() != Dialect::Sqlite)
